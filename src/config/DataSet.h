@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+
+#include "platform/PropertyListFiles.h"
+#include "protocol/DeviceContext.h"
+
+namespace touchpanel {
+
+/// Where the two property-list files are. Made from a directory, which is never created by us.
+struct ConfigPaths {
+  std::string driverConfig;
+  std::string deviceConfig;
+  static ConfigPaths in(const std::string& directory);
+};
+
+/// Keys of the device configuration file.
+namespace device_config_key {
+inline constexpr char kCalibrateStatus[] = "CalibrateStatus";  ///< bool
+inline constexpr char kCalibParams[] = "CalibParams";          ///< 116 bytes
+}  // namespace device_config_key
+
+/// Loads the two configuration files. A file that cannot be read at all gives the defaults; a file that can
+/// be read is returned exactly as it is, with nothing added or converted.
+class DataSet {
+ public:
+  DataSet(PropertyListFiles& files, ConfigPaths paths);
+
+  Dictionary loadedDriverConfig() const;
+  Dictionary loadedDeviceConfig() const;
+
+ private:
+  PropertyListFiles& files_;
+  ConfigPaths paths_;
+};
+
+/// Writes the twelve settings of `entry` to the driver configuration file. A missing key abandons the save
+/// before any file is touched; a failed write is ignored. Returns whether the file was written.
+bool writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry);
+
+/// Writes calibration status and parameters of `context` to the device configuration file; a failed write is
+/// ignored. Returns whether the file was written.
+bool writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context);
+
+}  // namespace touchpanel

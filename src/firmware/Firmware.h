@@ -1,0 +1,78 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "protocol/DeviceContext.h"
+#include "protocol/ProductId.h"
+
+namespace touchpanel::firmware {
+
+/// A fault that a touchscreen can be told to have. At most one at a time; each stays until cleared.
+enum class Fault {
+  None,
+  IgnoresCommand,      ///< takes `argument` as a command code and never answers it: the reply stays stale
+  WrongEcho,           ///< answers with another command's code
+  WrongReplyClass,     ///< answers with a reply code of another class
+  LateReply,           ///< answers each command only on the `argument`-th attempt
+  DiesAfterPackets,    ///< answers `argument` packets, then no more transfers succeed until re-plugged
+  Stalls,              ///< refuses every vendor transfer
+  GarbledReply,        ///< replies arrive with flipped bits
+  ShortReply,          ///< only `argument` bytes of each reply arrive
+  OddVersionLength,    ///< the version reply has a length that no rule covers
+  UnterminatedBarCode  ///< the bar code fills its reply without a terminator
+};
+
+struct FaultSetting {
+  Fault fault = Fault::None;
+  std::uint32_t argument = 0;
+  bool operator==(const FaultSetting&) const = default;
+};
+
+/// What a touchscreen is and holds, as its maker delivered it.
+struct DeviceDescription {
+  std::uint16_t productId = kProductInfrared0080;
+  std::vector<std::uint8_t> version = {5, 2, 12, 0};  ///< 2 or 4 bytes: minor, major, build low, build high
+  std::vector<std::uint8_t> barCode;  ///< infrared: text bytes, at most 33; optical: 20 field bytes
+  _ScrProps screenProps{};
+  _TUC_DEVICE_CONFIG deviceConfig{};
+  _CALIB_PARAMS calibParams{};
+};
+
+/// Descriptions of the three kinds with plausible contents, for demos and tests. `serial` makes each one
+/// distinct.
+DeviceDescription exampleDevice(DeviceKind kind, std::uint32_t serial = 1);
+
+enum class TransferResult { Done, Stalled, Gone };
+
+/// The control-transfer side of a touchscreen's firmware: packets in, packets out, byte for byte. It keeps
+/// the blocks that a panel writes, which live on as in a real device's flash memory. Knows no time and no
+/// bus.
+class Firmware {
+ public:
+  explicit Firmware(DeviceDescription description);
+
+  /// A vendor OUT transfer with one request packet of 6 to 64 bytes; anything malformed is ignored, as a
+  /// device does.
+  TransferResult receive(std::span<const std::uint8_t> packet);
+  /// A vendor IN transfer: fills `reply` (up to 64 bytes) with the reply to the last command and sets
+  /// `length`.
+  TransferResult reply(std::span<std::uint8_t> reply, std::size_t& length);
+
+  void setFault(FaultSetting setting);
+  FaultSetting fault() const;
+  /// A fresh power-up after having been unplugged: work mode, no pending reply, stored blocks kept.
+  void powerCycle();
+
+  const DeviceDescription& stored() const;  ///< what the device holds now
+  bool inCommandMode(std::uint8_t unit = 0) const;
+  std::uint64_t packetsReceived() const;
+
+ private:
+  // implementation members
+};
+
+}  // namespace touchpanel::firmware
