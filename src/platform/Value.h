@@ -39,10 +39,10 @@ class Dictionary {
   void remove(std::string_view key);
   bool contains(std::string_view key) const { return find(key) != nullptr; }
 
-  std::size_t size() const { return entries_.size(); }
-  bool empty() const { return entries_.empty(); }
-  auto begin() const { return entries_.begin(); }
-  auto end() const { return entries_.end(); }
+  std::size_t size() const;
+  bool empty() const;
+  std::vector<Entry>::const_iterator begin() const;
+  std::vector<Entry>::const_iterator end() const;
 
   /// Readers that never fail: an absent key or a value of another type reads as 0, false or empty.
   std::int32_t integer(std::string_view key) const;
@@ -97,6 +97,11 @@ class Value {
   Storage storage_;
 };
 
+// Defined here because they need Value to be complete.
+inline std::size_t Dictionary::size() const { return entries_.size(); }
+inline bool Dictionary::empty() const { return entries_.empty(); }
+inline std::vector<Dictionary::Entry>::const_iterator Dictionary::begin() const { return entries_.begin(); }
+inline std::vector<Dictionary::Entry>::const_iterator Dictionary::end() const { return entries_.end(); }
 inline bool operator==(const Dictionary& a, const Dictionary& b) { return a.entries_ == b.entries_; }
 
 }  // namespace touchpanel
