@@ -23,7 +23,7 @@ void Dictionary::set(std::string_view key, Value value) {
   entries_.emplace_back(std::string(key), std::move(value));
 }
 
-void Dictionary::set(std::string_view key, const Value* value) {
+void Dictionary::setCopy(std::string_view key, const Value* value) {
   if (value == nullptr) throw AbsentValue(key);
   set(key, Value(*value));
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
@@ -32,8 +33,12 @@ class Dictionary {
 
   /// Adds `key`, or replaces its value and keeps its place.
   void set(std::string_view key, Value value);
-  /// The same for a value copied from elsewhere. Throws AbsentValue when there is none.
-  void set(std::string_view key, const Value* value);
+  /// The same for a value copied from elsewhere. Throws AbsentValue when there is none. A template, so that a
+  /// literal 0 is a number here and never a null pointer.
+  template <std::same_as<const Value*> Pointer>
+  void set(std::string_view key, Pointer value) {
+    setCopy(key, value);
+  }
   /// The value under `key`, owned by the dictionary and valid until it changes; null when absent.
   const Value* find(std::string_view key) const;
   void remove(std::string_view key);
@@ -56,6 +61,8 @@ class Dictionary {
   friend bool operator==(const Dictionary&, const Dictionary&);
 
  private:
+  void setCopy(std::string_view key, const Value* value);
+
   std::vector<Entry> entries_;
 };
 
@@ -65,11 +72,12 @@ class Value {
   using Storage =
       std::variant<bool, std::int32_t, std::int64_t, double, std::string, Bytes, Array, Dictionary>;
 
-  Value(bool value) : storage_(value) {}          // NOLINT(google-explicit-constructor): a literal is a value
-  Value(std::int32_t value) : storage_(value) {}  // NOLINT(google-explicit-constructor)
-  Value(std::int64_t value) : storage_(value) {}  // NOLINT(google-explicit-constructor)
-  Value(double value) : storage_(value) {}        // NOLINT(google-explicit-constructor)
-  Value(std::string value) : storage_(std::move(value)) {}    // NOLINT(google-explicit-constructor)
+  // Only a bool is a boolean: a pointer must not slip in as one.
+  Value(std::same_as<bool> auto value) : storage_(value) {}  // NOLINT(google-explicit-constructor): a literal
+  Value(std::int32_t value) : storage_(value) {}             // NOLINT(google-explicit-constructor)
+  Value(std::int64_t value) : storage_(value) {}             // NOLINT(google-explicit-constructor)
+  Value(double value) : storage_(value) {}                   // NOLINT(google-explicit-constructor)
+  Value(std::string value) : storage_(std::move(value)) {}   // NOLINT(google-explicit-constructor)
   Value(const char* value) : storage_(std::string(value)) {}  // NOLINT(google-explicit-constructor)
   Value(Bytes value) : storage_(std::move(value)) {}          // NOLINT(google-explicit-constructor)
   Value(Array value) : storage_(std::move(value)) {}          // NOLINT(google-explicit-constructor)
