@@ -4,13 +4,16 @@
 #include <vector>
 
 #include "config/SettingsKeys.h"
+#include "platform/Registry.h"
 #include "platform/Value.h"
+#include "protocol/DeviceContext.h"
 
 namespace touchpanel {
 
-/// One listed touchscreen: a dictionary from the keys below and the twelve settings keys. The device list
-/// owns it; the selection and a running calibration hold it too, so that an entry which is dropped from the
-/// list stays valid for as long as anyone works on it.
+/// One listed touchscreen: a dictionary from the keys below and the twelve settings keys. It is never copied:
+/// a change made through the selection is a change of the listed entry. The device list owns it; the
+/// selection and a running calibration hold it too, so that an entry which is dropped from the list stays
+/// valid for as long as anyone works on it.
 using DeviceEntry = std::shared_ptr<Dictionary>;
 
 /// The list, in the order in which the devices were added.
@@ -20,7 +23,7 @@ namespace entry_key {
 inline constexpr char kCalibrateStatus[] = "CalibrateStatus";  ///< text "YES" or "NO"
 inline constexpr char kSN[] = "SN";
 inline constexpr char kFirmwareVersion[] = "FirmwareVersion";
-inline constexpr char kMonitorID[] = "MonitorID";
+inline constexpr char kMonitorID[] = "MonitorID";              ///< int32, always 0
 inline constexpr char kHandle[] = "Handle";                    ///< int32: the driver instance
 inline constexpr char kDeviceInterface[] = "DeviceInterface";  ///< int32: UsbDeviceReference
 inline constexpr char kLocationID[] = "LocationID";            ///< int32
@@ -29,9 +32,27 @@ inline constexpr char kProductID[] = "ProductID";
 inline constexpr char kDeviceContext[] = "DeviceContext";      ///< 293 bytes
 inline constexpr char kDoubleClickTime[] = "DoubleClickTime";  ///< ms; absent when the system does not tell
 inline constexpr char kDoubleClickArea[] = "DoubleClickArea";
-inline constexpr char kHiddevice[] = "Hiddevice";
+inline constexpr char kHiddevice[] = "Hiddevice";  ///< int64: RegistryObject of the HID system
 inline constexpr char kYes[] = "YES";
 inline constexpr char kNo[] = "NO";
 }  // namespace entry_key
+
+/// The registry object stored under `key`; 0, which is none, when the key is absent.
+inline RegistryObject registryObjectOf(const Dictionary& entry, std::string_view key) {
+  return static_cast<RegistryObject>(entry.integer(key));
+}
+
+/// The entry's device context; all zero when it holds none, zero at the end when it holds less.
+inline _DEVICT_CONTEXT contextOf(const Dictionary& entry) {
+  _DEVICT_CONTEXT context{};
+  if (const auto* image = entry.bytes(entry_key::kDeviceContext)) copyImage(*image, context);
+  return context;
+}
+
+/// Puts the whole image of `context` into the entry; the texts made from it stay as they are.
+inline void storeContext(Dictionary& entry, const _DEVICT_CONTEXT& context) {
+  const auto image = imageOf(context);
+  entry.set(entry_key::kDeviceContext, Bytes(image.begin(), image.end()));
+}
 
 }  // namespace touchpanel
