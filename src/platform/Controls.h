@@ -61,6 +61,8 @@ class TableSource {
 
 class Table : public Control {
  public:
+  /// Asks the source for everything again, soon or at once. The highlight stays on its row while that row
+  /// exists.
   virtual void reloadData() = 0;
   /// Moves the highlight without asking the source.
   virtual void selectRow(std::int32_t row) = 0;
