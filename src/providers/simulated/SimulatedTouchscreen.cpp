@@ -1,0 +1,43 @@
+#include "providers/simulated/SimulatedTouchscreen.h"
+
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::simulated {
+
+SimulatedTouchscreen::SimulatedTouchscreen(TouchscreenModel model)
+    : model_(std::move(model)),
+      firmware_(model_.description),
+      surface_(model_.distortion, model_.locationId),
+      driver_([this](const driver::OutputFrame& frame) {
+        if (output_) output_(frame);
+      }) {}
+
+firmware::RawPoint SimulatedTouchscreen::touch(firmware::ScreenFraction point,
+                                               std::chrono::microseconds now) {
+  const auto raw = surface_.rawFor(point);
+  driver::RawFrame frame;
+  frame.time = now;
+  frame.count = 1;
+  frame.contacts[0] = {0, raw.x, raw.y};
+  driver_.process(frame);
+  return raw;
+}
+
+void SimulatedTouchscreen::release(std::chrono::microseconds now) {
+  driver::RawFrame frame;
+  frame.time = now;
+  driver_.process(frame);
+}
+
+void SimulatedTouchscreen::loadCalibrationIntoDriver() {
+  // The configuration-only kind holds no calibration; its driver instance keeps what it was last told.
+  if (kindOf(productId()) == DeviceKind::ConfigurationOnly) return;
+  const auto& stored = firmware_.stored();
+  const auto params = imageOf(stored.calibParams);
+  driver_.setProperty(
+      property::kCalibration,
+      Dictionary{{calibration_key::kCalibrateStatus, stored.deviceConfig.CalibrateStatus != 0},
+                 {calibration_key::kCalibParams, Bytes(params.begin(), params.end())}});
+}
+
+}  // namespace touchpanel::simulated
