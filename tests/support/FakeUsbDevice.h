@@ -11,7 +11,7 @@
 namespace touchpanel::testing {
 
 /// A USB device whose answers the test scripts, and which remembers every call in order. Without a script it
-/// takes every packet and answers with zeros.
+/// takes every packet and answers none.
 class FakeUsbDevice final : public UsbDeviceInterface {
  public:
   using Bytes = std::vector<std::uint8_t>;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+
+#include "platform/Clock.h"
+#include "platform/Usb.h"
+#include "protocol/Packet.h"
+
+namespace touchpanel {
+
+// bmRequestType: vendor type, device recipient, and the direction.
+inline constexpr std::uint8_t kVendorRequestOut = 0x40;
+inline constexpr std::uint8_t kVendorRequestIn = 0xC0;
+
+/// One vendor control transfer of `length` bytes on the default endpoint of a device that is open, in the
+/// direction that `requestType` gives. Returns 1 when it completed, else 0. Blocks for as long as the device
+/// interface lets a transfer take.
+int hostToDevice(UsbDeviceInterface& device, std::uint8_t requestType, std::uint8_t* buffer,
+                 std::uint16_t length);
+
+/// Sends `request` (its first `requestLength` bytes), waits `delay`, and reads the reply, until a reply
+/// carries `expectedReply` and echoes the command, at most 50 times. Returns 1 and fills the whole of
+/// `reply`, header included, when that was so within 49 attempts; else returns 0 and leaves `reply` alone. An
+/// attempt blocks for `delay` and two transfers. Transfer errors are not told apart from replies that do not
+/// match.
+int sendCMD(UsbDeviceInterface& device, PacketBuffer& request, PacketBuffer& reply,
+            std::uint16_t requestLength, std::uint8_t expectedReply, std::chrono::milliseconds delay,
+            Clock& clock);
+
+}  // namespace touchpanel
