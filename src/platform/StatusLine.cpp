@@ -1,9 +1,6 @@
 #include "platform/StatusLine.h"
 
-// Mark texts for the translation tool without needing its toolkit: lupdate -tr-function-alias
-// QT_TRANSLATE_NOOP+=TRANSLATABLE_TEXT,QT_TRANSLATE_N_NOOP+=TRANSLATABLE_COUNT
-#define TRANSLATABLE_TEXT(context, text) text
-#define TRANSLATABLE_COUNT(context, text) text
+#include "platform/Translatable.h"
 
 namespace touchpanel {
 

@@ -1,0 +1,45 @@
+#include "app/DeviceTable.h"
+
+#include <cstdio>
+
+namespace touchpanel {
+
+DeviceTable::DeviceTable(const Outlets& outlets, ControllerState& state, SettingsPanel& settings)
+    : outlets_(outlets), state_(state), settings_(settings) {}
+
+std::int32_t DeviceTable::numberOfRows() const {
+  return static_cast<std::int32_t>(state_.deviceListArray.size());
+}
+
+std::string DeviceTable::objectValue(std::string_view columnIdentifier, std::int32_t row) {
+  if (!holds(row)) return {};
+  if (state_.bFirstLoading) {
+    state_.bFirstLoading = false;
+    selectFirstRow();
+  }
+  const auto* value = state_.deviceListArray[static_cast<std::size_t>(row)]->find(columnIdentifier);
+  return value ? cellText(columnIdentifier, *value) : std::string();
+}
+
+bool DeviceTable::shouldSelectRow(std::int32_t row) {
+  if (!holds(row)) return false;
+  state_.currentDict = state_.deviceListArray[static_cast<std::size_t>(row)];
+  settings_.selectionChanged();
+  return true;
+}
+
+void DeviceTable::selectFirstRow() {
+  if (shouldSelectRow(0)) outlets_.deviceTableView.selectRow(0);
+}
+
+std::string cellText(std::string_view key, const Value& value) {
+  if (key == entry_key::kLocationID) {
+    char text[sizeof "0x00000000"];
+    std::snprintf(text, sizeof text, "0x%08x", static_cast<std::uint32_t>(value.integer()));
+    return text;
+  }
+  if (const auto* text = value.get<std::string>()) return *text;
+  return value.isNumber() ? std::to_string(value.longInteger()) : std::string();
+}
+
+}  // namespace touchpanel
