@@ -1,0 +1,20 @@
+#include "providers/files/LibplistFiles.h"
+
+#include "providers/files/AtomicReplacement.h"
+#include "providers/files/BoundedRead.h"
+#include "providers/files/DecodingLimits.h"
+#include "providers/files/PropertyListCoding.h"
+
+namespace touchpanel::files {
+
+std::optional<Dictionary> LibplistFiles::read(const std::string& path) {
+  const auto file = readBounded(path, kMaximumFileSize, calls_);
+  if (!file) return std::nullopt;
+  return decodePropertyList(*file);
+}
+
+bool LibplistFiles::writeAtomically(const std::string& path, const Dictionary& contents) {
+  return replaceAtomically(path, encodePropertyList(contents), calls_);
+}
+
+}  // namespace touchpanel::files

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/PropertyListFiles.h"
+#include "providers/files/FileCalls.h"
+
+namespace touchpanel::files {
+
+/// Property-list files on disk, coded by libplist.
+class LibplistFiles final : public PropertyListFiles {
+ public:
+  LibplistFiles() : LibplistFiles(ownCalls_) {}
+  /// With other file calls than the operating system's; not owned.
+  explicit LibplistFiles(FileCalls& calls) : calls_(calls) {}
+  LibplistFiles(const LibplistFiles&) = delete;
+  LibplistFiles& operator=(const LibplistFiles&) = delete;
+
+  std::optional<Dictionary> read(const std::string& path) override;
+  bool writeAtomically(const std::string& path, const Dictionary& contents) override;
+
+ private:
+  FileCalls ownCalls_;
+  FileCalls& calls_;
+};
+
+}  // namespace touchpanel::files

@@ -1,0 +1,267 @@
+#include <chrono>
+#include <limits>
+#include <random>
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include "providers/files/BoundedRead.h"
+#include "providers/files/DecodingLimits.h"
+#include "providers/files/LibplistFiles.h"
+#include "providers/files/PropertyListCoding.h"
+#include "support/TemporaryDirectory.h"
+
+namespace touchpanel::files {
+namespace {
+
+using touchpanel::testing::TemporaryDirectory;
+using namespace std::string_literals;
+
+std::string xml(const std::string& body) {
+  return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+         "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
+         "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n<plist version=\"1.0\">\n" +
+         body + "\n</plist>\n";
+}
+
+std::string repeated(const std::string& text, std::size_t count) {
+  std::string all;
+  for (std::size_t i = 0; i < count; ++i) all += text;
+  return all;
+}
+
+/// Made by another implementation: TouchMode 2, Big 5e9, Minus -7, EnableTouch, Blob, Real, Text, List, a
+/// date and a dictionary.
+const std::string kBinary =
+    "\x62\x70\x6c\x69\x73\x74\x30\x30\xda\x01\x02\x03\x04\x05\x06\x07\x08\x09\x0a\x0b\x0c\x0d\x0e\x0f\x10\x11"
+    "\x12\x15\x16\x59\x54\x6f\x75\x63\x68\x4d\x6f\x64\x65\x53\x42\x69\x67\x55\x4d\x69\x6e\x75\x73\x5b\x45\x6e"
+    "\x61\x62\x6c\x65\x54\x6f\x75\x63\x68\x54\x42\x6c\x6f\x62\x54\x52\x65\x61\x6c\x54\x54\x65\x78\x74\x54\x4c"
+    "\x69\x73\x74\x54\x57\x68\x65\x6e\x55\x49\x6e\x6e\x65\x72\x10\x02\x13\x00\x00\x00\x01\x2a\x05\xf2\x00\x13"
+    "\xff\xff\xff\xff\xff\xff\xff\xf9\x09\x42\x00\xff\x23\x3f\xe0\x00\x00\x00\x00\x00\x00\x62\x00\x68\x00\xe9"
+    "\xa2\x13\x14\x10\x04\x08\x33\x41\xc1\xde\x0c\x40\x00\x00\x00\xd1\x17\x18\x51\x61\x10\x01\x08\x1d\x27\x2b"
+    "\x31\x3d\x42\x47\x4c\x51\x56\x5c\x5e\x67\x70\x71\x74\x7d\x82\x85\x87\x88\x91\x94\x96\x00\x00\x00\x00\x00"
+    "\x00\x01\x01\x00\x00\x00\x00\x00\x00\x00\x19\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00\x00"
+    "\x98"s;
+
+/// A binary property list of the given objects; the first is the root. References are two bytes wide.
+std::string binaryOf(const std::vector<std::string>& objects) {
+  std::string file = "bplist00";
+  std::string offsets;
+  for (const auto& object : objects) {
+    const auto offset = file.size();
+    for (int shift = 24; shift >= 0; shift -= 8) offsets += static_cast<char>(offset >> shift);
+    file += object;
+  }
+  const auto table = file.size();
+  file += offsets + "\0\0\0\0\0\0\x04\x02"s;
+  for (const std::uint64_t number : {objects.size(), std::size_t{0}, table})
+    for (int shift = 56; shift >= 0; shift -= 8) file += static_cast<char>(number >> shift);
+  return file;
+}
+
+/// References to `count` objects from `first` on, or to the same one `count` times.
+std::string references(std::size_t first, std::size_t count, std::size_t step) {
+  std::string all;
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto object = first + i * step;
+    all += {static_cast<char>(object >> 8), static_cast<char>(object)};
+  }
+  return all;
+}
+
+TEST(PropertyListCoding, ReadsXmlValuesWithTheirTypesAndLeavesOthersOut) {
+  const auto decoded = decodePropertyList(
+      xml("<dict><key>yes</key><true/><key>no</key><false/><key>int</key><integer>2147483647</integer>"
+          "<key>long</key><integer>2147483648</integer><key>minus</key><integer>-2147483648</integer>"
+          "<key>real</key><real>0.25</real><key>text</key><string>a &lt; b</string>"
+          "<key>data</key><data>AAEC/w==</data><key>when</key><date>2020-01-01T00:00:00Z</date>"
+          "<key>list</key><array><integer>4</integer><date>2020-01-01T00:00:00Z</date><true/></array>"
+          "<key>inner</key><dict><key>a</key><string></string></dict></dict>"));
+  EXPECT_EQ(decoded, (Dictionary{{"yes", true},
+                                 {"no", false},
+                                 {"int", std::numeric_limits<std::int32_t>::max()},
+                                 {"long", std::int64_t{2147483648}},
+                                 {"minus", std::numeric_limits<std::int32_t>::min()},
+                                 {"real", 0.25},
+                                 {"text", "a < b"},
+                                 {"data", Bytes{0, 1, 2, 255}},
+                                 {"list", Array{4, true}},
+                                 {"inner", Dictionary{{"a", ""}}}}));
+}
+
+TEST(PropertyListCoding, ReadsABinaryListMadeElsewhere) {
+  EXPECT_EQ(decodePropertyList(kBinary), (Dictionary{{"TouchMode", 2},
+                                                     {"Big", std::int64_t{5000000000}},
+                                                     {"Minus", -7},
+                                                     {"EnableTouch", true},
+                                                     {"Blob", Bytes{0, 255}},
+                                                     {"Real", 0.5},
+                                                     {"Text", "h\xc3\xa9"},
+                                                     {"List", Array{4, false}},
+                                                     {"Inner", Dictionary{{"a", 1}}}}));
+}
+
+TEST(PropertyListCoding, WritesXmlThatReadsBackTheSame) {
+  Bytes blob;
+  for (int i = 0; i < 116; ++i) blob.push_back(static_cast<std::uint8_t>(i * 7));
+  const Dictionary contents{{"z", true},
+                            {"a", false},
+                            {"zero", 0},
+                            {"minus", -5},
+                            {"long", std::numeric_limits<std::int64_t>::min()},
+                            {"real", 0.1},
+                            {"text", "<&\"'> \xe2\x82\xac"},
+                            {"blob", blob},
+                            {"none", Bytes{}},
+                            {"list", Array{1, Array{}, Dictionary{}}},
+                            {"inner", Dictionary{{"k", 1}}}};
+  const auto file = encodePropertyList(contents);
+  EXPECT_THAT(file, ::testing::StartsWith("<?xml version=\"1.0\""));
+  EXPECT_THAT(file, ::testing::ContainsRegex("<key>minus</key>[[:space:]]*<integer>-5</integer>"));
+  EXPECT_EQ(decodePropertyList(file), contents);
+}
+
+TEST(PropertyListCoding, RefusesWhatIsNoDictionary) {
+  const std::string files[] = {"",
+                               "\0"s,
+                               "not a property list",
+                               "{\"TouchMode\": 2}",
+                               "<plist>",
+                               xml(""),
+                               xml("<array><integer>1</integer></array>"),
+                               xml("<integer>1</integer>"),
+                               xml("<string>dict</string>"),
+                               "bplist00",
+                               std::string(200, '\0'),
+                               binaryOf({"\x09"}),
+                               binaryOf({"\xa0"})};
+  for (const auto& file : files) EXPECT_EQ(decodePropertyList(file), std::nullopt) << file;
+}
+
+/// The decoding library ends the process over each of these.
+TEST(PropertyListCoding, RefusesKeysWithANulInThem) {
+  for (const char* reference : {"&#0;", "&#x0;", "&#X000;", "&# 0;", "&#-0;", "&#x100000000;", "&#;", "&#x;"})
+    EXPECT_EQ(decodePropertyList(xml("<dict><key>a"s + reference + "b</key><true/></dict>")), std::nullopt)
+        << reference;
+  EXPECT_EQ(decodePropertyList(xml("<dict><key>a\0b</key><true/></dict>"s)), std::nullopt);
+  EXPECT_EQ(decodePropertyList(xml("<dict><key>a&#x62;&#99;</key><true/></dict>")),
+            (Dictionary{{"abc", true}}));
+
+  const auto dictionary = "\xd1\x00\x01\x00\x02"s;
+  EXPECT_EQ(decodePropertyList(binaryOf({dictionary,
+                                         "\x53"
+                                         "a\0b"s,
+                                         "\x09"})),
+            std::nullopt);
+  EXPECT_EQ(decodePropertyList(binaryOf({dictionary, "\x62\0a\0\0"s, "\x09"})), std::nullopt);
+  EXPECT_EQ(decodePropertyList(binaryOf({dictionary, "\x10\x05", "\x09"})), std::nullopt) << "an integer key";
+  EXPECT_EQ(decodePropertyList(binaryOf({dictionary,
+                                         "\x5f\x10\x02"
+                                         "ab",
+                                         "\x09"})),
+            (Dictionary{{"ab", true}}));
+}
+
+/// Each of these, handed to the decoder unseen, costs its stack, its memory or minutes.
+TEST(PropertyListCoding, RefusesSmallFilesThatUnfoldIntoHugeOnes) {
+  std::vector<std::string> chain;
+  std::vector<std::string> bomb;
+  for (std::size_t i = 0; i < 60000; ++i) chain.push_back("\xa1" + references(i + 1, 1, 1));
+  chain.push_back("\x09");
+  for (std::size_t i = 0; i < 30; ++i) bomb.push_back("\xae" + references(i + 1, 14, 0));
+  bomb.push_back("\x09");
+  const auto copies = "\xaf\x11\x27\x00"s + references(1, 0x2700, 0);
+  const auto longText = "\x5f\x12\x00\x0f\x00\x00"s + std::string(0xF0000, 'x');
+  const std::pair<const char*, std::string> files[] = {
+      {"deep arrays", xml(repeated("<array>", 100000))},
+      {"deep arrays whose ends are in comments", xml(repeated("<array><!--</array>-->", 30000))},
+      {"deep dictionaries", xml(repeated("<dict><key>k</key>", 50000))},
+      {"very many values", xml("<dict>" + repeated("<key>k</key><true/>", 40000) + "</dict>")},
+      {"a chain of arrays", binaryOf(chain)},
+      {"arrays of the same arrays of the same arrays", binaryOf(bomb)},
+      {"thousands of copies of one long text", binaryOf({copies, longText})},
+      {"an array that holds itself", binaryOf({"\xd1\x00\x01\x00\x00"s, "\x51k"s})},
+      {"a count beyond the file", binaryOf({"\xdf\x13\x00\xff\xff\xff\xff\xff\xff\xff"s})},
+      {"a count of no integer", binaryOf({"\xdf\x51k"s})},
+  };
+  for (const auto& [name, file] : files) {
+    ASSERT_LE(file.size(), kMaximumFileSize) << name << " would be refused for its size alone";
+    EXPECT_FALSE(isDecodable(file)) << name;
+    EXPECT_EQ(decodePropertyList(file), std::nullopt) << name;
+  }
+}
+
+TEST(PropertyListCoding, SurvivesEveryTruncationAndThousandsOfDamages) {
+  const auto text = encodePropertyList({{"TouchMode", 2},
+                                        {"EnableTouch", true},
+                                        {"CalibParams", Bytes(116, 0x5A)},
+                                        {"List", Array{1, "two", Dictionary{{"three", 3.0}}}}});
+  std::mt19937 random(20);
+  for (const std::string& whole : {text, kBinary}) {
+    for (std::size_t length = 0; length < whole.size(); ++length) decodePropertyList(whole.substr(0, length));
+    for (int round = 0; round < 4000; ++round) {
+      auto damaged = whole;
+      for (unsigned changes = 1 + random() % 4; changes > 0; --changes)
+        damaged[random() % damaged.size()] = static_cast<char>(random());
+      if (const auto decoded = decodePropertyList(damaged)) encodePropertyList(*decoded);
+    }
+  }
+}
+
+TEST(LibplistFiles, ReadsBackWhatItWrote) {
+  TemporaryDirectory directory;
+  LibplistFiles files;
+  const Dictionary contents{{"TouchMode", 2}, {"ClickRange", false}};
+  EXPECT_EQ(files.read(directory.file("file")), std::nullopt) << "missing";
+  EXPECT_TRUE(files.writeAtomically(directory.file("file"), contents));
+  EXPECT_EQ(files.read(directory.file("file")), contents);
+  EXPECT_FALSE(files.writeAtomically(directory.file("missing/file"), contents));
+}
+
+/// Counts the reads, and makes each one short and interrupted first.
+class HaltingReads final : public FileCalls {
+ public:
+  ssize_t read(int file, void* buffer, std::size_t size) override {
+    if (++reads % 2 == 1) {
+      errno = failure;
+      return -1;
+    }
+    return FileCalls::read(file, buffer, std::min<std::size_t>(size, 100));
+  }
+  int reads = 0;
+  int failure = EINTR;
+};
+
+TEST(BoundedRead, PutsShortAndInterruptedReadsTogetherAndGivesUpOnAnError) {
+  TemporaryDirectory directory;
+  const std::string contents = repeated("0123456789", 105);
+  directory.write("file", contents);
+  HaltingReads calls;
+  EXPECT_EQ(readBounded(directory.file("file"), kMaximumFileSize, calls), contents);
+  calls.failure = EIO;
+  EXPECT_EQ(readBounded(directory.file("file"), kMaximumFileSize, calls), std::nullopt);
+}
+
+TEST(BoundedRead, RefusesAHugeFileWithoutReadingIt) {
+  TemporaryDirectory directory;
+  directory.write("file", "");
+  std::filesystem::resize_file(directory.file("file"), 100'000'000);
+  HaltingReads calls;
+  EXPECT_EQ(readBounded(directory.file("file"), kMaximumFileSize, calls), std::nullopt);
+  EXPECT_EQ(calls.reads, 0);
+
+  directory.write("file", "12345");
+  EXPECT_EQ(readBounded(directory.file("file"), 4, calls), std::nullopt);
+  EXPECT_EQ(readBounded(directory.file("file"), 5, calls), "12345");
+}
+
+TEST(BoundedRead, RefusesWhatIsNoRegularFileAtOnce) {
+  TemporaryDirectory directory;
+  FileCalls calls;
+  ASSERT_EQ(::mkfifo(directory.file("fifo").c_str(), 0600), 0);
+  EXPECT_EQ(readBounded(directory.file("fifo"), kMaximumFileSize, calls), std::nullopt);
+  EXPECT_EQ(readBounded(directory.path(), kMaximumFileSize, calls), std::nullopt);
+}
+
+}  // namespace
+}  // namespace touchpanel::files

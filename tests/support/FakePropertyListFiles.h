@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "platform/PropertyListFiles.h"
+
+namespace touchpanel::testing {
+
+/// Property-list files in memory.
+class FakePropertyListFiles final : public PropertyListFiles {
+ public:
+  std::optional<Dictionary> read(const std::string& path) override {
+    ++reads;
+    const auto found = files.find(path);
+    if (found == files.end()) return std::nullopt;
+    return found->second;
+  }
+  bool writeAtomically(const std::string& path, const Dictionary& contents) override {
+    ++writeAttempts;
+    if (!writable) return false;
+    files[path] = contents;
+    return true;
+  }
+
+  std::map<std::string, Dictionary> files;  ///< readable files by path
+  bool writable = true;                     ///< false: the directory is missing or may not be written
+  int reads = 0;
+  int writeAttempts = 0;
+};
+
+}  // namespace touchpanel::testing
