@@ -2,29 +2,46 @@
 
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string_view>
 
+#include "driver/CalibrationSettings.h"
 #include "driver/Frames.h"
+#include "driver/TouchSettings.h"
 #include "platform/Status.h"
 #include "platform/Value.h"
+#include "protocol/ProductId.h"
 
 namespace touchpanel::driver {
+
+class TouchPipeline;
 
 /// One driver instance: what a control panel writes to and reads from it, and the touch pipeline that it
 /// steers. Pure logic: no I/O and no clock; time comes with the frames. The driver service and the simulated
 /// registry both wrap this class.
+///
+/// Units: times are in ms. An area or range of n reaches n times 32 logical units (n/1024 of the screen) to
+/// each side of a point, in x and in y. A smoothing level of n is a low-pass of n times 4 ms.
 class TouchDriver {
  public:
   using Sink = std::function<void(const OutputFrame&)>;
 
   /// `output` is called for every frame the desktop is to get, from inside process(), tick() or
-  /// setProperty().
-  explicit TouchDriver(Sink output);
+  /// setProperty(). Frames that would tell nothing new are left out. The sensitivity filter and smoothing
+  /// exist on optical touchscreens only; another `kind` keeps their settings and does not apply them.
+  explicit TouchDriver(Sink output, DeviceKind kind = DeviceKind::Optical);
+  ~TouchDriver();
+  TouchDriver(const TouchDriver&) = delete;
+  TouchDriver& operator=(const TouchDriver&) = delete;
 
   /// The property write of a control panel: "calibration" or "configration" with a dictionary; absent keys
-  /// stay as they are, an empty dictionary changes nothing. Another name, type, size or range:
+  /// stay as they are, an empty dictionary changes nothing. Another key, type, size or range:
   /// kErrorBadArgument and nothing is changed. kErrorUnsupported for a property that does not exist.
+  ///
+  /// A written "mode", "enableTouch", "enableRightClick" or "statCalibrate" that changes something ends a
+  /// touch that is under way: buttons and contacts are let go at once, its fingers count again when all have
+  /// left.
   Status setProperty(std::string_view name, const Value& value);
 
   /// All properties as a control panel reads them: "calibration" (with "x", "y", "pointId" of the last
@@ -39,8 +56,12 @@ class TouchDriver {
   std::optional<std::chrono::microseconds> nextDeadline() const;
   void tick(std::chrono::microseconds now);
 
-  /// The system's double-click time and area, for the double-tap help.
+  /// The system's double-click time and area (in the units above), for the double-tap help; a time of 0, with
+  /// which an instance starts, is no help. Negative values act as 0.
   void setDoubleClick(std::chrono::milliseconds time, std::int32_t area);
+
+  /// Whether a calibration run has capture on.
+  bool capturing() const;
 
   /// Settings and calibration as a dictionary that restore() takes back after a restart. Capture state and
   /// the last touch are not part of it.
@@ -49,7 +70,12 @@ class TouchDriver {
   bool restore(const Dictionary& state);
 
  private:
-  // implementation members
+  Status writeCalibration(const Dictionary& dictionary);
+  Status writeConfigration(const Dictionary& dictionary);
+
+  CalibrationSettings calibration_;
+  TouchSettings settings_;
+  std::unique_ptr<TouchPipeline> pipeline_;
 };
 
 }  // namespace touchpanel::driver

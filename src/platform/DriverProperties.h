@@ -50,6 +50,19 @@ inline constexpr char kSmoothness[] = "smoothness";                          ///
 inline constexpr char kEnableTouch[] = "enableTouch";                        ///< bool
 }  // namespace configration_key
 
+/// What the touch driver takes for a "configration" key; anything outside is refused together with the whole
+/// message. A unit of an area or range is 32 logical units, a 1024th of the screen, to each side of a point.
+namespace configration_limit {
+inline constexpr int kMaximumMode = 3;
+inline constexpr int kMaximumArea = 1000;     ///< "clickRange", "rightClickArea", "touchSensitivityArea"
+inline constexpr int kMaximumTimeMs = 60000;  ///< "rightClickTime", "touchSensitivityTime"
+inline constexpr int kMaximumSmoothness = 100;
+}  // namespace configration_limit
+
+namespace calibration_limit {
+inline constexpr int kMaximumPointId = 255;
+}  // namespace calibration_limit
+
 /// Largest value of the driver's logical coordinates, on both axes; y counts from the top of the screen.
 inline constexpr int kLogicalMaximum = 32767;
 

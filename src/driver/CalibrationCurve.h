@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstdint>
+
+#include "driver/CalibrationSettings.h"
+#include "driver/Frames.h"
+#include "driver/Point.h"
+
+namespace touchpanel::driver {
+
+/// Turns raw coordinates into those of the screen:
+///
+///     X = sum Aij x^i y^j over i + j <= 3, with the X block's coefficients; Y likewise with the Y block's
+///
+/// evaluated in double, rounded to the nearest unit and clamped to the touch area. Without a valid
+/// calibration only the clamping is done. An axis whose sum is not a number keeps its raw coordinate.
+class CalibrationCurve {
+ public:
+  void configure(const CalibrationSettings& settings) { settings_ = settings; }
+  Point map(Point raw) const;
+  void apply(RawFrame& frame) const;
+
+ private:
+  CalibrationSettings settings_;
+};
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,78 @@
+#include "driver/CalibrationSettings.h"
+
+#include <array>
+
+#include "driver/PropertyField.h"
+
+namespace touchpanel::driver {
+
+namespace {
+using Field = PropertyField<CalibrationSettings>;
+
+constexpr std::array kFieldArray = {
+    Field{calibration_key::kCalibrateStatus, &CalibrationSettings::calibrateStatus},
+    Field{calibration_key::kCalibParams, &CalibrationSettings::params},
+    Field{calibration_key::kMinX, &CalibrationSettings::minX, 0, kLogicalMaximum},
+    Field{calibration_key::kMinY, &CalibrationSettings::minY, 0, kLogicalMaximum},
+    Field{calibration_key::kMaxX, &CalibrationSettings::maxX, 0, kLogicalMaximum},
+    Field{calibration_key::kMaxY, &CalibrationSettings::maxY, 0, kLogicalMaximum}};
+constexpr std::span<const Field> kFields = kFieldArray;
+
+using CaptureField = PropertyField<CaptureRequest>;
+constexpr CaptureField kStatCalibrateField{calibration_key::kStatCalibrate, &CaptureRequest::statCalibrate};
+constexpr CaptureField kPointIdField{calibration_key::kPointId, &CaptureRequest::pointId, 0,
+                                     calibration_limit::kMaximumPointId};
+
+bool hasArea(const CalibrationSettings& settings) {
+  return settings.minX < settings.maxX && settings.minY < settings.maxY;
+}
+
+bool writeOne(CalibrationSettings& settings, std::string_view key, const Value& value) {
+  const auto* field =
+      fieldFor(kFields, key == calibration_key::kCalibParam ? calibration_key::kCalibParams : key);
+  return field && field->write(settings, value);
+}
+}  // namespace
+
+Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dictionary& dictionary) {
+  auto candidate = settings;
+  CaptureRequest request;
+  for (const auto& [key, value] : dictionary) {
+    bool taken = false;
+    if (key == kStatCalibrateField.key)
+      taken = request.hasStatCalibrate = kStatCalibrateField.write(request, value);
+    else if (key == kPointIdField.key)
+      taken = request.hasPointId = kPointIdField.write(request, value);
+    else
+      taken = writeOne(candidate, key, value);
+    if (!taken) return kErrorBadArgument;
+  }
+  // Judged as a whole: a new lower bound may be valid only together with the new upper bound.
+  if (!hasArea(candidate)) return kErrorBadArgument;
+  settings = candidate;
+  capture = request;
+  return kSuccess;
+}
+
+bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary) {
+  bool all = true;
+  auto candidate = settings;
+  for (const auto& [key, value] : dictionary) all = writeOne(candidate, key, value) && all;
+  if (!hasArea(candidate)) {
+    candidate.minX = settings.minX;
+    candidate.minY = settings.minY;
+    candidate.maxX = settings.maxX;
+    candidate.maxY = settings.maxY;
+    all = false;
+  }
+  settings = candidate;
+  return all;
+}
+
+Dictionary toDictionary(const CalibrationSettings& settings) {
+  Dictionary dictionary;
+  for (const auto& field : kFields) dictionary.set(field.key, field.read(settings));
+  return dictionary;
+}
+
+}  // namespace touchpanel::driver

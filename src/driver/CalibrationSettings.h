@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/DriverProperties.h"
+#include "platform/Status.h"
+#include "platform/Value.h"
+#include "protocol/DeviceContext.h"
+
+namespace touchpanel::driver {
+
+/// The calibration that a driver instance holds: the lasting part of the "calibration" property. The touch
+/// area is in logical units, bounds included; its lower bounds lie below its upper bounds.
+struct CalibrationSettings {
+  bool calibrateStatus = false;  ///< false: raw touches pass as they are
+  _CALIB_PARAMS params{};
+  std::int32_t minX = 0;
+  std::int32_t minY = 0;
+  std::int32_t maxX = kLogicalMaximum;
+  std::int32_t maxY = kLogicalMaximum;
+};
+
+/// What one write to the "calibration" property says about capture.
+struct CaptureRequest {
+  bool statCalibrate = false;
+  std::int32_t pointId = 0;
+  bool hasStatCalibrate = false;
+  bool hasPointId = false;
+};
+
+/// Takes what `dictionary` holds into `settings` and `capture`. kErrorBadArgument, and both unchanged, when
+/// any key, type, size or value is not acceptable.
+Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dictionary& dictionary);
+/// Takes every acceptable entry of the lasting part and leaves the others out; false when there were others.
+bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary);
+/// "calibrateStatus", "calibParams" and the touch area.
+Dictionary toDictionary(const CalibrationSettings& settings);
+
+}  // namespace touchpanel::driver

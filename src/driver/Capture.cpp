@@ -1,0 +1,25 @@
+#include "driver/Capture.h"
+
+#include <algorithm>
+
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::driver {
+
+void Capture::start() {
+  active_ = true;
+  expected_ = 0;
+  last_ = {};
+  finger_.reset();
+}
+
+void Capture::observe(const RawFrame& frame) {
+  if (!active_) return;
+  const auto [event, contact] = finger_.follow(frame);
+  if (event != PrimaryFinger::Event::Up) return;
+  // A reader takes a 0 for "no touch yet"; a touch at the very edge moves by one unit instead of being lost.
+  last_ = {std::max(contact.x, 1), std::max(contact.y, 1), expected_};
+  expected_ = std::min(expected_ + 1, calibration_limit::kMaximumPointId);
+}
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+
+#include "driver/Frames.h"
+#include "driver/PrimaryFinger.h"
+
+namespace touchpanel::driver {
+
+/// The last captured touch, as a calibration reads it. All 0 until there is one.
+struct CapturedPoint {
+  std::int32_t x = 0;  ///< raw, 1..32767
+  std::int32_t y = 0;
+  std::int32_t pointId = 0;  ///< the target that it belongs to
+  bool operator==(const CapturedPoint&) const = default;
+};
+
+/// The first stage: while a calibration runs, publishes where each finger leaves the glass, target after
+/// target.
+class Capture {
+ public:
+  /// Expects target 0 and forgets the last captured touch, which may be another run's.
+  void start();
+  void stop() { active_ = false; }
+  bool active() const { return active_; }
+  /// The next finger-up belongs to target `pointId`.
+  void expect(std::int32_t pointId) { expected_ = pointId; }
+
+  /// Call with every frame before anything is output for it, so that whoever sees the button's release
+  /// already finds the point that belongs to it. Does nothing while no calibration runs.
+  void observe(const RawFrame& frame);
+  /// Fingers that are down now do not count any more.
+  void dropTouch() { finger_.reset(); }
+
+  const CapturedPoint& last() const { return last_; }
+
+ private:
+  bool active_ = false;
+  std::int32_t expected_ = 0;
+  CapturedPoint last_;
+  PrimaryFinger finger_;
+};
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <chrono>
+
+#include "driver/ClickModes.h"
+#include "driver/ClickRange.h"
+#include "driver/DoubleTap.h"
+#include "driver/DragAndHold.h"
+#include "driver/PrimaryFinger.h"
+#include "driver/TouchSettings.h"
+
+namespace touchpanel::driver {
+
+/// Modes 0 to 2: one finger leads one pointer, through double-tap help and click range into the touch mode.
+class SinglePointer {
+ public:
+  explicit SinglePointer(PointerOutput& output);
+
+  void configure(const TouchSettings& settings);
+  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) { doubleTap_.configure(time, area); }
+  /// Plain: for a calibration, every touch is an exact press and release of the left button whatever the
+  /// settings, so that each finger-up is one mouse-up.
+  void setPlain(bool plain);
+
+  void process(const RawFrame& frame);
+  std::optional<std::chrono::microseconds> deadline() const { return mode_->deadline(); }
+  void elapsed() { mode_->elapsed(); }
+  /// Forgets the touch; buttons are the caller's affair.
+  void reset();
+
+ private:
+  void choose();
+  void land(Point point, std::chrono::microseconds now);
+  void move(Point point);
+
+  TouchSettings settings_;
+  bool plain_ = false;
+  PrimaryFinger finger_;
+  DoubleTap doubleTap_;
+  ClickRange clickRange_;
+  ClickOnTouch clickOnTouch_;
+  ClickOnRelease clickOnRelease_;
+  DragAndHold dragAndHold_;
+  TouchMode* mode_ = &dragAndHold_;
+};
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,94 @@
+#include "driver/TouchPipeline.h"
+
+#include <algorithm>
+
+namespace touchpanel::driver {
+
+namespace {
+/// What the later stages rely on: known ids, each once, and coordinates inside the range.
+RawFrame checked(const RawFrame& input) {
+  RawFrame frame;
+  frame.time = input.time;
+  std::uint32_t seen = 0;
+  const auto count = std::min<std::size_t>(input.count, kMaximumContacts);
+  for (std::size_t i = 0; i < count; ++i) {
+    const auto& contact = input.contacts[i];
+    if (contact.id < 0 || contact.id >= static_cast<std::int32_t>(kMaximumContacts)) continue;
+    if (seen & (1U << contact.id)) continue;
+    seen |= 1U << contact.id;
+    frame.contacts[frame.count++] = {contact.id, std::clamp(contact.x, 0, kLogicalMaximum),
+                                     std::clamp(contact.y, 0, kLogicalMaximum)};
+  }
+  return frame;
+}
+
+bool endsTouch(const TouchSettings& before, const TouchSettings& after) {
+  return before.mode != after.mode || before.enableTouch != after.enableTouch ||
+         before.enableRightClick != after.enableRightClick;
+}
+}  // namespace
+
+TouchPipeline::TouchPipeline(std::function<void(const OutputFrame&)> sink, DeviceKind kind)
+    : hasFilters_(kind == DeviceKind::Optical), output_(std::move(sink)), pointer_(output_) {
+  configure(settings_);
+}
+
+void TouchPipeline::configure(const TouchSettings& settings) {
+  if (endsTouch(settings_, settings)) endTouch();
+  settings_ = settings;
+  sensitivity_.configure(settings);
+  smoothing_.configure(settings);
+  pointer_.configure(settings);
+}
+
+void TouchPipeline::startCapture() {
+  endTouch();
+  capture_.start();
+  pointer_.setPlain(true);
+}
+
+void TouchPipeline::stopCapture() {
+  if (!capture_.active()) return;
+  endTouch();
+  capture_.stop();
+  pointer_.setPlain(false);
+}
+
+void TouchPipeline::endTouch() {
+  output_.releaseAll();
+  pointer_.reset();
+  capture_.dropTouch();
+  sensitivity_.reset();
+  smoothing_.reset();
+  waitingForEmptyGlass_ = fingersDown_;
+}
+
+void TouchPipeline::process(const RawFrame& input) {
+  tick(input.time);
+  auto frame = checked(input);
+  fingersDown_ = frame.count > 0;
+  if (waitingForEmptyGlass_) {
+    waitingForEmptyGlass_ = fingersDown_;
+    return;
+  }
+  if (!settings_.enableTouch) return;
+  if (capture_.active()) {
+    capture_.observe(frame);
+    pointer_.process(frame);
+    return;
+  }
+  if (hasFilters_) sensitivity_.apply(frame);
+  curve_.apply(frame);
+  if (hasFilters_) smoothing_.apply(frame);
+  if (settings_.mode == kMultiTouch)
+    output_.contacts(frame);
+  else
+    pointer_.process(frame);
+}
+
+void TouchPipeline::tick(std::chrono::microseconds now) {
+  const auto due = pointer_.deadline();
+  if (due && now >= *due) pointer_.elapsed();
+}
+
+}  // namespace touchpanel::driver

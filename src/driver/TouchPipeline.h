@@ -1,0 +1,61 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <optional>
+
+#include "driver/CalibrationCurve.h"
+#include "driver/Capture.h"
+#include "driver/Frames.h"
+#include "driver/PointerOutput.h"
+#include "driver/SensitivityFilter.h"
+#include "driver/SinglePointer.h"
+#include "driver/Smoothing.h"
+#include "protocol/ProductId.h"
+
+namespace touchpanel::driver {
+
+/// From a raw frame to output frames, stage after stage:
+///
+///     raw --> capture --> sensitivity --> calibration --> smoothing --+--> double tap --> click range -->
+///     mode 0..2
+///                |                                                    +--> contacts, mode 3
+///                +-- while a calibration runs: raw, plain press and release
+///
+/// A change that would leave a touch half old and half new (mode, right click, touch on or off, capture) ends
+/// it: every button and contact is let go, and nothing counts until all fingers have left the glass.
+class TouchPipeline {
+ public:
+  /// The sensitivity filter and smoothing exist on optical touchscreens only.
+  TouchPipeline(std::function<void(const OutputFrame&)> sink, DeviceKind kind);
+
+  void configure(const TouchSettings& settings);
+  void configure(const CalibrationSettings& settings) { curve_.configure(settings); }
+  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) {
+    pointer_.setDoubleClick(time, area);
+  }
+  void startCapture();
+  void stopCapture();
+  void expectPoint(std::int32_t pointId) { capture_.expect(pointId); }
+  const Capture& capture() const { return capture_; }
+
+  void process(const RawFrame& input);
+  std::optional<std::chrono::microseconds> nextDeadline() const { return pointer_.deadline(); }
+  void tick(std::chrono::microseconds now);
+
+ private:
+  void endTouch();
+
+  bool hasFilters_;
+  TouchSettings settings_;
+  bool fingersDown_ = false;
+  bool waitingForEmptyGlass_ = false;
+  Capture capture_;
+  SensitivityFilter sensitivity_;
+  CalibrationCurve curve_;
+  Smoothing smoothing_;
+  PointerOutput output_;
+  SinglePointer pointer_;
+};
+
+}  // namespace touchpanel::driver
