@@ -3,9 +3,11 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <random>
 #include <span>
 #include <vector>
 
+#include "protocol/CommandTable.h"
 #include "protocol/DeviceContext.h"
 #include "protocol/ProductId.h"
 
@@ -14,13 +16,13 @@ namespace touchpanel::firmware {
 /// A fault that a touchscreen can be told to have. At most one at a time; each stays until cleared.
 enum class Fault {
   None,
-  IgnoresCommand,      ///< takes `argument` as a command code and never answers it: the reply stays stale
+  IgnoresCommand,      ///< acts as if the command code `argument` had never come: the last reply stays there
   WrongEcho,           ///< answers with another command's code
   WrongReplyClass,     ///< answers with a reply code of another class
-  LateReply,           ///< answers each command only on the `argument`-th attempt
+  LateReply,           ///< acts on and answers each command only the `argument`-th time it comes
   DiesAfterPackets,    ///< answers `argument` packets, then no more transfers succeed until re-plugged
   Stalls,              ///< refuses every vendor transfer
-  GarbledReply,        ///< replies arrive with flipped bits
+  GarbledReply,        ///< replies arrive with a few bits flipped, others each time; `argument` seeds them
   ShortReply,          ///< only `argument` bytes of each reply arrive
   OddVersionLength,    ///< the version reply has a length that no rule covers
   UnterminatedBarCode  ///< the bar code fills its reply without a terminator
@@ -51,6 +53,15 @@ enum class TransferResult { Done, Stalled, Gone };
 /// The control-transfer side of a touchscreen's firmware: packets in, packets out, byte for byte. It keeps
 /// the blocks that a panel writes, which live on as in a real device's flash memory. Knows no time and no
 /// bus.
+///
+///     state         command                             reply                 next state
+///     work mode     mode 1, to each of its units        empty                 command mode
+///     work mode     any other                           the last one, stale   work mode
+///     command mode  a read or write of its family       block, text or empty  command mode
+///     command mode  mode 0, to any unit                 empty                 work mode
+///     either        malformed, or of another family     the last one, stale   the same
+///
+/// A configuration-only device has no such commands and stalls every transfer.
 class Firmware {
  public:
   explicit Firmware(DeviceDescription description);
@@ -59,20 +70,37 @@ class Firmware {
   /// device does.
   TransferResult receive(std::span<const std::uint8_t> packet);
   /// A vendor IN transfer: fills `reply` (up to 64 bytes) with the reply to the last command and sets
-  /// `length`.
+  /// `length`. Before the first command the reply is all zero; it can be fetched any number of times.
   TransferResult reply(std::span<std::uint8_t> reply, std::size_t& length);
 
   void setFault(FaultSetting setting);
-  FaultSetting fault() const;
+  FaultSetting fault() const { return fault_; }
   /// A fresh power-up after having been unplugged: work mode, no pending reply, stored blocks kept.
   void powerCycle();
 
-  const DeviceDescription& stored() const;  ///< what the device holds now
+  const DeviceDescription& stored() const { return stored_; }  ///< what the device holds now
   bool inCommandMode(std::uint8_t unit = 0) const;
-  std::uint64_t packetsReceived() const;
+  /// Packets that arrived since it was made, malformed ones included.
+  std::uint64_t packetsReceived() const { return packetsReceived_; }
 
  private:
-  // implementation members
+  bool isAnsweredThisTime(std::span<const std::uint8_t> packet);
+  bool isAccessible(const Command& command) const;
+  void carryOut(const Command& command, std::span<const std::uint8_t> payload);
+  void answer(const Command& command, std::span<const std::uint8_t> payload);
+  std::vector<std::uint8_t> contentFor(const Command& command) const;
+
+  DeviceDescription stored_;
+  std::span<const Command> commands_;  ///< of its family; none for a configuration-only device
+  FaultSetting fault_;
+  PacketBuffer reply_{};
+  std::array<bool, 2> commandMode_{};
+  bool gone_ = false;
+  std::uint64_t packetsReceived_ = 0;
+  std::uint64_t packetsUntilDeath_ = 0;
+  std::vector<std::uint8_t> repeatedPacket_;  ///< what a late device is being asked
+  std::uint64_t repetitions_ = 0;
+  std::minstd_rand flips_;
 };
 
 }  // namespace touchpanel::firmware

@@ -37,6 +37,8 @@ class TouchSurface {
   const Distortion& distortion() const { return distortion_; }
 
  private:
+  double noise();
+
   Distortion distortion_;
   std::mt19937 random_;
 };

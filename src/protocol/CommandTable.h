@@ -24,6 +24,8 @@ struct Command {
 
 /// Bytes of a bar code that arrives as text; it need not be terminated.
 inline constexpr std::size_t kBarCodeTextSize = 33;
+/// Bytes of a bar code that arrives as fields to be formatted.
+inline constexpr std::size_t kBarCodeFieldsSize = 20;
 inline constexpr auto kBlockPayload = static_cast<std::uint8_t>(kBlockSize);
 
 // clang-format off
