@@ -22,9 +22,10 @@ struct Samples {
 };
 
 void solve(benchmark::State& state, std::int32_t count, bool distorted) {
-  const Samples samples;
+  Samples samples;
   _CALIB_PARAM x{}, y{};
   for (auto _ : state) {
+    benchmark::DoNotOptimize(samples);
     benchmark::DoNotOptimize(generateCalibParam(samples.targetX.data(), samples.targetY.data(),
                                                 samples.rawX.data(), samples.rawY.data(), count, x, y,
                                                 distorted, {samples.rawX.data(), samples.rawY.data()}));

@@ -1,0 +1,132 @@
+#include "calibration/CalibrationRun.h"
+
+#include <utility>
+
+#include "calibration/CalibrationSolver.h"
+
+namespace touchpanel {
+namespace {
+
+constexpr std::chrono::seconds kTick{1};
+constexpr std::int32_t kSecondsAfterTouch = 29;
+/// Touch mode in which the finished grid is tried.
+constexpr std::int32_t kTrialTouchMode = 2;
+
+}  // namespace
+
+CalibrationRun::CalibrationRun(const CalibrationPorts& ports, CancelMessage cancelMessage)
+    : ports_(ports), cancelMessage_(cancelMessage) {}
+
+CalibrationRun::~CalibrationRun() { ports_.runLoop.invalidateTimer(timer); }
+
+void CalibrationRun::begin(DeviceEntry entry, TableReloader& controller,
+                           std::function<void()> timerCallBack) {
+  if (isOver() || timer != 0) return;
+  if (entry) currentDict = std::move(entry);
+  pMyController = &controller;
+  DeviceContext = contextOf(*currentDict);
+  BakDeviceContext = DeviceContext;
+  startCalib(true);
+  timer = ports_.runLoop.startRepeatingTimer(kTick, std::move(timerCallBack));
+}
+
+void CalibrationRun::startCalib(bool capture) { ports_.driver.setCapture(handle(), capture); }
+
+void CalibrationRun::getPoints() {
+  const auto captured = ports_.driver.readCapture(handle());
+  if (!captured) return;
+  if (captured->pointId != touches_.iTouchIndex) {
+    ports_.driver.selectTarget(handle(), touches_.iTouchIndex);
+    return;
+  }
+  if (captured->x == 0 || captured->y == 0) return;  // nothing was touched yet
+  touches_.take(mode(), captured->x, captured->y);
+  iTimerCount = kSecondsAfterTouch;
+  setNeedsDisplay();
+}
+
+bool CalibrationRun::countDown() {
+  if (iTimerCount == 0) return false;
+  texts_->setSeconds(iTimerCount);
+  setNeedsDisplay();
+  --iTimerCount;
+  return true;
+}
+
+void CalibrationRun::leaveCollecting() {
+  ports_.driver.setMode(handle(), kTrialTouchMode);
+  startCalib(false);
+  ports_.cursor.show();
+}
+
+void CalibrationRun::tryOnce() {
+  if (bSaveCalibData) return;
+  bSaveCalibData = true;
+  saveCalibData(true);
+}
+
+void CalibrationRun::reCalibrate() {
+  touches_.restart();
+  iTimerCount = kSecondsAfterTouch;
+  bSaveCalibData = false;
+  ports_.cursor.hide();
+  startCalib(true);
+  setNeedsDisplay();
+}
+
+void CalibrationRun::saveCalibData(bool save) {
+  auto& params = DeviceContext.CalibParams;
+  if (!save) {
+    DeviceContext = BakDeviceContext;
+    const bool status = DeviceContext.DeviceConfig.CalibrateStatus != 0;
+    (ports_.driver.*cancelMessage_)(handle(), status, params);
+    currentDict->set(entry_key::kCalibrateStatus, status ? entry_key::kYes : entry_key::kNo);
+    return;
+  }
+  const bool distorted = mode() != kFourTargets;
+  const float *rawX = touches_.fScrX.data(), *rawY = touches_.fScrY.data();
+  const bool solved = generateCalibParam(touches_.fDspX.data(), touches_.fDspY.data(), rawX, rawY,
+                                         distorted ? kTwentyFiveTargets : kFourTargets, params.X, params.Y,
+                                         distorted, {rawX, rawY});
+  if (!solved) return;
+  ports_.driver.calibrationSaved(handle(), params);
+  currentDict->set(entry_key::kCalibrateStatus, entry_key::kYes);
+}
+
+void CalibrationRun::btnOk() {
+  DeviceContext.DeviceConfig.CalibrateStatus = 1;
+  ports_.contextStore.save(currentDict->integer(entry_key::kProductID),
+                           currentDict->integer(entry_key::kDeviceInterface), DeviceContext);
+  if (pMyController) pMyController->reloadTableViewData();
+  storeContext(*currentDict, DeviceContext);
+  exit();
+}
+
+void CalibrationRun::exit() {
+  if (isOver()) return;
+  if (const auto* touchMode = currentDict->find(settings_key::kTouchMode))
+    ports_.driver.setMode(handle(), *touchMode);
+  texts_.reset();
+  ports_.runLoop.invalidateTimer(timer);
+  startCalib(false);
+  leaveScreen();
+}
+
+void CalibrationRun::close() {
+  if (isOver()) return;
+  texts_.reset();
+  ports_.runLoop.invalidateTimer(timer);
+  leaveScreen();
+}
+
+void CalibrationRun::leaveScreen() {
+  ports_.cursor.show();
+  if (window_) window_->close();
+  ports_.presentation.setSystemUIMode(0, 1);
+}
+
+void CalibrationRun::setNeedsDisplay() {
+  if (window_) window_->setNeedsDisplay();
+}
+
+}  // namespace touchpanel

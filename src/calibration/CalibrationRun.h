@@ -1,0 +1,107 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "calibration/CalibrationTexts.h"
+#include "calibration/TableReloader.h"
+#include "calibration/TouchCollection.h"
+#include "discovery/ContextStore.h"
+#include "discovery/DeviceEntry.h"
+#include "discovery/DriverChannel.h"
+#include "platform/Application.h"
+#include "platform/RunLoop.h"
+#include "platform/View.h"
+
+namespace touchpanel {
+
+/// What a calibration works with beside its window and its device. All outlive it.
+struct CalibrationPorts {
+  DriverChannel& driver;
+  RunLoop& runLoop;
+  Cursor& cursor;
+  Presentation& presentation;
+  ContextStore& contextStore;
+};
+
+/// One calibration of one touchscreen, without its picture: what is exchanged with the driver, the device
+/// entry and the device. A calibration view owns one and decides from its events which of the steps below
+/// comes next. Nothing here fails visibly: a driver or a device that does not answer is not told of.
+///
+/// A run that is over (exit(), close()) does nothing any more; its view asks isOver() first, in every event.
+class CalibrationRun {
+ public:
+  /// How the driver is told of a cancelled run.
+  using CancelMessage = void (DriverChannel::*)(RegistryObject, bool status, const _CALIB_PARAMS&);
+
+  CalibrationRun(const CalibrationPorts& ports, CancelMessage cancelMessage);
+  CalibrationRun(const CalibrationRun&) = delete;
+  CalibrationRun& operator=(const CalibrationRun&) = delete;
+  ~CalibrationRun();
+
+  /// `window` shows the view and is closed with the run; not owned.
+  void setWindow(ViewWindow& window) { window_ = &window; }
+
+  /// Takes the entry's device context, puts the driver into capture and starts calling `timerCallBack` every
+  /// second. `controller` must outlive the run.
+  void begin(DeviceEntry entry, TableReloader& controller, std::function<void()> timerCallBack);
+
+  /// Switches the driver's capture of raw touches on or off.
+  void startCalib(bool capture);
+  /// Takes what the driver captured last, when it belongs to the target shown.
+  void getPoints();
+  /// One second has passed. False, with nothing done, when none was left.
+  bool countDown();
+
+  /// The grid is finished: touches go to the desktop again, and the result is tried once.
+  void leaveCollecting();
+  void tryOnce();
+  /// Starts collecting again. Trial and backup stay as they are.
+  void reCalibrate();
+  /// True: solves and hands the result to the driver as a trial; nothing happens when there is no solution.
+  /// False: goes back to what was there before the run.
+  void saveCalibData(bool save);
+  /// Writes the result to where the device keeps it, and ends the run. Blocks for the time of the exchange.
+  void btnOk();
+
+  /// Gives the driver its touch mode back and closes the window.
+  void exit();
+  /// Closes the window without a word to the driver, which is gone.
+  void close();
+
+  bool isOver() const { return !texts_; }
+  bool isCollecting() const { return touches_.isCollecting(mode()); }
+  bool isFinished() const { return touches_.isFinished(mode()); }
+  std::int32_t mode() const { return currentDict->integer(settings_key::kCalibrateMode); }
+  RegistryObject handle() const { return registryObjectOf(*currentDict, entry_key::kHandle); }
+  DriverChannel& driver() { return ports_.driver; }
+  Cursor& cursor() { return ports_.cursor; }
+
+  TouchCollection& touches() { return touches_; }
+  const TouchCollection& touches() const { return touches_; }
+  /// Only while the run is not over.
+  const CalibrationTexts& texts() const { return *texts_; }
+  const _DEVICT_CONTEXT& deviceContext() const { return DeviceContext; }
+
+  void setNeedsDisplay();
+
+ private:
+  void leaveScreen();
+
+  CalibrationPorts ports_;
+  CancelMessage cancelMessage_;
+  ViewWindow* window_ = nullptr;
+  TouchCollection touches_;
+  std::optional<CalibrationTexts> texts_{std::in_place};  ///< none once the run is over
+
+  TimerId timer = 0;
+  DeviceEntry currentDict = std::make_shared<Dictionary>();
+  bool bSaveCalibData = false;  ///< the finished grid was solved and tried
+  std::int32_t iTimerCount = 30;
+  _DEVICT_CONTEXT DeviceContext{};     ///< working copy
+  _DEVICT_CONTEXT BakDeviceContext{};  ///< as it was before the run
+  TableReloader* pMyController = nullptr;
+};
+
+}  // namespace touchpanel

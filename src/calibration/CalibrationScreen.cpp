@@ -1,0 +1,79 @@
+#include "calibration/CalibrationScreen.h"
+
+#include "calibration/CalibrationButtons.h"
+#include "calibration/CalibrationDrawing.h"
+
+namespace touchpanel {
+
+void CalibrationScreen::press(const Point& location, const Size& box) {
+  if (!run_.isFinished()) return;
+  const auto button = buttonPosition(location, box);
+  if (button == calibration_button::kNone) return;
+  ucBtnFlag = button;
+  run_.setNeedsDisplay();
+}
+
+void CalibrationScreen::release(const Point& location) {
+  ucBtnFlag = calibration_button::kNone;
+  center = location;
+  if (run_.isCollecting())
+    run_.getPoints();
+  else
+    run_.setNeedsDisplay();
+}
+
+void CalibrationScreen::draw(Canvas& canvas, const Size& box) {
+  drawCountDown(canvas, run_.texts(), box);
+  if (drawTarget(canvas, box)) return;
+  const auto mode = run_.mode();
+  const bool allRowsDone = mode == kTwentyFiveTargets && run_.touches().iObjRow >= 6;
+  if (!allRowsDone && !run_.isFinished()) return;
+  run_.leaveCollecting();
+  drawFinished(canvas, box, calibration_button::kNone);
+  if (!run_.isFinished()) return;
+  run_.tryOnce();
+  if (ucBtnFlag == calibration_button::kNone && perform(buttonPosition(center, box))) return;
+  drawFinished(canvas, box, ucBtnFlag);
+}
+
+bool CalibrationScreen::drawTarget(Canvas& canvas, const Size& box) {
+  auto& touches = run_.touches();
+  const auto mode = run_.mode();
+  Point target;
+  if (mode == kFourTargets && touches.isCollecting(mode)) {
+    target = fourPointTarget(touches.iTouchIndex, box);
+  } else if (mode == kTwentyFiveTargets && touches.iObjRow < 6) {
+    touches.beginRow();
+    target = gridTarget(touches.iObjRow, touches.iObjPoints, box);
+  } else {
+    return false;
+  }
+  drawBullsEye(canvas, target);
+  drawNote(canvas, run_.texts(), box);
+  touches.noteTarget(driverUnits(target, box));
+  return true;
+}
+
+void CalibrationScreen::drawFinished(Canvas& canvas, const Size& box, std::uint8_t held) {
+  drawButtons(canvas, run_.texts(), box, held);
+  drawNoteBelowButtons(canvas, run_.texts(), box);
+}
+
+bool CalibrationScreen::perform(std::uint8_t button) {
+  switch (button) {
+    case calibration_button::kReCalibrate:
+      run_.reCalibrate();
+      return true;
+    case calibration_button::kOk:
+      run_.btnOk();
+      return true;
+    case calibration_button::kCancel:
+      run_.saveCalibData(false);
+      run_.exit();
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace touchpanel
