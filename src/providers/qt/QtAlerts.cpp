@@ -1,0 +1,63 @@
+#include "providers/qt/QtAlerts.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include "providers/qt/AlertTexts.h"
+#include "providers/qt/ViewSurface.h"
+
+namespace touchpanel {
+namespace {
+
+/// The full-screen window above everything, if there is one.
+ViewSurface* shield() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* surface = dynamic_cast<ViewSurface*>(window); surface != nullptr && surface->isVisible())
+      return surface;
+  return nullptr;
+}
+
+/// Makes a shield give way to `box` for as long as this lives: the box joins it above the window manager's
+/// windows and has the keyboard.
+class InFrontOfShield {
+ public:
+  explicit InFrontOfShield(QMessageBox& box) : shield_(shield()) {
+    if (shield_ == nullptr) return;
+    hadKeyboard_ = QWidget::keyboardGrabber() == shield_;
+    shield_->releaseKeyboard();
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    box.setWindowFlag(Qt::X11BypassWindowManagerHint,
+                      shield_->windowFlags().testFlag(Qt::X11BypassWindowManagerHint));
+    box.show();
+    box.raise();
+    box.activateWindow();
+    if (hadKeyboard_) box.grabKeyboard();
+  }
+  ~InFrontOfShield() {
+    if (shield_ == nullptr || !hadKeyboard_) return;
+    shield_->activateWindow();
+    shield_->grabKeyboard();
+  }
+  InFrontOfShield(const InFrontOfShield&) = delete;
+  InFrontOfShield& operator=(const InFrontOfShield&) = delete;
+
+ private:
+  QPointer<ViewSurface> shield_;
+  bool hadKeyboard_ = false;
+};
+
+}  // namespace
+
+void QtAlerts::show(std::string_view title, std::string_view message, std::string_view button) {
+  const CallbackGate::Closed closed(gate_);
+  const QtCursor::Plain plain(cursor_);
+  QMessageBox box(QApplication::activeWindow());
+  box.setIcon(QMessageBox::Warning);
+  box.setWindowTitle(alertText(title));
+  box.setText(alertText(message));
+  box.addButton(alertText(button), QMessageBox::AcceptRole);
+  const InFrontOfShield inFront(box);
+  box.exec();
+}
+
+}  // namespace touchpanel

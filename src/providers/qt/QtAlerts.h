@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Application.h"
+#include "providers/qt/CallbackGate.h"
+#include "providers/qt/QtCursor.h"
+
+namespace touchpanel {
+
+/// Message boxes. While one is up no other callback runs, the cursor is visible, and a full-screen window
+/// above everything gives way to it.
+class QtAlerts final : public Alerts {
+ public:
+  QtAlerts(CallbackGate& gate, QtCursor& cursor) : gate_(gate), cursor_(cursor) {}
+  void show(std::string_view title, std::string_view message, std::string_view button) override;
+
+ private:
+  CallbackGate& gate_;
+  QtCursor& cursor_;
+};
+
+}  // namespace touchpanel

@@ -1,0 +1,70 @@
+#include "providers/qt/QtCanvas.h"
+
+#include <QFontMetricsF>
+#include <algorithm>
+#include <cmath>
+
+namespace touchpanel {
+namespace {
+
+QColor toQColor(const Color& color) {
+  const auto pinned = [](float component) { return std::clamp(component, 0.0F, 1.0F); };
+  return QColor::fromRgbF(pinned(color.red), pinned(color.green), pinned(color.blue), pinned(color.alpha));
+}
+
+/// A font whose size is in points of the view, whatever the screen's resolution says a point is.
+QFont fontOf(const StyledText& text) {
+  QFont font(QString::fromStdString(text.fontFamily));
+  font.setPixelSize(std::max(1, static_cast<int>(std::lround(text.fontSize))));
+  return font;
+}
+
+}  // namespace
+
+QtCanvas::QtCanvas(QPainter& painter, float height) : painter_(painter), height_(height) {
+  painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+}
+
+QRectF QtCanvas::flipped(const Rect& rect) const {
+  return QRectF(rect.x, height_ - rect.y - rect.height, rect.width, rect.height).normalized();
+}
+
+void QtCanvas::fillRect(const Rect& rect, const Color& color) {
+  if (!stopped_) painter_.fillRect(flipped(rect), toQColor(color));
+}
+
+void QtCanvas::fillOval(const Rect& bounds, const Color& color) {
+  if (stopped_) return;
+  painter_.setPen(Qt::NoPen);
+  painter_.setBrush(toQColor(color));
+  painter_.drawEllipse(flipped(bounds));
+}
+
+void QtCanvas::strokeRect(const Rect& rect, const Color& color) {
+  if (stopped_) return;
+  QPen pen(toQColor(color), 1);
+  pen.setJoinStyle(Qt::MiterJoin);
+  painter_.setPen(pen);
+  painter_.setBrush(Qt::NoBrush);
+  // Half a point inwards, so that the outline covers whole points and is not smeared over two.
+  painter_.drawRect(flipped(rect).adjusted(0.5, 0.5, -0.5, -0.5));
+}
+
+void QtCanvas::drawText(const StyledText& text, const Point& origin) {
+  if (stopped_ || text.text.empty()) return;
+  auto lines = QString::fromStdString(text.text).split(u'\n');
+  if (lines.size() > 1 && lines.back().isEmpty()) lines.removeLast();
+  painter_.setFont(fontOf(text));
+  painter_.setPen(toQColor(text.color));
+  const QFontMetricsF metrics(painter_.font(), painter_.device());
+  const double lineHeight = std::ceil(metrics.height());
+  double baseline =
+      std::round(static_cast<double>(height_) - static_cast<double>(origin.y) - metrics.descent()) -
+      lineHeight * static_cast<double>(lines.size() - 1);
+  for (const auto& line : lines) {
+    painter_.drawText(QPointF(static_cast<double>(origin.x), baseline), line);
+    baseline += lineHeight;
+  }
+}
+
+}  // namespace touchpanel

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QPainter>
+
+#include "platform/Canvas.h"
+
+namespace touchpanel {
+
+/// Draws with a QPainter whose origin is the upper left corner; flips everything into it.
+class QtCanvas final : public Canvas {
+ public:
+  /// `painter` is set up by the canvas and must outlive it. `height` is that of the view, in points.
+  QtCanvas(QPainter& painter, float height);
+
+  void fillRect(const Rect& rect, const Color& color) override;
+  void fillOval(const Rect& bounds, const Color& color) override;
+  void strokeRect(const Rect& rect, const Color& color) override;
+  /// A line end at the end of the text closes its last line and opens no further one.
+  void drawText(const StyledText& text, const Point& origin) override;
+
+  /// Draws nothing from now on: the view has closed its window in the middle of its drawing.
+  void stop() { stopped_ = true; }
+
+ private:
+  QRectF flipped(const Rect& rect) const;
+
+  QPainter& painter_;
+  float height_;
+  bool stopped_ = false;
+};
+
+}  // namespace touchpanel

@@ -1,0 +1,124 @@
+#include "providers/qt/ViewSurface.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+#include <cmath>
+
+#include "providers/qt/QtCanvas.h"
+
+namespace touchpanel {
+namespace {
+
+/// What lies behind a view that does not fill its bounds: dark enough for yellow text, bright enough for a
+/// half-transparent white to stand out.
+constexpr QColor kWindowBackground(0x6C, 0x6C, 0x6C);
+
+constexpr std::uint16_t kKeyKeypadEnter = 76;
+constexpr std::uint16_t kKeyOther = 0xFFFF;
+
+std::uint16_t virtualKeyCode(int key) {
+  switch (key) {
+    case Qt::Key_Return:
+      return kKeyReturn;
+    case Qt::Key_Escape:
+      return kKeyEscape;
+    case Qt::Key_Enter:
+      return kKeyKeypadEnter;
+    default:
+      return kKeyOther;
+  }
+}
+
+}  // namespace
+
+ViewSurface::ViewSurface(CallbackGate& gate) : gate_(gate) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void ViewSurface::setView(View* view) {
+  view_ = view;
+  if (view_ == nullptr && canvas_ != nullptr) canvas_->stop();
+  if (view_ != nullptr) requestDisplay();
+}
+
+void ViewSurface::requestDisplay() {
+  if (isRequested_ || view_ == nullptr) return;
+  isRequested_ = true;
+  QMetaObject::invokeMethod(
+      this, [this] { display(); }, Qt::QueuedConnection);
+}
+
+void ViewSurface::display() {
+  isRequested_ = false;
+  if (view_ == nullptr || !isVisible()) return;
+  const bool drawn = gate_.pass([this] {
+    prepareImage();
+    QPainter painter(&image_);
+    QtCanvas canvas(painter, static_cast<float>(height()));
+    const QScopedValueRollback<QtCanvas*> drawing(canvas_, &canvas);
+    view_->drawRect(canvas);
+  });
+  if (drawn) {
+    if (view_ != nullptr) update();
+    return;
+  }
+  isRequested_ = true;
+  gate_.whenOpen(*this, [this] { display(); });
+}
+
+void ViewSurface::prepareImage() {
+  const double ratio = devicePixelRatioF();
+  const QSize pixels(static_cast<int>(std::ceil(width() * ratio)),
+                     static_cast<int>(std::ceil(height() * ratio)));
+  if (image_.size() != pixels) image_ = QImage(pixels, QImage::Format_RGB32);
+  image_.setDevicePixelRatio(ratio);
+  if (!view_->isOpaque()) image_.fill(kWindowBackground);
+}
+
+void ViewSurface::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  if (image_.isNull()) {
+    painter.fillRect(rect(), kWindowBackground);
+    return;
+  }
+  painter.drawImage(QPointF(0, 0), image_);
+  if (image_.devicePixelRatio() != devicePixelRatioF()) requestDisplay();
+}
+
+void ViewSurface::resizeEvent(QResizeEvent* /*event*/) { requestDisplay(); }
+
+void ViewSurface::showEvent(QShowEvent* /*event*/) { requestDisplay(); }
+
+void ViewSurface::mousePressEvent(QMouseEvent* event) { sendMouse(*event, &View::mouseDown); }
+
+void ViewSurface::mouseMoveEvent(QMouseEvent* event) { sendMouse(*event, &View::mouseDragged); }
+
+void ViewSurface::mouseReleaseEvent(QMouseEvent* event) { sendMouse(*event, &View::mouseUp); }
+
+void ViewSurface::sendMouse(const QMouseEvent& event, void (View::*handler)(Point)) {
+  const bool isMove = event.type() == QEvent::MouseMove;
+  const bool isLeft = isMove ? event.buttons().testFlag(Qt::LeftButton) : event.button() == Qt::LeftButton;
+  if (view_ == nullptr || !isLeft) return;
+  const Point location{static_cast<float>(event.position().x()),
+                       static_cast<float>(height() - event.position().y())};
+  gate_.pass([&] { (view_->*handler)(location); });
+}
+
+void ViewSurface::keyPressEvent(QKeyEvent* event) { sendKey(virtualKeyCode(event->key())); }
+
+void ViewSurface::sendKey(std::uint16_t keyCode) {
+  if (view_ == nullptr || !view_->acceptsFirstResponder()) return;
+  gate_.pass([&] { view_->keyDown(keyCode); });
+}
+
+void ViewSurface::closeEvent(QCloseEvent* event) {
+  // The desktop's own way of closing a window must not leave the view's run behind: it is told as Escape is.
+  event->ignore();
+  sendKey(kKeyEscape);
+}
+
+}  // namespace touchpanel

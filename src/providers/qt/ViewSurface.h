@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "platform/View.h"
+#include "providers/qt/CallbackGate.h"
+
+namespace touchpanel {
+
+class QtCanvas;
+
+/// A widget that shows a View and hands it the pointer and the keyboard.
+///
+/// The view draws into an image, from an event of its own, and painting the widget only copies that image.
+/// What a view does while it draws (it may write to a device, end its run and close its window) therefore
+/// never happens inside the toolkit's painting.
+class ViewSurface final : public QWidget {
+ public:
+  explicit ViewSurface(CallbackGate& gate);
+
+  /// `view` is not owned; null takes the view away, after which nothing reaches it any more, also when this
+  /// happens inside one of its own handlers.
+  void setView(View* view);
+  View* view() const { return view_; }
+
+  /// Has the view draw itself, soon and from the event loop. Requests before that are merged.
+  void requestDisplay();
+  /// What the view drew last, in device pixels.
+  const QImage& image() const { return image_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void display();
+  void prepareImage();
+  void sendMouse(const QMouseEvent& event, void (View::*handler)(Point));
+  void sendKey(std::uint16_t keyCode);
+
+  CallbackGate& gate_;
+  View* view_ = nullptr;
+  QtCanvas* canvas_ = nullptr;  ///< while the view draws
+  bool isRequested_ = false;
+  QImage image_;
+};
+
+}  // namespace touchpanel

@@ -1,0 +1,116 @@
+#include <QImage>
+#include <QPainter>
+
+#include <gtest/gtest.h>
+
+#include "providers/qt/QtCanvas.h"
+
+namespace touchpanel {
+namespace {
+
+constexpr int kWidth = 200;
+constexpr int kHeight = 100;
+
+/// An image of a view of 200 x 100 points, at `scale` pixels to the point.
+QImage drawn(int scale, const std::function<void(QtCanvas&)>& draw) {
+  QImage image(kWidth * scale, kHeight * scale, QImage::Format_RGB32);
+  image.setDevicePixelRatio(scale);
+  image.fill(Qt::black);
+  QPainter painter(&image);
+  QtCanvas canvas(painter, kHeight);
+  draw(canvas);
+  return image;
+}
+
+/// The smallest rectangle of pixels that are not black; rows count from the top.
+QRect inked(const QImage& image) {
+  QRect found;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (image.pixel(x, y) != qRgb(0, 0, 0)) found |= QRect(x, y, 1, 1);
+  return found;
+}
+
+StyledText text(std::string words, float size = 12) {
+  return {std::move(words), "Arial", size, color::kWhite};
+}
+
+TEST(QtCanvas, PutsTheOriginIntoTheLowerLeftCorner) {
+  struct Case {
+    const char* what;
+    std::function<void(QtCanvas&)> draw;
+  };
+  const Rect rect{10, 20, 30, 40};
+  const Case cases[] = {
+      {"fillRect", [&](QtCanvas& canvas) { canvas.fillRect(rect, color::kWhite); }},
+      {"fillOval", [&](QtCanvas& canvas) { canvas.fillOval(rect, color::kWhite); }},
+      {"strokeRect", [&](QtCanvas& canvas) { canvas.strokeRect(rect, color::kWhite); }},
+      {"a rectangle dragged upwards to the left",
+       [&](QtCanvas& canvas) {
+         canvas.fillRect({40, 60, -30, -40}, color::kWhite);
+       }},
+  };
+  for (const auto& [what, draw] : cases) {
+    SCOPED_TRACE(what);
+    EXPECT_EQ(inked(drawn(1, draw)), QRect(10, 40, 30, 40));
+    EXPECT_EQ(inked(drawn(2, draw)), QRect(20, 80, 60, 80));
+  }
+}
+
+TEST(QtCanvas, PinsColourComponentsAndBlendsByAlpha) {
+  const QImage image = drawn(1, [](QtCanvas& canvas) {
+    canvas.fillRect({0, 0, 1, 1}, Color{240, -1, 240, 0.4F});
+  });
+  const QColor pixel = image.pixelColor(0, kHeight - 1);
+  EXPECT_NEAR(pixel.red(), 102, 1);
+  EXPECT_EQ(pixel.green(), 0);
+  EXPECT_NEAR(pixel.blue(), 102, 1);
+}
+
+TEST(QtCanvas, PutsALinesLowerLeftCornerAtThePoint) {
+  // "g" reaches down to the line's descent, "H" stands on the base line above it.
+  const QRect hanging = inked(drawn(1, [](QtCanvas& canvas) { canvas.drawText(text("Hg", 30), {50, 40}); }));
+  EXPECT_NEAR(hanging.left(), 52, 2);
+  EXPECT_LE(hanging.bottom(), 60);
+  EXPECT_GE(hanging.bottom(), 56);
+  EXPECT_NEAR(hanging.top(), 60 - 30, 6);
+}
+
+TEST(QtCanvas, GrowsABlockOfLinesUpwardsFromThePoint) {
+  const auto inkOf = [](const char* words) {
+    return inked(drawn(1, [&](QtCanvas& canvas) { canvas.drawText(text(words), {20, 10}); }));
+  };
+  const QRect one = inkOf("Hg");
+  const QRect three = inkOf("Hg\nHg\nHg");
+  EXPECT_EQ(three.bottom(), one.bottom());
+  EXPECT_EQ(three.left(), one.left());
+  EXPECT_GE(three.top(), one.top() - 2 * 16);
+  EXPECT_LE(three.top(), one.top() - 2 * 12);
+  EXPECT_EQ(inkOf("Hg\nHg\nHg\n"), three) << "the last line end opens no further line";
+  EXPECT_EQ(inkOf("Hg\n").bottom(), one.bottom());
+  EXPECT_EQ(inkOf("     Hg").bottom(), one.bottom());
+  EXPECT_GT(inkOf("     Hg").left(), one.left() + 10) << "spaces at the start of a line count";
+}
+
+TEST(QtCanvas, MeasuresTextInPointsAtEveryScale) {
+  const auto draw = [](QtCanvas& canvas) { canvas.drawText(text("ReCalibrate"), {20, 10}); };
+  const QRect once = inked(drawn(1, draw));
+  const QRect twice = inked(drawn(2, draw));
+  EXPECT_NEAR(twice.width(), 2 * once.width(), 4);
+  EXPECT_NEAR(twice.bottom(), 2 * once.bottom(), 3);
+  EXPECT_LT(once.width(), 80) << "must fit its button";
+}
+
+TEST(QtCanvas, DrawsNothingOnceStopped) {
+  const QImage image = drawn(1, [](QtCanvas& canvas) {
+    canvas.stop();
+    canvas.fillRect({0, 0, 50, 50}, color::kWhite);
+    canvas.fillOval({0, 0, 50, 50}, color::kWhite);
+    canvas.strokeRect({0, 0, 50, 50}, color::kWhite);
+    canvas.drawText(text("words"), {0, 0});
+  });
+  EXPECT_TRUE(inked(image).isNull());
+}
+
+}  // namespace
+}  // namespace touchpanel

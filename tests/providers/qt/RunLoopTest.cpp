@@ -1,0 +1,156 @@
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <array>
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include "providers/qt/QtAlerts.h"
+#include "providers/qt/QtApplication.h"
+#include "providers/qt/QtRunLoop.h"
+#include "support/RecordingDiagnostics.h"
+
+namespace touchpanel {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// A source over a pipe; each byte is one thing to do.
+class PipeSource final : public RunLoopSource {
+ public:
+  PipeSource() { EXPECT_EQ(::pipe(pipe_.data()), 0); }
+  ~PipeSource() override {
+    ::close(pipe_[0]);
+    ::close(pipe_[1]);
+  }
+  void signal() { EXPECT_EQ(::write(pipe_[1], "x", 1), 1); }
+  std::vector<int> descriptors() const override { return {pipe_[0]}; }
+  void perform() override {
+    char byte = 0;
+    EXPECT_EQ(::read(pipe_[0], &byte, 1), 1);
+    ++performed;
+    if (onPerform) onPerform();
+  }
+  int performed = 0;
+  std::function<void()> onPerform;
+
+ private:
+  std::array<int, 2> pipe_{};
+};
+
+struct QtRunLoopTest : ::testing::Test {
+  QtApplication application;
+  testing::RecordingDiagnostics diagnostics;
+  CallbackGate gate{application, diagnostics};
+  QtCursor cursor;
+  QtAlerts alerts{gate, cursor};
+  PipeSource source;
+  QtRunLoop loop{gate};
+
+  /// While an alert is up: calls `check`, then presses the alert's only button.
+  void whileAlertIsUp(std::function<void(QMessageBox&)> check) {
+    QTimer::singleShot(0, qApp, [check = std::move(check)] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      check(*box);
+      box->buttons().at(0)->click();
+    });
+  }
+};
+
+TEST_F(QtRunLoopTest, ServesASourceUntilItIsRemovedAlsoByItself) {
+  loop.addSource(source);
+  source.signal();
+  source.signal();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return source.performed == 2; }));
+  source.onPerform = [&] { loop.removeSource(source); };
+  source.signal();
+  source.signal();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return source.performed == 3; }));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(source.performed, 3);
+}
+
+TEST_F(QtRunLoopTest, RepeatsATimerUntilItInvalidatesItself) {
+  int ticks = 0;
+  TimerId timer = 0;
+  timer = loop.startRepeatingTimer(1ms, [&] {
+    if (++ticks == 3) loop.invalidateTimer(timer);
+  });
+  int after = 0;
+  ASSERT_TRUE(QTest::qWaitFor([&] { return ticks == 3; }));
+  const auto witness = loop.startRepeatingTimer(1ms, [&] { ++after; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return after >= 3; }));
+  loop.invalidateTimer(witness);
+  EXPECT_EQ(ticks, 3);
+}
+
+TEST_F(QtRunLoopTest, ServesNothingWhileAnAlertIsUpAndEverythingAfterwards) {
+  int ticks = 0;
+  const auto timer = loop.startRepeatingTimer(1ms, [&] { ++ticks; });
+  loop.addSource(source);
+  source.signal();
+  whileAlertIsUp([&](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "Not found touch device.");
+    EXPECT_EQ(box.buttons().size(), 1);
+    int turns = 0;
+    QTimer turn;
+    QObject::connect(&turn, &QTimer::timeout, [&] { ++turns; });
+    turn.start(2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return turns == 5; }));
+    EXPECT_EQ(source.performed, 0);
+    EXPECT_EQ(ticks, 0);
+  });
+  alerts.show("Warning", "Not found touch device.", "OK");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return source.performed == 1 && ticks > 0; }));
+  loop.invalidateTimer(timer);
+}
+
+TEST_F(QtRunLoopTest, TurnsAnExceptionIntoADiagnosticLine) {
+  loop.addSource(source);
+  source.onPerform = [] { throw std::runtime_error("no value for Handle"); };
+  source.signal();
+  source.signal();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return source.performed == 2; }));
+  EXPECT_EQ(diagnostics.lines, std::vector<std::string>(2, "internal error: no value for Handle"));
+}
+
+TEST_F(QtRunLoopTest, EndsBeforeOrInsideTheLoopAndServesNothingAfterwards) {
+  loop.addSource(source);
+  source.onPerform = [&] { application.exit(3); };
+  source.signal();
+  source.signal();
+  EXPECT_EQ(application.run(), 3);
+  EXPECT_EQ(source.performed, 1);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(source.performed, 1);
+  EXPECT_EQ(application.run(), 3) << "ended before it runs again";
+  application.terminate();
+  EXPECT_EQ(application.run(), 3) << "the first end counts";
+}
+
+TEST_F(QtRunLoopTest, ShowsACursorThatHidingAndBusyTakeTurnsWith) {
+  const auto shape = [] {
+    return QGuiApplication::overrideCursor() == nullptr ? Qt::ArrowCursor
+                                                        : QGuiApplication::overrideCursor()->shape();
+  };
+  cursor.hide();
+  cursor.hide();
+  EXPECT_EQ(shape(), Qt::BlankCursor);
+  cursor.setBusy(true);
+  EXPECT_EQ(shape(), Qt::WaitCursor);
+  cursor.setBusy(false);
+  EXPECT_EQ(shape(), Qt::BlankCursor);
+  whileAlertIsUp([&](QMessageBox&) { EXPECT_EQ(shape(), Qt::ArrowCursor); });
+  alerts.show("Error", "Unable to open device: e0000004.", "OK");
+  EXPECT_EQ(shape(), Qt::BlankCursor);
+  cursor.show();
+  EXPECT_EQ(shape(), Qt::ArrowCursor) << "one show undoes every hide";
+}
+
+}  // namespace
+}  // namespace touchpanel
