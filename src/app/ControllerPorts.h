@@ -9,6 +9,7 @@
 #include "platform/Registry.h"
 #include "platform/StatusLine.h"
 #include "platform/View.h"
+#include "platform/WaitNotice.h"
 
 namespace touchpanel {
 
@@ -29,6 +30,7 @@ struct ControllerPorts {
   PropertyListFiles& files;
   Diagnostics& diagnostics;
   StatusLine& statusLine;
+  WaitNotice& waitNotice;
   ProcessState& process;
   ConfigPaths paths;
 };

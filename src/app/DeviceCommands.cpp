@@ -8,7 +8,8 @@ DeviceCommands::DeviceCommands(const Outlets& outlets, const ControllerPorts& po
       state_(state),
       buttons_(outlets, state),
       driver_(ports.registry),
-      store_(ports.usbServices, ports.files, ports.paths, {ports.clock, ports.diagnostics}) {}
+      store_(ports.usbServices, ports.files, ports.paths, {ports.clock, ports.diagnostics},
+             ports.waitNotice) {}
 
 void DeviceCommands::Reset() {
   if (!state_.hasSelection()) return ports_.statusLine.show({StatusText::NoDeviceSelected});

@@ -1,0 +1,68 @@
+#include "config/DataSet.h"
+
+#include <utility>
+
+#include "config/SettingsKeys.h"
+
+namespace touchpanel {
+
+namespace {
+
+Dictionary defaultDriverConfig() {
+  namespace key = settings_key;
+  return {{key::kTouchMode, 2},
+          {key::kEnableTouch, true},
+          {key::kClickRange, false},  // a boolean in every file of the field; readers take it as 0
+          {key::kSmoothness, 1},
+          {key::kCalibrateMode, 4},
+          {key::kCalibrateType, 0},
+          {key::kEnableRightClick, true},
+          {key::kRightClickTime, 1000},
+          {key::kRightClickArea, 5},
+          {key::kEnableTouchSensitivity, true},
+          {key::kTouchSensitivityTime, 100},
+          {key::kTouchSensitivityArea, 5}};
+}
+
+Dictionary defaultDeviceConfig() {
+  return {{device_config_key::kCalibrateStatus, false},
+          {device_config_key::kCalibParams, Bytes(kCalibParamsSize)}};
+}
+
+}  // namespace
+
+ConfigPaths ConfigPaths::in(const std::string& directory) {
+  return {.driverConfig = directory + "/com.VARNEXO.Driver.Config.plist",
+          .deviceConfig = directory + "/com.VARNEXO.Device.Config.plist"};
+}
+
+DataSet::DataSet(PropertyListFiles& files, ConfigPaths paths) : files_(files), paths_(std::move(paths)) {}
+
+Dictionary DataSet::loadedDriverConfig() const {
+  auto file = files_.read(paths_.driverConfig);
+  return file ? std::move(*file) : defaultDriverConfig();
+}
+
+Dictionary DataSet::loadedDeviceConfig() const {
+  auto file = files_.read(paths_.deviceConfig);
+  return file ? std::move(*file) : defaultDeviceConfig();
+}
+
+bool writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry) {
+  Dictionary contents;
+  try {
+    for (const char* key : settings_key::kAll) contents.set(key, entry.find(key));
+  } catch (const AbsentValue&) {
+    return false;
+  }
+  return files.writeAtomically(paths.driverConfig, contents);
+}
+
+bool writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context) {
+  const auto params = imageOf(context.CalibParams);
+  return files.writeAtomically(
+      paths.deviceConfig, {{device_config_key::kCalibrateStatus, context.DeviceConfig.CalibrateStatus != 0},
+                           {device_config_key::kCalibParams, Bytes(params.begin(), params.end())}});
+}
+
+}  // namespace touchpanel
