@@ -7,21 +7,21 @@
 namespace touchpanel::driver {
 
 namespace {
-using Field = PropertyField<CalibrationSettings>;
+using Field = PropertyField<CalibrationSettings, std::int32_t, bool, _CALIB_PARAMS>;
 
 constexpr std::array kFieldArray = {
     Field{calibration_key::kCalibrateStatus, &CalibrationSettings::calibrateStatus},
     Field{calibration_key::kCalibParams, &CalibrationSettings::params},
-    Field{calibration_key::kMinX, &CalibrationSettings::minX, 0, kLogicalMaximum},
-    Field{calibration_key::kMinY, &CalibrationSettings::minY, 0, kLogicalMaximum},
-    Field{calibration_key::kMaxX, &CalibrationSettings::maxX, 0, kLogicalMaximum},
-    Field{calibration_key::kMaxY, &CalibrationSettings::maxY, 0, kLogicalMaximum}};
+    Field{calibration_key::kMinX, &CalibrationSettings::minX, {0, kLogicalMaximum}},
+    Field{calibration_key::kMinY, &CalibrationSettings::minY, {0, kLogicalMaximum}},
+    Field{calibration_key::kMaxX, &CalibrationSettings::maxX, {0, kLogicalMaximum}},
+    Field{calibration_key::kMaxY, &CalibrationSettings::maxY, {0, kLogicalMaximum}}};
 constexpr std::span<const Field> kFields = kFieldArray;
 
-using CaptureField = PropertyField<CaptureRequest>;
+using CaptureField = PropertyField<CaptureRequest, std::int32_t, bool>;
 constexpr CaptureField kStatCalibrateField{calibration_key::kStatCalibrate, &CaptureRequest::statCalibrate};
-constexpr CaptureField kPointIdField{calibration_key::kPointId, &CaptureRequest::pointId, 0,
-                                     calibration_limit::kMaximumPointId};
+constexpr CaptureField kPointIdField{
+    calibration_key::kPointId, &CaptureRequest::pointId, {0, calibration_limit::kMaximumPointId}};
 
 bool hasArea(const CalibrationSettings& settings) {
   return settings.minX < settings.maxX && settings.minY < settings.maxY;

@@ -12,59 +12,61 @@
 
 namespace touchpanel::driver {
 
-/// One key of a property dictionary, the member of `Record` that holds it, and what may be written to it.
-template <typename Record>
-struct PropertyField {
-  std::string_view key;
-  std::variant<std::int32_t Record::*, bool Record::*, _CALIB_PARAMS Record::*> member;
+/// The integers that a field takes, bounds included.
+struct FieldRange {
   std::int32_t minimum = 0;
   std::int32_t maximum = std::numeric_limits<std::int32_t>::max();
+};
 
-  /// Puts `value` into `record`. False, with `record` unchanged, for another type, size or range. Integers of
-  /// either width are taken; a boolean is no integer and an integer no boolean.
+// Each puts `value` into `member`; false, with `member` unchanged, for another type, size or range. Integers
+// of either width are taken; a boolean is no integer and an integer no boolean.
+inline bool writeMember(std::int32_t& member, const Value& value, FieldRange range) {
+  if (!value.get<std::int32_t>() && !value.get<std::int64_t>()) return false;
+  const auto wide = value.longInteger();
+  if (wide < range.minimum || wide > range.maximum) return false;
+  member = static_cast<std::int32_t>(wide);
+  return true;
+}
+inline bool writeMember(bool& member, const Value& value, FieldRange) {
+  const auto* boolean = value.get<bool>();
+  if (boolean) member = *boolean;
+  return boolean;
+}
+inline bool writeMember(_CALIB_PARAMS& member, const Value& value, FieldRange) {
+  const auto* bytes = value.get<Bytes>();
+  if (!bytes || bytes->size() != kCalibParamsSize) return false;
+  copyImage(*bytes, member);
+  return true;
+}
+
+inline Value readMember(std::int32_t member) { return member; }
+inline Value readMember(bool member) { return member; }
+inline Value readMember(const _CALIB_PARAMS& member) {
+  const auto image = imageOf(member);
+  return Bytes(image.begin(), image.end());
+}
+
+/// One key of a property dictionary, the member of `Record` that holds it (of one of the types `Members`),
+/// and what may be written to it.
+template <typename Record, typename... Members>
+struct PropertyField {
+  std::string_view key;
+  std::variant<Members Record::*...> member;
+  FieldRange range{};
+
   bool write(Record& record, const Value& value) const {
-    if (const auto* integer = std::get_if<std::int32_t Record::*>(&member)) {
-      if (!value.get<std::int32_t>() && !value.get<std::int64_t>()) return false;
-      const auto wide = value.longInteger();
-      if (wide < minimum || wide > maximum) return false;
-      record.*(*integer) = static_cast<std::int32_t>(wide);
-      return true;
-    }
-    if (const auto* boolean = std::get_if<bool Record::*>(&member)) {
-      if (!value.get<bool>()) return false;
-      record.*(*boolean) = *value.get<bool>();
-      return true;
-    }
-    const auto* bytes = value.get<Bytes>();
-    if (!bytes || bytes->size() != kCalibParamsSize) return false;
-    copyImage(*bytes, record.*std::get<_CALIB_PARAMS Record::*>(member));
-    return true;
+    return std::visit([&](auto pointer) { return writeMember(record.*pointer, value, range); }, member);
   }
-
   Value read(const Record& record) const {
-    if (const auto* integer = std::get_if<std::int32_t Record::*>(&member)) return record.*(*integer);
-    if (const auto* boolean = std::get_if<bool Record::*>(&member)) return record.*(*boolean);
-    const auto image = imageOf(record.*std::get<_CALIB_PARAMS Record::*>(member));
-    return Bytes(image.begin(), image.end());
+    return std::visit([&](auto pointer) { return readMember(record.*pointer); }, member);
   }
 };
 
-template <typename Record>
-const PropertyField<Record>* fieldFor(std::span<const PropertyField<Record>> fields, std::string_view key) {
+template <typename Field>
+const Field* fieldFor(std::span<const Field> fields, std::string_view key) {
   for (const auto& field : fields)
     if (field.key == key) return &field;
   return nullptr;
-}
-
-/// Writes every entry of `dictionary` into `record`; kErrorBadArgument, with `record` half written, as soon
-/// as one has an unknown key or is refused. Call it on a copy.
-template <typename Record>
-Status writeAll(std::span<const PropertyField<Record>> fields, const Dictionary& dictionary, Record& record) {
-  for (const auto& [key, value] : dictionary) {
-    const auto* field = fieldFor(fields, key);
-    if (!field || !field->write(record, value)) return kErrorBadArgument;
-  }
-  return kSuccess;
 }
 
 }  // namespace touchpanel::driver

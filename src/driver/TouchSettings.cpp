@@ -8,26 +8,26 @@
 namespace touchpanel::driver {
 
 namespace {
-using Field = PropertyField<TouchSettings>;
+using Field = PropertyField<TouchSettings, std::int32_t, bool>;
 using namespace configration_limit;
 
 constexpr std::array kFieldArray = {
-    Field{configration_key::kMode, &TouchSettings::mode, 0, kMaximumMode},
-    Field{configration_key::kClickRange, &TouchSettings::clickRange, 0, kMaximumArea},
+    Field{configration_key::kMode, &TouchSettings::mode, {0, kMaximumMode}},
+    Field{configration_key::kClickRange, &TouchSettings::clickRange, {0, kMaximumArea}},
     Field{configration_key::kEnableRightClick, &TouchSettings::enableRightClick},
-    Field{configration_key::kRightClickTime, &TouchSettings::rightClickTime, 0, kMaximumTimeMs},
-    Field{configration_key::kRightClickArea, &TouchSettings::rightClickArea, 0, kMaximumArea},
+    Field{configration_key::kRightClickTime, &TouchSettings::rightClickTime, {0, kMaximumTimeMs}},
+    Field{configration_key::kRightClickArea, &TouchSettings::rightClickArea, {0, kMaximumArea}},
     Field{configration_key::kEnableTouchSensitivity, &TouchSettings::enableTouchSensitivity},
-    Field{configration_key::kTouchSensitivityTime, &TouchSettings::touchSensitivityTime, 0, kMaximumTimeMs},
-    Field{configration_key::kTouchSensitivityArea, &TouchSettings::touchSensitivityArea, 0, kMaximumArea},
-    Field{configration_key::kSmoothness, &TouchSettings::smoothness, 0, kMaximumSmoothness},
+    Field{configration_key::kTouchSensitivityTime, &TouchSettings::touchSensitivityTime, {0, kMaximumTimeMs}},
+    Field{configration_key::kTouchSensitivityArea, &TouchSettings::touchSensitivityArea, {0, kMaximumArea}},
+    Field{configration_key::kSmoothness, &TouchSettings::smoothness, {0, kMaximumSmoothness}},
     Field{configration_key::kEnableTouch, &TouchSettings::enableTouch}};
 constexpr std::span<const Field> kFields = kFieldArray;
 }  // namespace
 
 Status write(TouchSettings& settings, const Dictionary& dictionary) {
   auto candidate = settings;
-  if (const auto status = writeAll(kFields, dictionary, candidate); status != kSuccess) return status;
+  if (!writeAcceptable(candidate, dictionary)) return kErrorBadArgument;
   settings = candidate;
   return kSuccess;
 }
