@@ -8,9 +8,11 @@ SimulatedTouchscreen::SimulatedTouchscreen(TouchscreenModel model)
     : model_(std::move(model)),
       firmware_(model_.description),
       surface_(model_.distortion, model_.locationId),
-      driver_([this](const driver::OutputFrame& frame) {
-        if (output_) output_(frame);
-      }) {}
+      driver_(
+          [this](const driver::OutputFrame& frame) {
+            if (output_) output_(frame);
+          },
+          kindOf(model_.description.productId)) {}
 
 firmware::RawPoint SimulatedTouchscreen::touch(firmware::ScreenFraction point,
                                                std::chrono::microseconds now) {

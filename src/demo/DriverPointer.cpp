@@ -1,0 +1,73 @@
+#include "demo/DriverPointer.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QMouseEvent>
+#include <QScreen>
+#include <algorithm>
+
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::demo {
+namespace {
+
+int pixel(std::int32_t logical, int start, int length) {
+  return start + std::min(logical * length / kLogicalMaximum, length - 1);
+}
+
+QPoint pixelAt(std::int32_t x, std::int32_t y) {
+  const QRect screen = QGuiApplication::primaryScreen()->geometry();
+  return {pixel(x, screen.x(), screen.width()), pixel(y, screen.y(), screen.height())};
+}
+
+bool belongsTo(const QWindow* window, const QWindow* owner) {
+  for (; window != nullptr; window = window->transientParent())
+    if (window == owner) return true;
+  return false;
+}
+
+/// Real events to a window behind a modal one are held back before they get here; these have to be as well.
+bool isBlocked(const QWindow* window) {
+  const auto* modal = QGuiApplication::modalWindow();
+  if (modal == nullptr || belongsTo(window, modal)) return false;
+  return modal->modality() == Qt::ApplicationModal || belongsTo(modal, window);
+}
+
+}  // namespace
+
+void DriverPointer::post(const driver::OutputFrame& frame) {
+  QMetaObject::invokeMethod(
+      this, [this, frame] { deliver(frame); }, Qt::QueuedConnection);
+}
+
+void DriverPointer::deliver(const driver::OutputFrame& frame) {
+  move(frame);
+  press(Qt::LeftButton, frame.left || frame.count > 0);
+  press(Qt::RightButton, frame.right);
+  if (buttons_ == Qt::NoButton) target_ = nullptr;
+}
+
+void DriverPointer::move(const driver::OutputFrame& frame) {
+  const QPoint before = position_;
+  if (frame.hasPosition)
+    position_ = pixelAt(frame.x, frame.y);
+  else if (frame.count > 0)
+    position_ = pixelAt(frame.contacts[0].x, frame.contacts[0].y);
+  if (buttons_ == Qt::NoButton) target_ = QGuiApplication::topLevelAt(position_);
+  if (position_ != before) send(QEvent::MouseMove, Qt::NoButton);
+}
+
+void DriverPointer::press(Qt::MouseButton button, bool down) {
+  if (buttons_.testFlag(button) == down) return;
+  buttons_.setFlag(button, down);
+  send(down ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease, button);
+}
+
+void DriverPointer::send(QEvent::Type type, Qt::MouseButton button) {
+  if (target_.isNull() || isBlocked(target_)) return;
+  QMouseEvent event(type, target_->mapFromGlobal(QPointF(position_)), QPointF(position_), button, buttons_,
+                    QGuiApplication::keyboardModifiers());
+  QCoreApplication::sendEvent(target_, &event);
+}
+
+}  // namespace touchpanel::demo

@@ -1,0 +1,88 @@
+#include "demo/MouseFinger.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPointer>
+#include <QScreen>
+#include <algorithm>
+
+namespace touchpanel::demo {
+namespace {
+
+bool isMouseEvent(QEvent::Type type) {
+  return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
+         type == QEvent::MouseMove || type == QEvent::MouseButtonRelease;
+}
+
+firmware::ScreenFraction fractionAt(QPointF global) {
+  const QRectF screen = QGuiApplication::primaryScreen()->geometry();
+  return {std::clamp((global.x() - screen.x()) / screen.width(), 0.0, 1.0),
+          std::clamp((global.y() - screen.y()) / screen.height(), 0.0, 1.0)};
+}
+
+}  // namespace
+
+MouseFinger::MouseFinger(Choice choice, Touched touched, FingerClock& clock)
+    : choice_(std::move(choice)), touched_(std::move(touched)), clock_(clock) {
+  deadline_.setSingleShot(true);
+  deadline_.setTimerType(Qt::PreciseTimer);
+  connect(&deadline_, &QTimer::timeout, this, [this] {
+    if (down_ == nullptr) return;
+    down_->tick(clock_.now());
+    waitForDeadline();
+  });
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool MouseFinger::eventFilter(QObject* receiver, QEvent* event) {
+  // Windows get real events first and spread them to their widgets; what the driver makes of them is not
+  // real.
+  if (!receiver->isWindowType() || !event->spontaneous() || !isMouseEvent(event->type())) return false;
+  return take(*static_cast<const QWindow*>(receiver), *static_cast<const QMouseEvent*>(event));
+}
+
+bool MouseFinger::take(const QWindow& window, const QMouseEvent& event) {
+  const bool isLeft = event.button() == Qt::LeftButton;
+  if (down_ != nullptr) {
+    if (event.type() == QEvent::MouseMove) move(event);
+    if (event.type() == QEvent::MouseButtonRelease && isLeft) lift();
+    return true;
+  }
+  // A button that went down on a mouse comes up on a mouse.
+  if (event.type() == QEvent::MouseButtonRelease) return false;
+  auto* touchscreen = choice_(window);
+  if (touchscreen == nullptr) return false;
+  if (event.type() != QEvent::MouseMove && isLeft) land(*touchscreen, event);
+  return true;
+}
+
+void MouseFinger::land(Touchscreen& touchscreen, const QMouseEvent& event) {
+  down_ = &touchscreen;
+  // A property write may make the driver let go of its buttons at any later time.
+  touchscreen.setOutput([pointer = QPointer(&pointer_)](const driver::OutputFrame& frame) {
+    if (pointer) pointer->post(frame);
+  });
+  move(event);
+}
+
+void MouseFinger::move(const QMouseEvent& event) {
+  const auto point = fractionAt(event.globalPosition());
+  const auto raw = down_->touch(point, clock_.now());
+  touched_(*down_, point, raw);
+  waitForDeadline();
+}
+
+void MouseFinger::lift() {
+  down_->release(clock_.now());
+  down_ = nullptr;
+  deadline_.stop();
+}
+
+void MouseFinger::waitForDeadline() {
+  const auto due = down_->driver().nextDeadline();
+  if (!due) return deadline_.stop();
+  deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(
+      std::max(*due - clock_.now(), std::chrono::microseconds(0))));
+}
+
+}  // namespace touchpanel::demo
