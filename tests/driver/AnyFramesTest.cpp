@@ -1,6 +1,4 @@
 // Whatever comes in, what goes out is sound.
-#include <cstdlib>
-#include <new>
 #include <random>
 #include <set>
 
@@ -8,18 +6,7 @@
 
 #include "driver/TouchDriver.h"
 #include "platform/DriverProperties.h"
-
-namespace {
-thread_local std::size_t allocations = 0;
-}
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size ? size : 1)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/AllocationCount.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -120,12 +107,12 @@ TEST(AnyFrames, AreHandledWithoutAllocating) {
     driver::TouchDriver driver([&](const OutputFrame&) { ++frames; });
     driver.setDoubleClick(std::chrono::milliseconds(500), 5);
     driver.setProperty(property::kConfigration, Dictionary{{"mode", mode}});
-    const auto before = allocations;
+    const auto before = allocationCount();
     for (int i = 0; i < 1000; ++i) {
       driver.process(touches.next());
       driver.tick(touches.now());
     }
-    EXPECT_EQ(allocations, before);
+    EXPECT_EQ(allocationCount(), before);
     EXPECT_GT(frames, 100U);
   }
 }

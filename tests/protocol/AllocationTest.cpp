@@ -1,22 +1,8 @@
-#include <cstdlib>
-#include <new>
-
 #include <gtest/gtest.h>
 
 #include "protocol/Exchange.h"
 #include "protocol/Packet.h"
-
-namespace {
-std::size_t allocations = 0;  // NOLINT: the replaced operators below have nowhere else to count
-}
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "support/AllocationCount.h"
 
 namespace touchpanel {
 namespace {
@@ -76,13 +62,13 @@ TEST(Exchange, AllocatesNothingWhetherItSucceedsOrFails) {
   EchoingDevice deafToReads;
   deafToReads.setReply = REPLY_OPT_SET;
 
-  const std::size_t before = allocations;
+  const std::size_t before = testing::allocationCount();
   const int healthy = getIrTucParam(infrared, context, ports) + saveDataToIrDevice(infrared, context, ports) +
                       getOptTucParam(optical, context, ports) + saveDataToOptDevice(optical, context, ports);
   const int healthyLines = diagnostics.lines;
   const int failed = getIrTucParam(dead, context, ports) + saveDataToOptDevice(dead, context, ports);
   const int partly = getOptTucParam(deafToReads, context, ports);
-  const std::size_t after = allocations;
+  const std::size_t after = testing::allocationCount();
 
   EXPECT_EQ(after, before);
   EXPECT_EQ(healthy, 4);
