@@ -1,6 +1,6 @@
 #include "app/DeviceTable.h"
 
-#include <cstdio>
+#include "app/CellText.h"
 
 namespace touchpanel {
 
@@ -30,16 +30,6 @@ bool DeviceTable::shouldSelectRow(std::int32_t row) {
 
 void DeviceTable::selectFirstRow() {
   if (shouldSelectRow(0)) outlets_.deviceTableView.selectRow(0);
-}
-
-std::string cellText(std::string_view key, const Value& value) {
-  if (key == entry_key::kLocationID) {
-    char text[sizeof "0x00000000"];
-    std::snprintf(text, sizeof text, "0x%08x", static_cast<std::uint32_t>(value.integer()));
-    return text;
-  }
-  if (const auto* text = value.get<std::string>()) return *text;
-  return value.isNumber() ? std::to_string(value.longInteger()) : std::string();
 }
 
 }  // namespace touchpanel

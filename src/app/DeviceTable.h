@@ -31,8 +31,4 @@ class DeviceTable {
   SettingsPanel& settings_;
 };
 
-/// How a value of an entry reads in a table cell: texts and numbers as they are, locations in hexadecimal,
-/// since two identical touchscreens differ only there.
-std::string cellText(std::string_view key, const Value& value);
-
 }  // namespace touchpanel

@@ -14,6 +14,9 @@ const char* statusTemplate(StatusText text) {
       return TRANSLATABLE_TEXT("StatusLine", "Region calibration of %1 started.");
     case StatusText::CalibrationSaved:
       return TRANSLATABLE_TEXT("StatusLine", "The new calibration of %1 was accepted.");
+    case StatusText::CalibrationLeft:
+      return TRANSLATABLE_TEXT("StatusLine",
+                               "The calibration of %1 ended; nothing was written to the touchscreen.");
     case StatusText::CalibrationReset:
       return TRANSLATABLE_TEXT("StatusLine", "The calibration of %1 was reset.");
     case StatusText::TouchEnabled:

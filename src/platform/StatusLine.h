@@ -10,6 +10,7 @@ enum class StatusText {
   CalibrationStarted,
   RegionCalibrationStarted,
   CalibrationSaved,
+  CalibrationLeft,
   CalibrationReset,
   TouchEnabled,
   TouchDisabled,

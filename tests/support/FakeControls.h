@@ -45,7 +45,7 @@ class FakeRadioGroup final : public RadioGroup {
 /// An integer control whose shown() is what a user would read.
 class FakeIntegerControl final : public IntegerControl {
  public:
-  void setEnabled(bool value) override { enabled = value; }
+  void setEnabled(bool isUsable) override { enabled = isUsable; }
   bool isEnabled() const override { return enabled; }
   void setIntegerValue(std::int32_t newValue) override { value = newValue; }
   std::int32_t integerValue() const override { return value; }

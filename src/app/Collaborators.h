@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/CalibrationStarter.h"
+#include "app/CommandButtons.h"
+#include "app/DeviceCommands.h"
+#include "app/DeviceTable.h"
+#include "app/MyController.h"
+#include "app/SettingsPanel.h"
+
+namespace touchpanel {
+
+/// Who does the controller's work. All of them share its state.
+struct MyController::Collaborators {
+  Collaborators(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state,
+                TableReloader& controller)
+      : buttons(outlets, state),
+        settings(outlets, ports, state),
+        table(outlets, state, settings),
+        commands(outlets, ports, state),
+        calibrations(ports, state, controller) {}
+
+  CommandButtons buttons;
+  SettingsPanel settings;
+  DeviceTable table;
+  DeviceCommands commands;
+  CalibrationStarter calibrations;
+};
+
+}  // namespace touchpanel

@@ -1,0 +1,93 @@
+#include "app/MyController.h"
+
+#include "app/Collaborators.h"
+#include "app/VersionLabel.h"
+
+namespace touchpanel {
+
+namespace {
+constexpr int kAboutReturnCode = 1;
+}
+
+MyController::MyController(const Outlets& outlets, const ControllerPorts& ports)
+    : outlets_(outlets),
+      ports_(ports),
+      collaborators_(std::make_unique<Collaborators>(outlets_, ports_, state_, *this)) {
+  init();
+}
+
+MyController::~MyController() = default;
+
+void MyController::init() {
+  state_ = ControllerState();
+  ports_.process.devIntf = nullptr;
+}
+
+void MyController::awakeFromNib() {
+  outlets_.btnMapping.setEnabled(false);
+  registerForUSBNotifications();
+  outlets_.KeyWindow.setHidesOnDeactivate(false);
+  outlets_.lbDriverVersion.setText(driverVersionText());
+}
+
+std::int32_t MyController::numberOfRows() { return collaborators_->table.numberOfRows(); }
+
+std::string MyController::objectValue(std::string_view columnIdentifier, std::int32_t row) {
+  return collaborators_->table.objectValue(columnIdentifier, row);
+}
+
+bool MyController::shouldSelectRow(std::int32_t row) { return collaborators_->table.shouldSelectRow(row); }
+
+bool MyController::shouldSelectColumn(std::int32_t /*column*/) { return false; }
+
+void MyController::reloadTableViewData() {
+  outlets_.deviceTableView.reloadData();
+  UpdateSettings();
+}
+
+void MyController::Exit() { ports_.application.exit(0); }
+
+void MyController::About() { ports_.sheets.begin(outlets_.AboutWindow, outlets_.KeyWindow); }
+
+void MyController::AboutClose() {
+  outlets_.AboutWindow.orderOut();
+  ports_.sheets.end(outlets_.AboutWindow, kAboutReturnCode);
+}
+
+void MyController::EnableAllItems() { collaborators_->buttons.enableAll(); }
+
+void MyController::Calibration() { collaborators_->calibrations.startPoints(); }
+
+void MyController::RegionCalibration() { collaborators_->calibrations.startRegion(); }
+
+void MyController::Reset() { collaborators_->commands.Reset(); }
+
+void MyController::EnableTouch() { collaborators_->commands.EnableTouch(); }
+
+void MyController::Settings() { collaborators_->settings.Settings(); }
+
+void MyController::UpdateSettings() { collaborators_->settings.UpdateSettings(); }
+
+void MyController::RefreshTouchMode(std::int32_t touchMode) {
+  collaborators_->settings.RefreshTouchMode(touchMode);
+}
+
+void MyController::SettingsChange() { collaborators_->settings.SettingsChange(); }
+
+void MyController::SettingsDefault() { collaborators_->settings.SettingsDefault(); }
+
+void MyController::SettingsApply() { collaborators_->settings.SettingsApply(); }
+
+void MyController::SettingsOk() { collaborators_->settings.SettingsOk(); }
+
+void MyController::SettingsCancel() { collaborators_->settings.SettingsCancel(); }
+
+void MyController::SaveDriverConfig() { collaborators_->settings.SaveDriverConfig(); }
+
+void MyController::WriteDriverConfigToFile() { collaborators_->settings.WriteDriverConfigToFile(); }
+
+void MyController::WriteDeviceConfigToFile(const _DEVICT_CONTEXT& context) {
+  writeDeviceConfig(ports_.files, ports_.paths, context);
+}
+
+}  // namespace touchpanel
