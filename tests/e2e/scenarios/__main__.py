@@ -1,14 +1,22 @@
 """All scenarios in their order, inside the guest. Argument: the build folder with the programs under test."""
 
+import pathlib
 import sys
 
 from . import kernel
-from .checks import Report
+from .checks import SHARE, Report
+from .emulator import Emulator
 
 
 def main() -> int:
+    programs = pathlib.Path(sys.argv[1]) / "bin"
     report = Report()
-    report.run(kernel.has_what_touchscreens_need)
+    if report.run(kernel.takes_emulated_devices):
+        emulator = Emulator(programs / "touchscreen-emulator", SHARE / "emulator.log")
+        report.run(kernel.sees_three_kinds, emulator)
+        report.run(kernel.keeps_fingers_apart, emulator)
+        report.run(kernel.survives_unplugging, emulator)
+        emulator.end()
     return 0 if report.held() else 1
 
 

@@ -1,0 +1,44 @@
+"""The emulator's command line, spoken over its socket."""
+
+import pathlib
+import socket
+import subprocess
+
+from .checks import Failed, eventually
+
+
+class Emulator:
+    """A running touchscreen-emulator. Every command waits for its answer."""
+
+    def __init__(self, program: pathlib.Path, log: pathlib.Path):
+        self.path = "/run/touchscreen-emulator.socket"
+        pathlib.Path(self.path).unlink(missing_ok=True)
+        self.process = subprocess.Popen([program, "--socket", self.path], stdin=subprocess.DEVNULL,
+                                        stdout=subprocess.DEVNULL, stderr=log.open("w"))
+        eventually(lambda: pathlib.Path(self.path).exists(), "the emulator's socket")
+        self.connection = socket.socket(socket.AF_UNIX)
+        self.connection.connect(self.path)
+        self.lines = self.connection.makefile("rw")
+
+    def tell(self, command: str) -> str:
+        """Carries one command out and returns what it has to tell."""
+        self.lines.write(command + "\n")
+        self.lines.flush()
+        verdict, _, text = self.lines.readline().strip().partition(" ")
+        if verdict != "ok":
+            raise Failed(f"{command!r} is answered with {verdict} {text}")
+        return text
+
+    def plug(self, name: str, *what: str) -> int:
+        """Plugs a touchscreen in and waits until the kernel has set it up. Returns its port."""
+        port = int(self.tell(" ".join(("plug", name) + what)).split()[1])
+        self.tell(f"await {name} configured")
+        return port
+
+    def stored(self, name: str) -> dict[str, str]:
+        """What the touchscreen holds, in hexadecimal by block."""
+        return dict(pair.split("=", 1) for pair in self.tell(f"dump {name}").split())
+
+    def end(self) -> None:
+        self.process.terminate()
+        self.process.wait(20)
