@@ -342,6 +342,16 @@ TEST(Calibration, DrawsTheButtonThatIsHeldAndPerformsTheOneUnderTheRelease) {
   }
 }
 
+TEST(Calibration, PerformsNothingWhileAButtonIsHeldAgain) {
+  Rig rig(4);
+  rig.start();
+  rig.touchAll();
+  rig.view->mouseUp(kOk);
+  rig.view->mouseDown(kCancel);
+  EXPECT_EQ(rig.settle(), finishedScreen("30", 3));
+  EXPECT_FALSE(rig.isClosed());
+}
+
 TEST(Calibration, ClosesWithoutAWordWhenTheDriverInstanceIsGone) {
   for (const std::int32_t touched : {0, 2, 4}) {
     SCOPED_TRACE(touched);
