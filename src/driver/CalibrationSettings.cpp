@@ -75,4 +75,9 @@ Dictionary toDictionary(const CalibrationSettings& settings) {
   return dictionary;
 }
 
+Dictionary calibrationOf(const _DEVICT_CONTEXT& context) {
+  return {{calibration_key::kCalibrateStatus, context.DeviceConfig.CalibrateStatus != 0},
+          {calibration_key::kCalibParams, readMember(context.CalibParams)}};
+}
+
 }  // namespace touchpanel::driver

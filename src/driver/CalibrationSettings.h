@@ -35,5 +35,7 @@ Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dicti
 bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary);
 /// "calibrateStatus", "calibParams" and the touch area.
 Dictionary toDictionary(const CalibrationSettings& settings);
+/// The "calibration" message that hands a driver instance what a touchscreen itself holds.
+Dictionary calibrationOf(const _DEVICT_CONTEXT& context);
 
 }  // namespace touchpanel::driver

@@ -66,6 +66,8 @@ void TouchDriver::setDoubleClick(std::chrono::milliseconds time, std::int32_t ar
                             std::clamp(area, 0, configration_limit::kMaximumArea));
 }
 
+void TouchDriver::releaseAll() { pipeline_->releaseAll(); }
+
 bool TouchDriver::capturing() const { return pipeline_->capture().active(); }
 
 Dictionary TouchDriver::state() const {

@@ -60,6 +60,11 @@ class TouchDriver {
   /// which an instance starts, is no help. Negative values act as 0.
   void setDoubleClick(std::chrono::milliseconds time, std::int32_t area);
 
+  /// The touchscreen is gone, with whatever fingers were on it: lets go of every button and contact.
+  void releaseAll();
+
+  const CalibrationSettings& calibration() const { return calibration_; }
+  const TouchSettings& settings() const { return settings_; }
   /// Whether a calibration run has capture on.
   bool capturing() const;
 

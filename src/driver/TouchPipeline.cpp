@@ -63,6 +63,11 @@ void TouchPipeline::endTouch() {
   waitingForEmptyGlass_ = fingersDown_;
 }
 
+void TouchPipeline::releaseAll() {
+  fingersDown_ = false;
+  endTouch();
+}
+
 void TouchPipeline::process(const RawFrame& input) {
   tick(input.time);
   auto frame = checked(input);

@@ -42,6 +42,8 @@ class TouchPipeline {
   void process(const RawFrame& input);
   std::optional<std::chrono::microseconds> nextDeadline() const { return pointer_.deadline(); }
   void tick(std::chrono::microseconds now);
+  /// All fingers are gone without having left.
+  void releaseAll();
 
  private:
   void endTouch();

@@ -1,0 +1,87 @@
+#include "driver/service/DriverInstance.h"
+
+#include <array>
+#include <cstdio>
+
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::driver {
+
+DriverInstance::DriverInstance(const TouchscreenIdentity& identity, const ServicePorts& ports,
+                               StateStore& store)
+    : identity_(identity),
+      ports_(ports),
+      store_(store),
+      driver_([this](const OutputFrame& out) { devices_.write(out); }, kindOf(identity.productId)),
+      devices_(identity, ports.inputs, ports.pointers, ports.timers, ports.diagnostics, *this),
+      deadline_(ports.timers.create([this] {
+        driver_.tick(ports_.timers.now());
+        armDeadline();
+      })) {
+  if (!driver_.restore(store_.load(identity_)))
+    ports_.diagnostics.line("A touchscreen's saved state is damaged; what is sound of it is used.");
+  saved_ = driver_.state();
+  devices_.setMultiTouch(driver_.settings().mode == kMultiTouch);
+  startReading();
+}
+
+void DriverInstance::removeNode(const std::string& path) {
+  if (devices_.removeNode(path)) driver_.releaseAll();
+}
+
+Status DriverInstance::setProperty(std::string_view name, const Value& value) {
+  const auto status = driver_.setProperty(name, value);
+  if (status != kSuccess) return status;
+  // Every message that hands over or takes away a calibration says whether there is one.
+  toldCalibration_ = toldCalibration_ || value.get<Dictionary>()->contains(calibration_key::kCalibrateStatus);
+  settingsChanged();
+  return kSuccess;
+}
+
+void DriverInstance::settingsChanged() {
+  devices_.setMultiTouch(driver_.settings().mode == kMultiTouch);
+  armDeadline();
+  auto state = driver_.state();
+  if (state == saved_) return;
+  store_.save(identity_, state);
+  saved_ = std::move(state);
+}
+
+void DriverInstance::frame(const RawFrame& frame) {
+  driver_.process(frame);
+  armDeadline();
+}
+
+void DriverInstance::armDeadline() {
+  if (const auto due = driver_.nextDeadline())
+    deadline_->arm(*due);
+  else
+    deadline_->disarm();
+}
+
+void DriverInstance::startReading() {
+  if (kindOf(identity_.productId) == DeviceKind::ConfigurationOnly) return;
+  _DEVICT_CONTEXT held{};
+  held.DeviceConfig.CalibrateStatus = driver_.calibration().calibrateStatus;
+  held.CalibParams = driver_.calibration().params;
+  reading_ = ports_.calibrations.start(
+      identity_, held,
+      [this](Status status, const _DEVICT_CONTEXT& context) { finishReading(status, context); });
+}
+
+void DriverInstance::finishReading(Status status, const _DEVICT_CONTEXT& context) {
+  if (status != kSuccess) {
+    std::array<char, 112> text{};
+    std::snprintf(
+        text.data(), text.size(),
+        "Touchscreen %08x: its calibration cannot be read (error %08x); the last one known is used.",
+        identity_.locationId, static_cast<unsigned>(status));
+    ports_.diagnostics.line(text.data());
+    return;
+  }
+  if (toldCalibration_) return;
+  driver_.setProperty(property::kCalibration, calibrationOf(context));
+  settingsChanged();
+}
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <string>
+
+#include "driver/InstanceRegistry.h"
+#include "driver/TouchDriver.h"
+#include "driver/service/ServicePorts.h"
+#include "driver/service/StateStore.h"
+#include "driver/service/TouchscreenDevices.h"
+
+namespace touchpanel::driver {
+
+/// One attached touchscreen: its driver, what comes in, what goes out, and what it is remembered by.
+///
+/// On arrival it takes back what its driver was last told; then it reads the calibration that the touchscreen
+/// itself holds, which wins, unless somebody has told the driver another one meanwhile. Each change is saved
+/// before the write that made it returns.
+class DriverInstance final : public PublishedInstance, private FrameListener {
+ public:
+  DriverInstance(const TouchscreenIdentity& identity, const ServicePorts& ports, StateStore& store);
+
+  void addNode(const std::string& path) { devices_.addNode(path); }
+  void removeNode(const std::string& path);
+
+  std::uint32_t locationId() const override { return identity_.locationId; }
+  Dictionary properties() const override { return driver_.properties(); }
+  Status setProperty(std::string_view name, const Value& value) override;
+  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) override {
+    driver_.setDoubleClick(time, area);
+  }
+
+  /// Whether a calibration run is on, whose end somebody has to tell.
+  bool capturing() const { return driver_.capturing(); }
+
+ private:
+  void frame(const RawFrame& frame) override;
+  void startReading();
+  void finishReading(Status status, const _DEVICT_CONTEXT& context);
+  void settingsChanged();
+  void armDeadline();
+
+  TouchscreenIdentity identity_;
+  ServicePorts ports_;
+  StateStore& store_;
+  TouchDriver driver_;
+  Dictionary saved_;
+  bool toldCalibration_ = false;
+  TouchscreenDevices devices_;
+  std::unique_ptr<Timer> deadline_;
+  std::unique_ptr<CalibrationReading> reading_;
+};
+
+}  // namespace touchpanel::driver

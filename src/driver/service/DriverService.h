@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "driver/InstanceRegistry.h"
+#include "driver/service/DriverInstance.h"
+
+namespace touchpanel::driver {
+
+/// Hears of objects that come and go in the service's registry.
+class ObjectListener {
+ public:
+  virtual ~ObjectListener() = default;
+  virtual void published(RegistryObject object) = 0;
+  virtual void withdrawn(RegistryObject object) = 0;
+};
+
+/// All attached touchscreens, as they come and go. A touchscreen is named by its place in the device tree,
+/// `device`; an input node belongs to the touchscreen it is below of, and may be told of before or after it,
+/// twice, or for one that is none of ours.
+class DriverService {
+ public:
+  DriverService(const ServicePorts& ports, StateStore& store);
+
+  void touchscreenArrived(const std::string& device, const TouchscreenIdentity& identity);
+  void touchscreenLeft(const std::string& device);
+  void nodeArrived(const std::string& device, const std::string& node);
+  void nodeLeft(const std::string& node);
+
+  /// What a control panel sees.
+  InstanceRegistry& registry() { return registry_; }
+  /// `listener` may be null; it is told of the objects that are there already, too.
+  void setObjectListener(ObjectListener* listener);
+
+  /// A property write by the client `client`, a name that no other client ever has.
+  Status setProperty(RegistryObject object, std::string_view name, const Value& value,
+                     const std::string& client);
+  /// The client is gone: a calibration run of its is over.
+  void clientLeft(const std::string& client);
+
+ private:
+  void forEachObject(const DriverInstance& instance, void (ObjectListener::*tell)(RegistryObject));
+
+  ServicePorts ports_;
+  StateStore& store_;
+  HidSystem hidSystem_;
+  InstanceRegistry registry_{hidSystem_};
+  std::map<std::string, std::unique_ptr<DriverInstance>> instances_;
+  std::map<std::string, std::string> nodes_;  ///< node to device
+  std::map<const DriverInstance*, std::string> calibrating_;
+  ObjectListener* listener_ = nullptr;
+};
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,40 @@
+#include "driver/service/StateStore.h"
+
+#include <array>
+#include <cstdio>
+
+namespace touchpanel::driver {
+
+std::string StateStore::pathOf(const TouchscreenIdentity& identity) const {
+  std::array<char, 48> name{};
+  std::snprintf(name.data(), name.size(), "/touchscreen-%08x-%04x.plist", identity.locationId,
+                identity.productId);
+  return directory_ + name.data();
+}
+
+Dictionary StateStore::load(const TouchscreenIdentity& identity) {
+  return files_.read(pathOf(identity)).value_or(Dictionary());
+}
+
+void StateStore::save(const TouchscreenIdentity& identity, const Dictionary& state) {
+  write(pathOf(identity), state);
+}
+
+void StateStore::load(HidSystem& hidSystem) {
+  const auto contents = files_.read(hidSystemPath());
+  if (!contents) return;
+  for (const auto& [name, value] : *contents) hidSystem.setProperty(name, value);
+}
+
+void StateStore::save(const HidSystem& hidSystem) {
+  write(hidSystemPath(), *hidSystem.properties().begin()->second.get<Dictionary>());
+}
+
+void StateStore::write(const std::string& path, const Dictionary& contents) {
+  if (files_.writeAtomically(path, contents))
+    trouble_.end("State can be saved again.");
+  else
+    trouble_.begin("State cannot be saved in " + directory_ + ": settings are lost when the service ends.");
+}
+
+}  // namespace touchpanel::driver

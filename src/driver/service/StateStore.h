@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "driver/HidSystem.h"
+#include "driver/service/TouchscreenIdentity.h"
+#include "driver/service/Trouble.h"
+#include "platform/PropertyListFiles.h"
+
+namespace touchpanel::driver {
+
+/// What touchscreens were told, kept in one directory: a property-list file for each location and product,
+/// and one for the double-click settings. A save is on disk when the call returns, or the old contents still
+/// are.
+class StateStore {
+ public:
+  /// The directory must exist.
+  StateStore(PropertyListFiles& files, std::string directory, Diagnostics& diagnostics)
+      : files_(files), directory_(std::move(directory)), trouble_(diagnostics) {}
+
+  /// Empty when nothing is known.
+  Dictionary load(const TouchscreenIdentity& identity);
+  void save(const TouchscreenIdentity& identity, const Dictionary& state);
+  /// Leaves `hidSystem` as it is where nothing acceptable is known.
+  void load(HidSystem& hidSystem);
+  void save(const HidSystem& hidSystem);
+
+ private:
+  std::string pathOf(const TouchscreenIdentity& identity) const;
+  std::string hidSystemPath() const { return directory_ + "/double-click.plist"; }
+  void write(const std::string& path, const Dictionary& contents);
+
+  PropertyListFiles& files_;
+  std::string directory_;
+  Trouble trouble_;
+};
+
+}  // namespace touchpanel::driver

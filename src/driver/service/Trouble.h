@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/Diagnostics.h"
+
+namespace touchpanel::driver {
+
+/// One thing that can go wrong and get well again, told once each way however often it is tried.
+class Trouble {
+ public:
+  explicit Trouble(Diagnostics& diagnostics) : diagnostics_(diagnostics) {}
+
+  void begin(std::string_view text) {
+    if (current_ == text) return;
+    current_ = text;
+    diagnostics_.line(current_);
+  }
+  void end(std::string_view text) {
+    if (current_.empty()) return;
+    current_.clear();
+    diagnostics_.line(text);
+  }
+
+ private:
+  Diagnostics& diagnostics_;
+  std::string current_;
+};
+
+}  // namespace touchpanel::driver

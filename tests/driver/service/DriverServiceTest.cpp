@@ -1,0 +1,348 @@
+// The service's own life: touchscreens come and go, things are refused and recovered, state is kept.
+#include <gtest/gtest.h>
+
+#include "FakeCalibrationReader.h"
+#include "FakePointerDevices.h"
+#include "FakeTimers.h"
+#include "FakeTouchInputs.h"
+#include "driver/service/DriverService.h"
+#include "platform/DriverProperties.h"
+#include "support/FakePropertyListFiles.h"
+#include "support/RecordingDiagnostics.h"
+
+namespace touchpanel::testing {
+namespace {
+
+using namespace std::chrono_literals;
+using driver::RawFrame;
+
+constexpr std::uint32_t kHere = 0x00110000;
+constexpr char kUsb[] = "/sys/usb1";
+constexpr char kNode[] = "/dev/input/event3";
+
+class Service : public ::testing::Test {
+ protected:
+  Service() { start(); }
+
+  /// The process ends without a word, and another one starts.
+  void start() {
+    service.reset();
+    store = std::make_unique<driver::StateStore>(files, "/state", diagnostics);
+    service = std::make_unique<driver::DriverService>(
+        driver::ServicePorts{inputs, pointers, timers, reader, diagnostics}, *store);
+  }
+  void plug(std::uint16_t product = kProductConfigurationOnly) {
+    service->touchscreenArrived(kUsb, {kHere, product});
+    service->nodeArrived(kUsb, kNode);
+  }
+  RegistryObject object() { return service->registry().instancesOf(class_name::kTouchDriver).at(0); }
+  Status write(std::string_view name, Dictionary value, const std::string& client = ":1.1") {
+    return service->setProperty(object(), name, std::move(value), client);
+  }
+  Dictionary read(const char* name) { return *service->registry().properties(object())->dictionary(name); }
+  void touch(std::chrono::milliseconds at, std::int32_t x, std::int32_t y) {
+    timers.time = at;
+    inputs.touch(kNode, {at, 1, {{{0, x, y}}}});
+  }
+  void lift(std::chrono::milliseconds at) {
+    timers.time = at;
+    inputs.touch(kNode, {at, 0, {}});
+  }
+  FakePointerDevices::Device& pointer() { return pointers.devices[kHere]; }
+
+  FakeTouchInputs inputs;
+  FakePointerDevices pointers;
+  FakeTimers timers;
+  FakeCalibrationReader reader;
+  RecordingDiagnostics diagnostics;
+  FakePropertyListFiles files;
+  std::unique_ptr<driver::StateStore> store;
+  std::unique_ptr<driver::DriverService> service;
+};
+
+struct Heard final : driver::ObjectListener {
+  void published(RegistryObject object) override { log += "+" + std::to_string(object) + " "; }
+  void withdrawn(RegistryObject object) override { log += "-" + std::to_string(object) + " "; }
+  std::string log;
+};
+
+TEST_F(Service, PublishesATouchscreenWhileItIsThereAndNeverReusesAHandle) {
+  Heard heard;
+  service->setObjectListener(&heard);
+  plug();
+  plug();
+  EXPECT_EQ(heard.log, "+256 +257 +258 ");
+  EXPECT_EQ(service->registry().properties(257)->longInteger("LocationID"), kHere);
+  service->touchscreenLeft(kUsb);
+  service->touchscreenLeft(kUsb);
+  EXPECT_EQ(service->setProperty(256, "calibration", Dictionary{}, ":1.1"), kErrorNoDevice);
+  EXPECT_FALSE(inputs.nodes[kNode].held);
+  EXPECT_FALSE(pointer().exists);
+  plug();
+  EXPECT_EQ(heard.log, "+256 +257 +258 -256 -257 -258 +259 +260 +261 ");
+  service->setObjectListener(nullptr);
+}
+
+TEST_F(Service, CarriesTouchesFromTheNodeToThePointer) {
+  service->nodeArrived(kUsb, kNode);
+  EXPECT_FALSE(inputs.nodes[kNode].held) << "not ours as long as no touchscreen is known for it";
+  plug();
+  write("configration", {{"enableRightClick", false}});
+  touch(0ms, 100, 200);
+  lift(8ms);
+  ASSERT_EQ(pointer().frames.size(), 2U);
+  EXPECT_TRUE(pointer().frames[0].left);
+  EXPECT_EQ(pointer().frames[0].x, 100);
+}
+
+TEST_F(Service, MakesTheRightClickOfAFingerThatReportsNothingMore) {
+  plug();
+  touch(0ms, 100, 200);
+  timers.advance(1500ms);
+  lift(1600ms);
+  ASSERT_EQ(pointer().frames.size(), 3U);
+  EXPECT_TRUE(pointer().frames[1].right);
+}
+
+TEST_F(Service, LetsGoOfTheButtonWhenTheNodeVanishesUnderAFinger) {
+  plug();
+  write("configration", {{"enableRightClick", false}});
+  touch(0ms, 100, 200);
+  service->nodeLeft(kNode);
+  EXPECT_FALSE(pointer().frames.back().left);
+  service->nodeArrived(kUsb, kNode);
+  touch(100ms, 300, 200);
+  EXPECT_TRUE(pointer().frames.back().left) << "a touch on the node that came back";
+}
+
+TEST_F(Service, HoldsEveryPointingNodeButListensToTheFirstThatReportsTouches) {
+  inputs.nodes["/dev/input/event1"].touches = false;
+  inputs.nodes["/dev/input/event2"].openResult = kErrorUnsupported;
+  service->touchscreenArrived(kUsb, {kHere, kProductConfigurationOnly});
+  for (const char* node : {"/dev/input/event1", "/dev/input/event2", kNode, "/dev/input/event4"})
+    service->nodeArrived(kUsb, node);
+  EXPECT_TRUE(inputs.nodes["/dev/input/event1"].held);
+  EXPECT_TRUE(inputs.nodes["/dev/input/event4"].held);
+  EXPECT_TRUE(inputs.nodes[kNode].listener);
+  EXPECT_FALSE(inputs.nodes["/dev/input/event4"].listener);
+  timers.advance(10s);
+  EXPECT_EQ(inputs.nodes["/dev/input/event2"].attempts, 1) << "a keyboard stays one";
+  service->nodeLeft(kNode);
+  EXPECT_TRUE(inputs.nodes["/dev/input/event4"].listener) << "the next one takes its place";
+}
+
+TEST_F(Service, KeepsTryingARefusedGrabAndSaysSoOnce) {
+  inputs.nodes[kNode].openResult = kErrorExclusiveAccess;
+  plug();
+  timers.advance(5s);
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
+  EXPECT_GE(inputs.nodes[kNode].attempts, 5);
+  inputs.nodes[kNode].openResult = kSuccess;
+  timers.advance(1s);
+  EXPECT_TRUE(inputs.nodes[kNode].held);
+  EXPECT_EQ(diagnostics.lines.size(), 2U);
+  const int attempts = inputs.nodes[kNode].attempts;
+  timers.advance(10s);
+  EXPECT_EQ(inputs.nodes[kNode].attempts, attempts);
+}
+
+TEST_F(Service, LeavesTheDesktopItsRawTouchesWhileThereIsNoPointerDevice) {
+  pointers.createResult = kErrorNotFound;
+  plug();
+  EXPECT_FALSE(inputs.nodes[kNode].held);
+  EXPECT_EQ(write("configration", {{"mode", 3}}), kSuccess) << "settings are taken all the same";
+  timers.advance(5s);
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
+  pointers.createResult = kSuccess;
+  timers.advance(1s);
+  EXPECT_TRUE(inputs.nodes[kNode].listener);
+  EXPECT_TRUE(pointer().multiTouch);
+  EXPECT_EQ(diagnostics.lines.size(), 2U);
+}
+
+TEST_F(Service, MakesANewPointerDeviceWhenWritingFails) {
+  plug();
+  pointer().writeResult = kErrorNoDevice;
+  touch(0ms, 1, 1);
+  lift(10ms);
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
+  pointer().writeResult = kSuccess;
+  timers.advance(2s);
+  EXPECT_EQ(pointers.attempts, 2);
+  touch(3000ms, 5, 5);
+  EXPECT_EQ(pointer().frames.back().x, 5);
+}
+
+TEST_F(Service, HasAMultiTouchDeviceInModeThreeOnly) {
+  plug();
+  EXPECT_FALSE(pointer().multiTouch);
+  write("configration", {{"mode", 3}});
+  EXPECT_TRUE(pointer().multiTouch);
+  start();
+  plug();
+  EXPECT_TRUE(pointer().multiTouch) << "after a restart, too";
+  write("configration", {{"mode", 2}});
+  EXPECT_FALSE(pointer().multiTouch);
+}
+
+TEST_F(Service, KeepsWhatItWasToldThroughRestartAndReplug) {
+  plug();
+  write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}, {"statCalibrate", true}});
+  write("configration", {{"smoothness", 9}, {"mode", 1}});
+  const auto configration = read("configration");
+  auto calibration = read("calibration");
+  calibration.set("statCalibrate", false);
+  for (const bool restart : {true, false}) {
+    if (restart)
+      start();
+    else
+      service->touchscreenLeft(kUsb);
+    plug();
+    EXPECT_EQ(read("configration"), configration);
+    EXPECT_EQ(read("calibration"), calibration);
+  }
+}
+
+TEST_F(Service, TellsTwoTouchscreensOfAKindApartByTheirPlace) {
+  plug();
+  write("configration", {{"smoothness", 9}});
+  service->touchscreenArrived("/sys/usb2", {kHere + 1, kProductConfigurationOnly});
+  const auto other = service->registry().instancesOf(class_name::kTouchDriver).at(1);
+  EXPECT_EQ(service->registry().properties(other)->dictionary("configration")->integer("smoothness"), 1);
+}
+
+TEST_F(Service, WritesNoFileForAWriteThatChangesNothing) {
+  plug();
+  write("calibration", {});
+  write("configration", {{"mode", 2}});
+  write("calibration", {{"statCalibrate", true}});
+  EXPECT_EQ(write("configration", {{"mode", 99}}), kErrorBadArgument);
+  EXPECT_EQ(files.writeAttempts, 0);
+  write("configration", {{"mode", 1}});
+  EXPECT_EQ(files.writeAttempts, 1);
+}
+
+TEST_F(Service, GoesOnWhenStateCannotBeSavedAndSaysSoOnce) {
+  files.writable = false;
+  plug();
+  EXPECT_EQ(write("configration", {{"mode", 1}}), kSuccess);
+  EXPECT_EQ(write("configration", {{"mode", 0}}), kSuccess);
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
+  files.writable = true;
+  write("configration", {{"mode", 1}});
+  EXPECT_EQ(diagnostics.lines.size(), 2U);
+}
+
+TEST_F(Service, UsesWhatIsSoundOfADamagedStateFile) {
+  plug();
+  write("configration", {{"mode", 1}, {"smoothness", 5}});
+  for (auto& [path, contents] : files.files)
+    contents = {{"configration", Dictionary{{"mode", "1"}, {"smoothness", 5}}}, {"calibration", 3}};
+  start();
+  plug();
+  EXPECT_EQ(read("configration").integer("mode"), 2);
+  EXPECT_EQ(read("configration").integer("smoothness"), 5);
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
+}
+
+_DEVICT_CONTEXT calibratedDevice() {
+  _DEVICT_CONTEXT context{};
+  context.DeviceConfig.CalibrateStatus = 1;
+  context.CalibParams.X.A10 = context.CalibParams.Y.A01 = 1;
+  context.CalibParams.X.A00 = 50;
+  return context;
+}
+
+TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
+  plug(kProductOptical);
+  write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}});
+  start();
+  plug(kProductOptical);
+  EXPECT_EQ(reader.underWay.at(kHere).held.DeviceConfig.CalibrateStatus, 1)
+      << "a block that cannot be read keeps this";
+  EXPECT_EQ(imageOf(reader.underWay.at(kHere).held.CalibParams)[5], 7);
+  touch(0ms, 100, 100);
+  EXPECT_EQ(pointer().frames.size(), 1U) << "touches do not wait for the reading";
+  lift(5ms);
+  reader.finish(kHere, kSuccess, calibratedDevice());
+  const auto image = imageOf(calibratedDevice().CalibParams);
+  EXPECT_EQ(*read("calibration").bytes("calibParams"), Bytes(image.begin(), image.end()));
+  start();
+  plug(kProductOptical);
+  EXPECT_EQ(*read("calibration").bytes("calibParams"), Bytes(image.begin(), image.end()))
+      << "and remembers it";
+}
+
+TEST_F(Service, PrefersWhatAPanelSaidWhileTheDeviceWasRead) {
+  plug(kProductInfrared0080);
+  write("calibration", {});
+  write("calibration", {{"calibrateStatus", false}});
+  reader.finish(kHere, kSuccess, calibratedDevice());
+  EXPECT_FALSE(read("calibration").boolean("calibrateStatus"));
+}
+
+TEST_F(Service, KeepsTheRememberedCalibrationWhenTheDeviceCannotBeRead) {
+  plug(kProductInfrared0080);
+  write("calibration", {{"calibrateStatus", true}});
+  start();
+  plug(kProductInfrared0080);
+  reader.finish(kHere, kErrorTimeout, {});
+  EXPECT_TRUE(read("calibration").boolean("calibrateStatus"));
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
+}
+
+TEST_F(Service, AbandonsTheReadingOfATouchscreenThatLeaves) {
+  plug(kProductInfrared0080);
+  service->touchscreenLeft(kUsb);
+  EXPECT_TRUE(reader.underWay.empty());
+  plug(kProductConfigurationOnly);
+  EXPECT_TRUE(reader.underWay.empty()) << "this kind holds nothing to read";
+}
+
+TEST_F(Service, EndsTheCalibrationRunOfAPanelThatDied) {
+  plug();
+  write("calibration", {{"statCalibrate", true}}, ":1.7");
+  write("calibration", {{"pointId", 1}}, ":1.8");
+  service->clientLeft(":1.8");
+  EXPECT_TRUE(read("calibration").boolean("statCalibrate"));
+  service->clientLeft(":1.7");
+  EXPECT_FALSE(read("calibration").boolean("statCalibrate"));
+  write("calibration", {{"statCalibrate", true}}, ":1.8");
+  service->clientLeft(":1.7");
+  EXPECT_TRUE(read("calibration").boolean("statCalibrate"));
+}
+
+TEST_F(Service, SharesTheDoubleClickSettingsAndKeepsThem) {
+  plug();
+  service->touchscreenArrived("/sys/usb2", {kHere + 1, kProductConfigurationOnly});
+  const auto systems = service->registry().instancesOf(class_name::kHidSystem);
+  ASSERT_EQ(systems.size(), 2U);
+  EXPECT_EQ(service->setProperty(systems[1], "HIDClickTime", 700'000'000, ":1.1"), kSuccess);
+  EXPECT_EQ(service->setProperty(systems[1], "HIDClickSpace", Array{8, 9}, ":1.1"), kSuccess);
+  const std::vector<std::pair<const char*, Value>> bad = {{"HIDClickTime", -1},
+                                                          {"HIDClickTime", true},
+                                                          {"HIDClickTime", std::int64_t{60'000'000'001}},
+                                                          {"HIDClickSpace", Array{1}},
+                                                          {"HIDClickSpace", Array{1, -1}},
+                                                          {"HIDClickSpace", Array{"1", 1}},
+                                                          {"HIDClickSpace", 5}};
+  for (const auto& [name, value] : bad)
+    EXPECT_EQ(service->setProperty(systems[0], name, value, ":1.1"), kErrorBadArgument) << name;
+  EXPECT_EQ(service->setProperty(systems[0], "HIDParameters", Dictionary{}, ":1.1"), kErrorUnsupported);
+  start();
+  plug();
+  const auto parameters =
+      *service->registry().properties(service->registry().instancesOf(class_name::kHidSystem).at(0));
+  EXPECT_EQ(parameters.dictionary("HIDParameters")->longInteger("HIDClickTime"), 700'000'000);
+  EXPECT_EQ(*parameters.dictionary("HIDParameters")->array("HIDClickSpace"), (Array{8, 9}));
+
+  // Felt: a second tap 8 units away lands on the first one's point.
+  write("configration", {{"enableRightClick", false}});
+  touch(0ms, 5000, 5000);
+  lift(10ms);
+  touch(600ms, 5250, 5000);
+  EXPECT_EQ(pointer().frames.back().x, 5000);
+}
+
+}  // namespace
+}  // namespace touchpanel::testing
