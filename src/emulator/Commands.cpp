@@ -1,5 +1,6 @@
 #include "emulator/Commands.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdio>
@@ -170,14 +171,15 @@ Plan tap(const Context& context) {
 
 Plan swipe(const Context& context) {
   const firmware::ScreenFraction from = context.point(2), to = context.point(4);
-  const auto moves = static_cast<int>(context.time(6, 0s) / kGestureStep);
+  const Time step = std::max<Time>(context.time(7, kGestureStep), 1ms);
+  const auto moves = static_cast<int>(context.time(6, 0s) / step);
   Gesture gesture(context.pluggedTouchscreen(), 0, context.now);
   gesture.touch(from);
   for (int i = 1; i <= moves; ++i) {
     const double part = static_cast<double>(i) / moves;
-    gesture.wait(kGestureStep).touch({from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)});
+    gesture.wait(step).touch({from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)});
   }
-  return gesture.wait(kGestureStep).lift().plan();
+  return gesture.wait(step).lift().plan();
 }
 
 Plan fault(const Context& context) {
@@ -280,7 +282,8 @@ constexpr std::array kRules = {
     CommandRule{"up", "NAME FINGER", 2, 2, up, "take it off"},
     CommandRule{"tap", "NAME X Y [MS]", 3, 4, tap, "touch and leave after 60 ms"},
     CommandRule{"hold", "NAME X Y MS", 4, 4, tap, "touch and leave after a time"},
-    CommandRule{"swipe", "NAME X Y TO-X TO-Y MS", 6, 6, swipe, "touch, move and leave, a report every 10 ms"},
+    CommandRule{"swipe", "NAME X Y TO-X TO-Y MS [STEP-MS]", 6, 7, swipe,
+                "touch, move and leave, a report every 10 ms"},
     CommandRule{"fault", "NAME FAULT [NUMBER]", 2, 3, fault, "from now on it has that fault; none ends it"},
     CommandRule{"dump", "NAME", 1, 1, dump, "tell what it has stored, in hexadecimal"},
     CommandRule{"list", "", 0, 0, list, "tell all touchscreens with their ports"},

@@ -141,6 +141,8 @@ TEST_F(SessionTest, SwipesFromPointToPoint) {
   EXPECT_EQ(run("swipe a 0 0 0.5 0.5 100"), "ok raw 16384 16384\n");
   EXPECT_EQ(now - before, 110ms);
   EXPECT_EQ(reportsWaiting("a"), 12U) << "first touch, ten moves, and the lift";
+  run("swipe a 0 0 0.5 0.5 100 5");
+  EXPECT_EQ(reportsWaiting("a"), 22U);
 }
 
 TEST_F(SessionTest, TellsOfTouchesThatNobodyRead) {
