@@ -43,6 +43,8 @@ class RegionCalibration final : public View {
   bool isOpaque() const override { return false; }
 
   const CalibrationRun& run() const { return run_; }
+  /// The rectangle has not been chosen yet.
+  bool isChoosing() const { return !bDraw; }
 
  private:
   void timerCallBack();

@@ -14,6 +14,9 @@ TouchscreenControls::TouchscreenControls(simulated::SimulatedTouchscreens& machi
   ui_->setupUi(this);
   const QString name = QString::fromStdString(touchscreen.model().name);
   setObjectName(name);
+  auto policy = ui_->argumentBox->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);  // the window keeps its size whatever is chosen
+  ui_->argumentBox->setSizePolicy(policy);
   ui_->faultBox->setAccessibleName(tr("Fault of %1").arg(name));
   for (const auto& choice : faults_) {
     ui_->faultBox->addItem(choice.title);
@@ -38,23 +41,32 @@ void TouchscreenControls::togglePlug() {
 }
 
 void TouchscreenControls::chooseFault() {
-  const auto& choice = faults_[static_cast<std::size_t>(ui_->faultBox->currentIndex())];
-  const QSignalBlocker quiet(ui_->argumentBox);
-  ui_->argumentBox->setRange(choice.minimum, choice.maximum);
-  ui_->argumentBox->setDisplayIntegerBase(choice.hexadecimal ? 16 : 10);
-  ui_->argumentBox->setPrefix(choice.hexadecimal ? QStringLiteral("0x") : QString());
-  ui_->argumentBox->setValue(choice.initial);
-  ui_->argumentLabel->setText(choice.argumentTitle);
-  ui_->argumentLabel->setVisible(!choice.argumentTitle.isEmpty());
-  ui_->argumentBox->setVisible(!choice.argumentTitle.isEmpty());
+  const auto& choice = chosenFault();
   ui_->faultBox->setToolTip(choice.explanation);
   ui_->faultBox->setAccessibleDescription(choice.explanation);
+  ui_->argumentBox->setVisible(choice.argument.has_value());
+  showArgument(choice.argument.value_or(FaultArgument()));
   applyFault();
 }
 
+const FaultChoice& TouchscreenControls::chosenFault() const {
+  return faults_[static_cast<std::size_t>(ui_->faultBox->currentIndex())];
+}
+
+void TouchscreenControls::showArgument(const FaultArgument& argument) {
+  const QSignalBlocker quiet(ui_->argumentBox);
+  ui_->argumentBox->setRange(argument.minimum, argument.maximum);
+  ui_->argumentBox->setDisplayIntegerBase(argument.base);
+  ui_->argumentBox->setPrefix(argument.prefix);
+  ui_->argumentBox->setSuffix(argument.suffix);
+  ui_->argumentBox->setValue(argument.initial);
+  ui_->argumentBox->setToolTip(argument.meaning);
+  ui_->argumentBox->setAccessibleName(argument.meaning);
+}
+
 void TouchscreenControls::applyFault() {
-  const auto& choice = faults_[static_cast<std::size_t>(ui_->faultBox->currentIndex())];
-  touchscreen_.firmware().setFault({choice.fault, static_cast<std::uint32_t>(ui_->argumentBox->value())});
+  touchscreen_.firmware().setFault(
+      {chosenFault().fault, static_cast<std::uint32_t>(ui_->argumentBox->value())});
 }
 
 void TouchscreenControls::showPlugging() {

@@ -32,6 +32,8 @@ class TouchscreenControls final : public QWidget {
  private:
   void togglePlug();
   void chooseFault();
+  const FaultChoice& chosenFault() const;
+  void showArgument(const FaultArgument& argument);
   void applyFault();
   void showPlugging();
 

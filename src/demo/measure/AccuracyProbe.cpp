@@ -11,6 +11,10 @@ using namespace std::chrono_literals;
 constexpr auto kBetweenTaps = 10s;
 constexpr auto kTapLasts = 60ms;
 
+firmware::ScreenFraction inside(const TouchedBox& box, firmware::ScreenFraction point) {
+  return {box.corner.x + point.x * box.size.x, box.corner.y + point.y * box.size.y};
+}
+
 std::optional<driver::Point> landing(simulated::SimulatedTouchscreen& touchscreen,
                                      firmware::ScreenFraction point, FingerClock& clock) {
   std::optional<driver::Point> first;
@@ -28,10 +32,10 @@ std::optional<driver::Point> landing(simulated::SimulatedTouchscreen& touchscree
 }  // namespace
 
 std::optional<ErrorSummary> probeAccuracy(simulated::SimulatedTouchscreen& touchscreen, ScreenSize screen,
-                                          FingerClock& clock) {
+                                          FingerClock& clock, const TouchedBox& box) {
   std::vector<double> errors;
   for (const auto& point : testPoints()) {
-    const auto landed = landing(touchscreen, point, clock);
+    const auto landed = landing(touchscreen, inside(box, point), clock);
     if (!landed) return std::nullopt;
     errors.push_back(errorInPixels(point, *landed, screen));
   }
