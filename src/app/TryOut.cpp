@@ -1,0 +1,113 @@
+#include "app/TryOut.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace touchpanel {
+namespace {
+
+/// Test points form a grid of five columns and three rows. The middle and the corners come first, so that the
+/// first handful of taps already tells of the whole surface.
+struct Cell {
+  int column;
+  int row;
+};
+constexpr int kColumns = 5, kRows = 3;
+constexpr std::array<Cell, kColumns* kRows> kOrder = {{{2, 1},
+                                                       {0, 0},
+                                                       {4, 2},
+                                                       {4, 0},
+                                                       {0, 2},
+                                                       {2, 0},
+                                                       {2, 2},
+                                                       {0, 1},
+                                                       {4, 1},
+                                                       {1, 0},
+                                                       {3, 2},
+                                                       {3, 0},
+                                                       {1, 2},
+                                                       {1, 1},
+                                                       {3, 1}}};
+
+float middleOf(int cell, int cells, float extent) {
+  return extent * (static_cast<float>(cell) + 0.5F) / static_cast<float>(cells);
+}
+
+float distance(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
+
+/// Errors of `taps` in a unit that is `perPointX` and `perPointY` to a point.
+TryOutError errorOf(const std::vector<TryOutTap>& taps, double perPointX, double perPointY) {
+  TryOutError error;
+  for (const auto& tap : taps) {
+    const double each = std::hypot((tap.landed.x - tap.testPoint.x) * perPointX,
+                                   (tap.landed.y - tap.testPoint.y) * perPointY);
+    error.mean += each / static_cast<double>(taps.size());
+    error.largest = std::max(error.largest, each);
+  }
+  return error;
+}
+
+}  // namespace
+
+void TryOut::setSurface(const Size& surface, const SurfaceScale& scale) {
+  if (surface == surface_ && scale == scale_) return;
+  surface_ = surface;
+  scale_ = scale;
+  clear();
+  testPoints_.clear();
+  if (!(surface.width > 0 && surface.height > 0)) return;
+  for (const auto& [column, row] : kOrder)
+    testPoints_.push_back({middleOf(column, kColumns, surface.width), middleOf(row, kRows, surface.height)});
+}
+
+std::optional<Point> TryOut::markedPoint() const {
+  if (testPoints_.empty()) return std::nullopt;
+  return testPoints_[taps_.size() % testPoints_.size()];
+}
+
+void TryOut::press(Point location) {
+  touched_ = true;
+  strayed_ = false;
+  start_ = location;
+  trail_ = {location};
+}
+
+void TryOut::move(Point location) {
+  if (!touched_) return;
+  if (distance(location, start_) > kTapReach) strayed_ = true;
+  if (trail_.size() == kTrailLength) trail_.erase(trail_.begin());
+  trail_.push_back(location);
+}
+
+void TryOut::release(Point location) {
+  if (!touched_) return;
+  move(location);
+  touched_ = false;
+  const auto marked = markedPoint();
+  if (marked && !strayed_) taps_.push_back({*marked, location});
+}
+
+void TryOut::cancel() {
+  touched_ = false;
+  trail_.clear();
+}
+
+void TryOut::clear() {
+  cancel();
+  taps_.clear();
+}
+
+std::size_t TryOut::tapsUntilResult() const {
+  return kTapsForResult - std::min(taps_.size(), kTapsForResult);
+}
+
+std::optional<TryOutResult> TryOut::result() const {
+  if (tapsUntilResult() > 0) return std::nullopt;
+  TryOutResult result{taps_.size(), errorOf(taps_, scale_.pixelsPerPoint, scale_.pixelsPerPoint), {}};
+  if (const auto& mm = scale_.millimetres; mm && mm->perPointX > 0 && mm->perPointY > 0)
+    result.millimetres = errorOf(taps_, mm->perPointX, mm->perPointY);
+  return result;
+}
+
+}  // namespace touchpanel

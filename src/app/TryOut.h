@@ -1,0 +1,100 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "platform/Geometry.h"
+
+namespace touchpanel {
+
+/// How long a step of one point on the surface is.
+struct SurfaceScale {
+  struct Millimetres {
+    double perPointX = 0;
+    double perPointY = 0;
+    bool operator==(const Millimetres&) const = default;
+  };
+  double pixelsPerPoint = 1;  ///< 2 on a screen of double density
+  /// None when the screen does not tell its size. Values that are not above 0 count as none.
+  std::optional<Millimetres> millimetres;
+  bool operator==(const SurfaceScale&) const = default;
+};
+
+/// One touch that was meant for a test point, both in points of the surface.
+struct TryOutTap {
+  Point testPoint;
+  Point landed;
+  bool operator==(const TryOutTap&) const = default;
+};
+
+/// Distances between where touches were meant and where they landed.
+struct TryOutError {
+  double mean = 0;
+  double largest = 0;
+  bool operator==(const TryOutError&) const = default;
+};
+
+struct TryOutResult {
+  std::size_t taps = 0;
+  TryOutError pixels;
+  std::optional<TryOutError> millimetres;  ///< when the screen's size is known
+  bool operator==(const TryOutResult&) const = default;
+};
+
+/// Judges a calibration by touches: test points on a surface of which one at a time is marked, and how far
+/// from it each tap lands. A tap always counts for the marked point, however far away it lands, since on a
+/// badly calibrated screen the nearest point is often not the one that was meant. Reads pointer input only
+/// and changes nothing.
+///
+/// | state   | press         | move           | release                                        | cancel  |
+/// |---------|---------------|----------------|------------------------------------------------|---------|
+/// | idle    | touched       | -              | -                                              | -       |
+/// | touched | touched, anew | longer trail   | idle; a tap when the trail kept near its start | idle    |
+///
+/// Locations and sizes are in points of the surface; which way y grows is the caller's choice.
+class TryOut {
+ public:
+  /// Taps before a result is told, so that no single touch passes for a judgement.
+  static constexpr std::size_t kTapsForResult = 5;
+  /// A touch that strays further than this from where it came down, in points, is a drawing and not a tap.
+  static constexpr float kTapReach = 12;
+  /// Points of a trail that are kept, so that a drawing without end does not grow without end.
+  static constexpr std::size_t kTrailLength = 1000;
+
+  /// Lays the test points out over `surface`; forgets all taps when anything is different from before. A
+  /// surface without extent has no test points.
+  void setSurface(const Size& surface, const SurfaceScale& scale);
+
+  const std::vector<Point>& testPoints() const { return testPoints_; }
+  /// The test point to be touched next; none when there are none.
+  std::optional<Point> markedPoint() const;
+
+  void press(Point location);
+  void move(Point location);
+  void release(Point location);
+  /// The touch under way is not to count, as when the page is left.
+  void cancel();
+  /// Forgets all taps and marks the first point again.
+  void clear();
+
+  /// Every tap in order.
+  const std::vector<TryOutTap>& taps() const { return taps_; }
+  /// Where the touch under way, or the last one, went; of a long one the later part.
+  const std::vector<Point>& trail() const { return trail_; }
+  std::size_t tapsUntilResult() const;
+  /// None before kTapsForResult taps.
+  std::optional<TryOutResult> result() const;
+
+ private:
+  Size surface_;
+  SurfaceScale scale_;
+  std::vector<Point> testPoints_;  ///< in the order in which they are marked
+  std::vector<TryOutTap> taps_;
+  std::vector<Point> trail_;
+  Point start_;
+  bool touched_ = false;
+  bool strayed_ = false;  ///< the touch under way went further than a tap may
+};
+
+}  // namespace touchpanel
