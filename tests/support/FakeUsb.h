@@ -130,10 +130,14 @@ class FakeUsbNotifications final : public UsbNotifications {
     RunLoopSource& runLoopSource() override { return *this; }
     std::vector<int> descriptors() const override { return {}; }
     void perform() override {
-      for (const auto& watch : watches)
-        if (watch->isArmed && !watch->pending.empty()) watch->callback(*watch);
+      while (!messages.empty()) {
+        auto& watch = *messages.front();
+        messages.pop_front();
+        if (watch.isArmed && !watch.pending.empty()) watch.callback(watch);
+      }
     }
     std::vector<std::unique_ptr<Watch>> watches;
+    std::deque<Watch*> messages;  ///< one for each event, in the order of the events
   };
 
   // How it behaves.
@@ -151,7 +155,10 @@ class FakeUsbNotifications final : public UsbNotifications {
   void announce(UsbEvent event, UsbService service, std::uint16_t productId) {
     for (const auto& port : ports)
       for (const auto& watch : port->watches)
-        if (watch->event == event && watch->productId == productId) watch->pending.push_back(service);
+        if (watch->event == event && watch->productId == productId) {
+          watch->pending.push_back(service);
+          port->messages.push_back(watch.get());
+        }
   }
   std::vector<std::pair<UsbService, std::uint16_t>> attached_;
 };

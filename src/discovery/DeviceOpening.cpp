@@ -1,0 +1,64 @@
+#include "discovery/DeviceOpening.h"
+
+#include <chrono>
+
+#include "discovery/StatusText.h"
+
+namespace touchpanel {
+
+namespace {
+constexpr int kOpenAttempts = 50;
+constexpr std::chrono::milliseconds kBetweenAttempts{500};
+}  // namespace
+
+UsbDeviceInterface* DeviceOpening::open(UsbService service) {
+  const UsbPlugIn plugIn = plugInOf(service);
+  if (plugIn == 0) return nullptr;
+  UsbDeviceInterface* const device = interfaceOf(plugIn);
+  if (device == nullptr) return nullptr;
+  const Status status = openPatiently(*device);
+  if (status == kSuccess) return device;
+  giveUp(*device, status);
+  return nullptr;
+}
+
+UsbPlugIn DeviceOpening::plugInOf(UsbService service) {
+  UsbPlugIn plugIn = 0;
+  ports_.usbServices.createPlugIn(service, plugIn);
+  // Success is judged by the release: a service that can no longer be released is gone, and so is what was
+  // made of it.
+  const Status released = ports_.usbServices.releaseService(service);
+  if (released == kSuccess && plugIn != 0) return plugIn;
+  ports_.diagnostics.line(withStatus("Unable to create a plug-in (%08x)", released));
+  return 0;
+}
+
+UsbDeviceInterface* DeviceOpening::interfaceOf(UsbPlugIn plugIn) {
+  UsbDeviceInterface* device = nullptr;
+  const Status status = ports_.usbServices.queryDeviceInterface(plugIn, device);
+  ports_.process.devIntf = device;
+  ports_.usbServices.destroyPlugIn(plugIn);
+  if (status == kSuccess && device != nullptr) return device;
+  ports_.diagnostics.line(withStatus("couldn't create a device interface (%08x)", status));
+  return nullptr;
+}
+
+Status DeviceOpening::openPatiently(UsbDeviceInterface& device) {
+  WaitScope wait(ports_.waitNotice, WaitText::OpeningTouchscreen);
+  Status status = device.open();
+  for (int attempt = 2; attempt <= kOpenAttempts && status != kSuccess; ++attempt) {
+    wait.change({.text = WaitText::TouchscreenInUse, .attempt = attempt});
+    ports_.clock.sleep(kBetweenAttempts);
+    status = device.open();
+  }
+  return status;
+}
+
+void DeviceOpening::giveUp(UsbDeviceInterface& device, Status status) {
+  ports_.diagnostics.line(withStatus("unable to open device: %08x", status));
+  device.release();
+  ports_.process.devIntf = nullptr;
+  ports_.alerts.show("Error", withStatus("Unable to open device: %08x.", status), "OK");
+}
+
+}  // namespace touchpanel
