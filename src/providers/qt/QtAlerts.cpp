@@ -9,19 +9,11 @@
 namespace touchpanel {
 namespace {
 
-/// The full-screen window above everything, if there is one.
-ViewSurface* shield() {
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (auto* surface = dynamic_cast<ViewSurface*>(window); surface != nullptr && surface->isVisible())
-      return surface;
-  return nullptr;
-}
-
 /// Makes a shield give way to `box` for as long as this lives: the box joins it above the window manager's
 /// windows and has the keyboard.
 class InFrontOfShield {
  public:
-  explicit InFrontOfShield(QMessageBox& box) : shield_(shield()) {
+  explicit InFrontOfShield(QMessageBox& box) : shield_(ViewSurface::shown()) {
     if (shield_ == nullptr) return;
     hadKeyboard_ = QWidget::keyboardGrabber() == shield_;
     shield_->releaseKeyboard();

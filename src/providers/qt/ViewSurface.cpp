@@ -1,5 +1,6 @@
 #include "providers/qt/ViewSurface.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -86,7 +87,34 @@ void ViewSurface::paintEvent(QPaintEvent* /*event*/) {
     return;
   }
   painter.drawImage(QPointF(0, 0), image_);
+  if (!banner_.isEmpty()) paintBanner(painter);
   if (image_.devicePixelRatio() != devicePixelRatioF()) requestDisplay();
+}
+
+void ViewSurface::paintBanner(QPainter& painter) {
+  QFont large = font();
+  large.setPixelSize(18);
+  painter.setFont(large);
+  QRectF text = painter.boundingRect(QRectF(rect()), Qt::AlignCenter, banner_);
+  text.moveCenter(QPointF(width() / 2.0, height() * 0.85));
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0, 0, 0, 200));
+  painter.drawRoundedRect(text.adjusted(-24, -14, 24, 14), 8, 8);
+  painter.setPen(Qt::white);
+  painter.drawText(text, Qt::AlignCenter, banner_);
+}
+
+void ViewSurface::setBanner(const QString& text) {
+  banner_ = text;
+  repaint();
+}
+
+ViewSurface* ViewSurface::shown() {
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (auto* surface = dynamic_cast<ViewSurface*>(window); surface != nullptr && surface->isVisible())
+      return surface;
+  return nullptr;
 }
 
 void ViewSurface::resizeEvent(QResizeEvent* /*event*/) { requestDisplay(); }

@@ -26,6 +26,11 @@ class ViewSurface final : public QWidget {
 
   /// Has the view draw itself, soon and from the event loop. Requests before that are merged.
   void requestDisplay();
+  /// A line of text in front of the view's picture, drawn at once; empty takes it away.
+  void setBanner(const QString& text);
+
+  /// The surface that covers the screen now; null when there is none.
+  static ViewSurface* shown();
   /// What the view drew last, in device pixels.
   const QImage& image() const { return image_; }
 
@@ -42,6 +47,7 @@ class ViewSurface final : public QWidget {
  private:
   void display();
   void prepareImage();
+  void paintBanner(QPainter& painter);
   void sendMouse(const QMouseEvent& event, void (View::*handler)(Point));
   void sendKey(std::uint16_t keyCode);
 
@@ -49,6 +55,7 @@ class ViewSurface final : public QWidget {
   View* view_ = nullptr;
   QtCanvas* canvas_ = nullptr;  ///< while the view draws
   bool isRequested_ = false;
+  QString banner_;
   QImage image_;
 };
 

@@ -1,0 +1,159 @@
+#include "panel/ControlPanel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDir>
+#include <QSysInfo>
+
+#include "app/DiagnosticsReport.h"
+#include "app/VersionLabel.h"
+#include "platform_build/BuildConstants.h"
+
+namespace touchpanel {
+namespace {
+
+/// A sheet is laid out before its controls are bound: binding looks for each control's label.
+template <typename Form>
+Form laidOut(QDialog& sheet) {
+  Form form;
+  form.setupUi(&sheet);
+  return form;
+}
+
+}  // namespace
+
+ControlPanel::ControlPanel(const PanelPlatform& platform)
+    : platform_(platform),
+      diagnostics_(platform_.diagnostics),
+      gate_(application_, diagnostics_),
+      runLoop_(gate_),
+      alerts_(gate_, cursor_),
+      screen_(gate_),
+      settingsSheet_(&mainWindow_),
+      settings_(laidOut<Ui::SettingsSheet>(settingsSheet_)),
+      aboutSheet_(&mainWindow_),
+      about_(laidOut<Ui::AboutSheet>(aboutSheet_)),
+      statusArea_(*mainWindow_.ui().lbStatus),
+      statusLine_(statusArea_),
+      waitNotice_(cursor_, statusArea_, startUp_),
+      controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
+      controller_(controls_.outlets(), controllerPorts()) {
+  QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
+  controls_.deviceTableView.setSource(controller_);
+  controls_.deviceTableView.onReload = [this](int rows) { mainWindow_.showRows(rows); };
+  connectMainWindow();
+  connectSettingsSheet();
+  connectAboutSheet();
+}
+
+ControlPanel::~ControlPanel() = default;
+
+ControllerPorts ControlPanel::controllerPorts() {
+  return {.application = application_,
+          .alerts = alerts_,
+          .sheets = sheets_,
+          .screen = screen_,
+          .cursor = cursor_,
+          .presentation = presentation_,
+          .clock = platform_.clock,
+          .runLoop = runLoop_,
+          .registry = platform_.registry,
+          .usbNotifications = platform_.usbNotifications,
+          .usbServices = platform_.usbServices,
+          .files = platform_.files,
+          .diagnostics = diagnostics_,
+          .statusLine = statusLine_,
+          .waitNotice = waitNotice_,
+          .process = process_,
+          .paths = platform_.paths};
+}
+
+void ControlPanel::start() {
+  startUp_.open();
+  gate_.pass([this] { controller_.awakeFromNib(); });
+  startUp_.hide();
+  if (application_.isEnding()) return;
+  mainWindow_.show();
+  controller_.applicationDidFinishLaunching();
+}
+
+int ControlPanel::run() {
+  start();
+  return application_.run();
+}
+
+void ControlPanel::connectCommand(QAbstractButton& button, QAction* entry, void (MyController::*action)()) {
+  const auto perform = [this, action] { gate_.pass([&] { (controller_.*action)(); }); };
+  QObject::connect(&button, &QAbstractButton::clicked, &button, perform);
+  if (entry != nullptr) QObject::connect(entry, &QAction::triggered, &button, perform);
+}
+
+void ControlPanel::connectMainWindow() {
+  const auto& ui = mainWindow_.ui();
+  connectCommand(*ui.btnCalibrate, ui.actionCalibrate, &MyController::Calibration);
+  connectCommand(*ui.btnRegionCalibrate, ui.actionRegionCalibrate, &MyController::RegionCalibration);
+  connectCommand(*ui.btnReset, ui.actionReset, &MyController::Reset);
+  connectCommand(*ui.btnEnableTouch, ui.actionEnableTouch, &MyController::EnableTouch);
+  connectCommand(*ui.btnMapping, nullptr, &MyController::Mapping);
+  connectCommand(*ui.btnSettings, ui.actionSettings, &MyController::Settings);
+  connectCommand(*ui.btnAbout, ui.actionAbout, &MyController::About);
+  connectCommand(*ui.btnExit, ui.actionExit, &MyController::Exit);
+  QObject::connect(ui.tabView, &QTabWidget::currentChanged, &mainWindow_,
+                   [this](int index) { controller_.didSelectTabViewItem(index); });
+  mainWindow_.mayClose = [this] {
+    if (!controller_.windowShouldClose()) return false;
+    if (controller_.applicationShouldTerminateAfterLastWindowClosed()) application_.terminate();
+    return true;
+  };
+}
+
+void ControlPanel::connectSettingsSheet() {
+  QAbstractButton* const choices[] = {settings_.touchMode0, settings_.touchMode1, settings_.touchMode2,
+                                      settings_.touchMode3};
+  TouchModeDrawing* const drawings[] = {settings_.touchModeDrawing0, settings_.touchModeDrawing1,
+                                        settings_.touchModeDrawing2, settings_.touchModeDrawing3};
+  for (std::size_t mode = 0; mode < std::size(choices); ++mode) drawings[mode]->setChoice(*choices[mode]);
+
+  connectCommand(*settings_.btnDefault, nullptr, &MyController::SettingsDefault);
+  connectCommand(*settings_.btnApply, nullptr, &MyController::SettingsApply);
+  connectCommand(*settings_.btnOk, nullptr, &MyController::SettingsOk);
+  connectCommand(*settings_.btnCancel, nullptr, &MyController::SettingsCancel);
+  settingsSheet_.onDismiss = [this] { gate_.pass([this] { controller_.SettingsCancel(); }); };
+  controls_.onSettingsEdited([this] { gate_.pass([this] { controller_.SettingsChange(); }); });
+}
+
+void ControlPanel::connectAboutSheet() {
+  about_.lbAboutDriverVersion->setText(QString::fromStdString(driverVersionText()));
+  about_.lbAboutBuildVersion->setText(QString::fromUtf8(kBuildVersion));
+  QString licences = QStringLiteral("Qt %1: GNU LGPL 3").arg(QString::fromUtf8(qVersion()));
+  for (const auto& [name, licence] : platform_.libraries)
+    licences += QStringLiteral("\n%1: %2").arg(QString::fromStdString(name), QString::fromStdString(licence));
+  about_.aboutLicences->setPlainText(licences);
+
+  connectCommand(*about_.btnAboutClose, nullptr, &MyController::AboutClose);
+  aboutSheet_.onDismiss = [this] { gate_.pass([this] { controller_.AboutClose(); }); };
+  QObject::connect(about_.btnCopyReport, &QAbstractButton::clicked, &aboutSheet_, [this] {
+    gate_.pass([this] {
+      QGuiApplication::clipboard()->setText(QString::fromStdString(diagnosticsReport()));
+      about_.lbCopied->setText(QCoreApplication::translate("AboutSheet", "Copied."));
+    });
+  });
+}
+
+std::string ControlPanel::diagnosticsReport() {
+  const auto user = qEnvironmentVariable("USER");
+  return touchpanel::diagnosticsReport(
+      {.versions = {{"Touch Panel", kBuildVersion},
+                    {"Driver label", driverVersionText()},
+                    {"Qt", qVersion()},
+                    {"System", QSysInfo::prettyProductName().toStdString()},
+                    {"Kernel", QSysInfo::kernelVersion().toStdString()}},
+       .devices = controller_.state().deviceListArray,
+       .registry = platform_.registry,
+       .lines = diagnostics_.lines(),
+       .privateWords = {.homePath = QDir::homePath().toStdString(),
+                        .userName = user.toStdString(),
+                        .hostName = QSysInfo::machineHostName().toStdString()}});
+}
+
+}  // namespace touchpanel

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <memory>
+
+#include "app/MyController.h"
+#include "panel/PanelControls.h"
+#include "panel/PanelPlatform.h"
+#include "platform/RecentDiagnostics.h"
+#include "providers/qt/QtAlerts.h"
+#include "providers/qt/QtApplication.h"
+#include "providers/qt/QtPresentation.h"
+#include "providers/qt/QtRunLoop.h"
+#include "providers/qt/QtScreen.h"
+#include "providers/qt/QtSheets.h"
+#include "providers/qt/QtStatusLine.h"
+#include "providers/qt/QtWaitNotice.h"
+#include "providers/qt/SheetDialog.h"
+
+namespace touchpanel {
+
+/// The whole control panel on a given platform: its windows, their outlets and the controller behind them.
+/// Needs a QApplication that outlives it. One to a process.
+class ControlPanel {
+ public:
+  explicit ControlPanel(const PanelPlatform& platform);
+  ~ControlPanel();
+
+  /// Finds and reads the attached touchscreens, which blocks for seconds, and shows the main window, unless
+  /// the program is ending by then.
+  void start();
+  /// start(), then the application's loop until it ends. Returns the process's status.
+  int run();
+
+  Application& application() { return application_; }
+  MyController& controller() { return controller_; }
+  MainWindowWidget& mainWindow() { return mainWindow_; }
+  QDialog& settingsSheet() { return settingsSheet_; }
+  QDialog& aboutSheet() { return aboutSheet_; }
+  std::string diagnosticsReport();
+
+ private:
+  ControllerPorts controllerPorts();
+  void connectMainWindow();
+  void connectSettingsSheet();
+  void connectAboutSheet();
+  /// Has the user's use of `button` and of `entry` (may be null) call `action` of the controller.
+  void connectCommand(QAbstractButton& button, QAction* entry, void (MyController::*action)());
+
+  PanelPlatform platform_;
+  RecentDiagnostics diagnostics_;
+  QtApplication application_;
+  CallbackGate gate_;
+  QtRunLoop runLoop_;
+  QtCursor cursor_;
+  QtAlerts alerts_;
+  QtSheets sheets_;
+  QtScreen screen_;
+  QtPresentation presentation_;
+  ProcessState process_;
+
+  StartUpPanel startUp_;
+  MainWindowWidget mainWindow_;
+  SheetDialog settingsSheet_;
+  Ui::SettingsSheet settings_;
+  SheetDialog aboutSheet_;
+  Ui::AboutSheet about_;
+  StatusArea statusArea_;
+  QtStatusLine statusLine_;
+  QtWaitNotice waitNotice_;
+  PanelControls controls_;
+  MyController controller_;
+};
+
+}  // namespace touchpanel

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "config/DataSet.h"
+#include "platform/Clock.h"
+#include "platform/Diagnostics.h"
+#include "platform/PropertyListFiles.h"
+#include "platform/Registry.h"
+#include "platform/Usb.h"
+
+namespace touchpanel {
+
+/// A library that the program is built with, for the About sheet.
+struct LibraryInUse {
+  std::string name;
+  std::string licence;
+};
+
+/// What the control panel runs on, beside its windows: real devices or simulated ones. Nothing is owned.
+struct PanelPlatform {
+  UsbNotifications& usbNotifications;
+  UsbServices& usbServices;
+  Registry& registry;
+  PropertyListFiles& files;
+  Clock& clock;
+  Diagnostics& diagnostics;
+  ConfigPaths paths;
+  std::vector<LibraryInUse> libraries = {};  ///< without Qt, which the panel adds itself
+};
+
+}  // namespace touchpanel
