@@ -2,6 +2,7 @@
 
 #include "app/Collaborators.h"
 #include "app/VersionLabel.h"
+#include "discovery/DeviceList.h"
 
 namespace touchpanel {
 
@@ -88,6 +89,23 @@ void MyController::WriteDriverConfigToFile() { collaborators_->settings.WriteDri
 
 void MyController::WriteDeviceConfigToFile(const _DEVICT_CONTEXT& context) {
   writeDeviceConfig(ports_.files, ports_.paths, context);
+}
+
+bool MyController::registerForUSBNotifications() {
+  return collaborators_->discovery.registerForUSBNotifications();
+}
+
+bool MyController::CheckDevice(std::uint32_t locationId) const {
+  return touchpanel::CheckDevice(state_.deviceListArray, locationId);
+}
+
+void MyController::RemoveDeviceFromArray() {
+  touchpanel::RemoveDeviceFromArray(collaborators_->devices, ports_.registry, ports_.application);
+}
+
+void MyController::LoadDeviceConfig(_DEVICT_CONTEXT& context, UsbDeviceInterface& device,
+                                    RegistryObject handle, std::uint32_t locationId) {
+  collaborators_->discovery.configLoading().LoadDeviceConfig(context, device, handle, locationId);
 }
 
 }  // namespace touchpanel

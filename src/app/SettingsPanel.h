@@ -6,17 +6,20 @@
 
 namespace touchpanel {
 
+// clang-format off: it would fill the table's lines
 /// The settings sheet: it shows the selected device's settings and applies them to every listed device.
 ///
-///     state      | entered by                     | Apply    | bSaveSettings | OK        | leaves on
-///     closed     | OK, Cancel                     |          |               |           | Settings ->
-///     untouched untouched  | Settings, another selection    | disabled | as it was     | see below | a
-///     change -> changed changed    | a change of any control        | enabled  | false         | saves     |
-///     Apply -> applied applied    | Apply                          | disabled | true          | saves not |
-///     a change -> changed
+///     state     | entered by                  | Apply    | OK saves           | leaves on
+///     ----------+-----------------------------+----------+--------------------+-----------------------------
+///     closed    | OK, Cancel                  |          |                    | Settings -> untouched
+///     untouched | Settings                    | disabled | yes                | a difference -> changed
+///     changed   | a difference in any control | enabled  | yes                | Apply -> applied
+///     back      | no difference any more      | disabled | as it was before   | a difference -> changed
+///     applied   | Apply                       | disabled | no: bSaveSettings  | a difference -> changed
 ///
-/// A change that makes the controls equal to the stored settings again only disables Apply: OK then still
-/// saves, since a difference was seen on the way. OK saves unless `bSaveSettings` is set; opening clears it.
+/// Every state leaves to closed on OK and Cancel. Another selection while the sheet is up shows that device's
+/// settings, disables Apply, and leaves what OK does as it was.
+// clang-format on
 class SettingsPanel {
  public:
   SettingsPanel(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state);

@@ -8,6 +8,10 @@ const char* statusTemplate(StatusText text) {
   switch (text) {
     case StatusText::NoDeviceSelected:
       return TRANSLATABLE_TEXT("StatusLine", "No touchscreen is selected.");
+    case StatusText::DeviceConnected:
+      return TRANSLATABLE_TEXT("StatusLine", "%1 was connected.");
+    case StatusText::DeviceUnplugged:
+      return TRANSLATABLE_TEXT("StatusLine", "A touchscreen was unplugged.");
     case StatusText::CalibrationStarted:
       return TRANSLATABLE_TEXT("StatusLine", "Calibration of %1 started.");
     case StatusText::RegionCalibrationStarted:

@@ -7,6 +7,8 @@ namespace touchpanel {
 /// What the status line can tell. The English text stands in statusTemplate(), once.
 enum class StatusText {
   NoDeviceSelected,
+  DeviceConnected,
+  DeviceUnplugged,
   CalibrationStarted,
   RegionCalibrationStarted,
   CalibrationSaved,

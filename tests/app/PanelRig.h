@@ -51,6 +51,27 @@ struct PanelRig {
     return registryObjectOf(*entry, entry_key::kHiddevice);
   }
 
+  /// The same ports with another machine behind them.
+  ControllerPorts portsOn(Registry& otherRegistry, UsbNotifications& notifications, UsbServices& services) {
+    return {application,
+            alerts,
+            sheets,
+            screen,
+            cursor,
+            presentation,
+            clock,
+            runLoop,
+            otherRegistry,
+            notifications,
+            services,
+            files,
+            diagnostics,
+            statusLine,
+            waitNotice,
+            process,
+            ConfigPaths{"driver.plist", "device.plist"}};
+  }
+
   FakeInterface interface;
   FakeApplication application;
   FakeAlerts alerts;
@@ -71,23 +92,7 @@ struct PanelRig {
   ProcessState process;
   ControllerState state;
   Outlets outlets = interface.outlets();
-  ControllerPorts ports{application,
-                        alerts,
-                        sheets,
-                        screen,
-                        cursor,
-                        presentation,
-                        clock,
-                        runLoop,
-                        registry,
-                        usbNotifications,
-                        usbServices,
-                        files,
-                        diagnostics,
-                        statusLine,
-                        waitNotice,
-                        process,
-                        ConfigPaths{"driver.plist", "device.plist"}};
+  ControllerPorts ports = portsOn(registry, usbNotifications, usbServices);
 };
 
 }  // namespace touchpanel::testing

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstddef>
+
+#include "app/DeviceTable.h"
+#include "discovery/DeviceListOwner.h"
+#include "platform/StatusLine.h"
+
+namespace touchpanel {
+
+/// The controller's list as discovery sees it. What discovery selects is highlighted too, and the status line
+/// tells who came and that someone left.
+class DiscoveredDevices final : public DeviceListOwner {
+ public:
+  DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
+                    StatusLine& statusLine);
+
+  DeviceListArray& deviceListArray() override { return state_.deviceListArray; }
+  Dictionary& drvConfigDict() override { return state_.drvConfigDict; }
+  void reloadDeviceTable() override;
+  bool shouldSelectRow(std::int32_t row) override;
+
+ private:
+  const Outlets& outlets_;
+  ControllerState& state_;
+  DeviceTable& table_;
+  StatusLine& statusLine_;
+  std::size_t told_ = 0;  ///< length of the list that the status line was told of
+};
+
+}  // namespace touchpanel

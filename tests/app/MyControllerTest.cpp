@@ -1,0 +1,210 @@
+#include <gmock/gmock.h>
+
+#include "PanelRig.h"
+#include "app/MainWindow.h"
+#include "app/MyController.h"
+#include "providers/simulated/SimulatedTouchscreens.h"
+
+namespace touchpanel::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::SizeIs;
+
+/// A control panel on a simulated machine with one touchscreen of each kind.
+class ControlPanel : public ::testing::Test, public PanelRig {
+ protected:
+  ControlPanel() {
+    for (auto& model : simulated::exampleTouchscreens()) machine.add(model);
+  }
+  simulated::SimulatedTouchscreen& touchscreen(std::uint16_t productId) {
+    for (const auto& each : machine.all())
+      if (each->productId() == productId) return *each;
+    throw std::logic_error("no such touchscreen");
+  }
+  void plugInAll() {
+    for (const auto& each : machine.all()) machine.plugIn(*each);
+  }
+  std::vector<std::int32_t> listedProducts() const {
+    std::vector<std::int32_t> products;
+    for (const auto& entry : controller.state().deviceListArray)
+      products.push_back(entry->integer(entry_key::kProductID));
+    return products;
+  }
+  const DeviceEntry& entry(std::size_t row) const { return controller.state().deviceListArray.at(row); }
+  const DeviceEntry& selected() const { return controller.state().currentDict; }
+  /// What a table does once it is on screen.
+  void showTable() { controller.objectValue(entry_key::kSN, 0); }
+
+  simulated::SimulatedTouchscreens machine;
+  MyController controller{outlets, portsOn(machine.registry(), machine.usb(), machine.usb())};
+};
+
+TEST_F(ControlPanel, ListsWhatIsAttachedBeforeTheWindowIsShown) {
+  plugInAll();
+  controller.awakeFromNib();
+  EXPECT_THAT(listedProducts(), ElementsAre(0x0001, 0x0C20, 0x0080));
+  EXPECT_EQ(controller.numberOfRows(), 3);
+  EXPECT_EQ(interface.deviceTableView.reloads, 3);
+  EXPECT_FALSE(interface.btnMapping.enabled);
+  EXPECT_FALSE(interface.KeyWindow.hidesOnDeactivate);
+  EXPECT_EQ(interface.lbDriverVersion.text, "15.1.3.0004");
+  EXPECT_TRUE(selected()->empty()) << "nothing is selected before the table asks for a cell";
+  EXPECT_FALSE(application.isEnding());
+
+  interface.singleClickArea.value = 77;
+  showTable();
+  EXPECT_EQ(selected(), entry(0));
+  EXPECT_EQ(interface.singleClickArea.value, 0);
+  EXPECT_NE(process.devIntf, nullptr);
+}
+
+TEST_F(ControlPanel, EndsBeforeTheWindowIsShownWhenThereIsNoDriverInstance) {
+  alerts.onShow = [&] {
+    EXPECT_FALSE(interface.btnMapping.enabled) << "done before discovery";
+    EXPECT_TRUE(interface.KeyWindow.hidesOnDeactivate) << "done after discovery";
+    EXPECT_EQ(interface.lbDriverVersion.text, "");
+  };
+  controller.awakeFromNib();
+  EXPECT_THAT(alerts.panels, ElementsAre(FakeAlerts::Panel{"Warning", "Not found touch device.", "OK"}));
+  EXPECT_TRUE(application.isTerminated);
+}
+
+TEST_F(ControlPanel, EndsWithTheLastTouchscreen) {
+  plugInAll();
+  controller.awakeFromNib();
+  showTable();
+  for (const auto product : {0x0080, 0x0001, 0x0C20}) {
+    EXPECT_FALSE(application.exitStatus.has_value());
+    machine.unplug(touchscreen(static_cast<std::uint16_t>(product)));
+    runLoop.performSources();
+  }
+  EXPECT_THAT(controller.state().deviceListArray, IsEmpty());
+  EXPECT_EQ(application.exitStatus, 0);
+}
+
+TEST_F(ControlPanel, SelectsTheFirstRowWhenAnyTouchscreenLeaves) {
+  plugInAll();
+  controller.awakeFromNib();
+  showTable();
+  controller.shouldSelectRow(2);
+  interface.deviceTableView.highlighted = 2;
+  machine.unplug(touchscreen(0x0001));
+  runLoop.performSources();
+  EXPECT_THAT(listedProducts(), ElementsAre(0x0C20, 0x0080));
+  EXPECT_EQ(selected(), entry(0));
+  EXPECT_EQ(interface.deviceTableView.highlighted, 0);
+  EXPECT_TRUE(interface.smoothness.enabled) << "the optical one's settings are shown";
+  EXPECT_EQ(statusLine.messages.back(), StatusMessage{StatusText::DeviceUnplugged});
+}
+
+TEST_F(ControlPanel, KeepsTheSheetAsItIsWhenATouchscreenArrives) {
+  machine.plugIn(touchscreen(0x0080));
+  controller.awakeFromNib();
+  showTable();
+  controller.Settings();
+  interface.singleClickArea.value = 9;
+  controller.SettingsChange();
+
+  machine.plugIn(touchscreen(0x0C20));
+  runLoop.performSources();
+
+  ASSERT_THAT(listedProducts(), ElementsAre(0x0080, 0x0C20));
+  EXPECT_EQ(selected(), entry(0));
+  EXPECT_EQ(interface.singleClickArea.value, 9);
+  EXPECT_TRUE(interface.btnApply.enabled);
+  EXPECT_EQ(statusLine.messages.back(),
+            (StatusMessage{StatusText::DeviceConnected, entry(1)->text(entry_key::kSN)}));
+  controller.SettingsOk();
+  EXPECT_EQ(entry(1)->integer(settings_key::kClickRange), 9) << "it gets the settings like the others";
+}
+
+TEST_F(ControlPanel, SelectsTheFirstTouchscreenThatArrivesInAnEmptyList) {
+  // A driver instance without its device: the panel stays, with nothing to select.
+  auto& touchscreen = *machine.all().front();
+  machine.registry().publish(touchscreen);
+  controller.awakeFromNib();
+  EXPECT_FALSE(application.isEnding());
+  controller.Calibration();
+  controller.Reset();
+  controller.EnableTouch();
+  controller.Settings();
+  EXPECT_THAT(statusLine.messages, SizeIs(4));
+
+  machine.plugIn(touchscreen);
+  runLoop.performSources();
+  showTable();
+  ASSERT_THAT(controller.state().deviceListArray, SizeIs(1));
+  EXPECT_EQ(selected(), entry(0));
+  EXPECT_EQ(interface.deviceTableView.highlighted, 0);
+}
+
+TEST_F(ControlPanel, ResetsAndCalibratesTheTouchscreenThatIsSelected) {
+  plugInAll();
+  controller.awakeFromNib();
+  showTable();
+  controller.shouldSelectRow(2);
+  controller.Reset();
+  EXPECT_EQ(controller.objectValue(entry_key::kCalibrateStatus, 2), "NO");
+  EXPECT_FALSE(interface.btnReset.enabled);
+  EXPECT_THAT(waitNotice.messages, ::testing::Contains(WaitMessage{WaitText::WritingTouchscreen}));
+  EXPECT_FALSE(waitNotice.isShown);
+
+  controller.Calibration();
+  controller.RegionCalibration();
+  EXPECT_THAT(screen.windows, SizeIs(1)) << "one run at a time";
+  screen.windows[0]->view->keyDown(kKeyEscape);
+  controller.RegionCalibration();
+  EXPECT_THAT(screen.windows, SizeIs(2));
+}
+
+TEST_F(ControlPanel, ShowsSettingsAgainAfterAnAcceptedCalibration) {
+  plugInAll();
+  controller.awakeFromNib();
+  showTable();
+  interface.deviceTableView.reloads = 0;
+  entry(0)->set(entry_key::kCalibrateStatus, entry_key::kYes);
+  interface.btnReset.enabled = false;
+  controller.reloadTableViewData();
+  EXPECT_EQ(interface.deviceTableView.reloads, 1);
+  EXPECT_TRUE(interface.btnReset.enabled);
+}
+
+TEST_F(ControlPanel, ChecksAndForgetsByLocation) {
+  plugInAll();
+  controller.awakeFromNib();
+  const auto location = touchscreen(0x0C20).locationId();
+  EXPECT_TRUE(controller.CheckDevice(location));
+  machine.unplug(touchscreen(0x0C20));
+  controller.RemoveDeviceFromArray();
+  EXPECT_FALSE(controller.CheckDevice(location));
+
+  controller.init();
+  EXPECT_EQ(controller.numberOfRows(), 0);
+  EXPECT_EQ(process.devIntf, nullptr);
+  EXPECT_TRUE(selected()->empty());
+}
+
+TEST_F(ControlPanel, AnswersItsWindowsAsAProgramOfOneWindow) {
+  EXPECT_TRUE(controller.applicationShouldTerminateAfterLastWindowClosed());
+  EXPECT_TRUE(controller.windowShouldClose());
+  EXPECT_FALSE(controller.shouldSelectColumn(0));
+  EXPECT_TRUE(MainWindow().canBecomeKeyWindow());
+  EXPECT_FALSE(MainWindow().canBecomeMainWindow());
+
+  controller.About();
+  EXPECT_EQ(sheets.open, &interface.AboutWindow);
+  EXPECT_EQ(sheets.parent, &interface.KeyWindow);
+  controller.AboutClose();
+  EXPECT_TRUE(interface.AboutWindow.isOut);
+  EXPECT_EQ(sheets.open, nullptr);
+  EXPECT_EQ(sheets.returnCode, 1);
+
+  controller.Exit();
+  EXPECT_EQ(application.exitStatus, 0);
+  EXPECT_EQ(files.writeAttempts, 0);
+}
+
+}  // namespace
+}  // namespace touchpanel::testing
