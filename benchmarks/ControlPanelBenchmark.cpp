@@ -1,0 +1,107 @@
+#include <benchmark/benchmark.h>
+
+#include "PanelRig.h"
+#include "app/MyController.h"
+#include "providers/files/LibplistFiles.h"
+#include "providers/simulated/SimulatedTouchscreens.h"
+#include "support/TemporaryDirectory.h"
+
+/// What a user of a wall of touchscreens waits for, on a simulated machine with 40 of them and real files.
+namespace touchpanel {
+namespace {
+
+constexpr int kTouchscreens = 40;
+
+class Wall {
+ public:
+  Wall() {
+    const auto examples = simulated::exampleTouchscreens();
+    for (int number = 0; number < kTouchscreens; ++number) {
+      auto model = examples[static_cast<std::size_t>(number) % examples.size()];
+      model.locationId = 0x14100000U + static_cast<std::uint32_t>(number);
+      machine_.plugIn(machine_.add(model));
+    }
+    controller.awakeFromNib();
+    askForCells();
+  }
+
+  /// What a table does after a reload when all of its rows are in sight.
+  void askForCells() {
+    for (std::int32_t row = 0; row < controller.numberOfRows(); ++row)
+      for (const auto* column : {entry_key::kSN, entry_key::kFirmwareVersion, entry_key::kCalibrateStatus,
+                                 entry_key::kMonitorID, entry_key::kLocationID})
+        benchmark::DoNotOptimize(controller.objectValue(column, row));
+  }
+
+  testing::PanelRig rig;
+
+ private:
+  ControllerPorts portsOnThisMachine() {
+    return {rig.application,
+            rig.alerts,
+            rig.sheets,
+            rig.screen,
+            rig.cursor,
+            rig.presentation,
+            rig.clock,
+            rig.runLoop,
+            machine_.registry(),
+            machine_.usb(),
+            machine_.usb(),
+            files_,
+            rig.diagnostics,
+            rig.statusLine,
+            rig.waitNotice,
+            rig.process,
+            ConfigPaths::in(directory_.path())};
+  }
+
+  simulated::SimulatedTouchscreens machine_;
+  testing::TemporaryDirectory directory_;
+  files::LibplistFiles files_;
+
+ public:
+  MyController controller{rig.outlets, portsOnThisMachine()};
+};
+
+void ApplySettings(benchmark::State& state) {
+  Wall wall;
+  wall.controller.Settings();
+  for (auto _ : state) {
+    wall.rig.interface.singleClickArea.value ^= 1;
+    wall.controller.SettingsChange();
+    wall.controller.SettingsApply();
+    wall.rig.statusLine.messages.clear();
+  }
+  state.counters["touchscreens"] = wall.controller.numberOfRows();
+}
+
+void SelectRow(benchmark::State& state) {
+  Wall wall;
+  std::int32_t row = 0;
+  for (auto _ : state) wall.controller.shouldSelectRow(row = (row + 1) % kTouchscreens);
+}
+
+void ReloadTable(benchmark::State& state) {
+  Wall wall;
+  for (auto _ : state) {
+    wall.controller.reloadTableViewData();
+    wall.askForCells();
+  }
+}
+
+void TurnTouchOverEverywhere(benchmark::State& state) {
+  Wall wall;
+  for (auto _ : state) {
+    wall.controller.EnableTouch();
+    wall.rig.statusLine.messages.clear();
+  }
+}
+
+BENCHMARK(ApplySettings)->Unit(benchmark::kMicrosecond);
+BENCHMARK(SelectRow)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ReloadTable)->Unit(benchmark::kMicrosecond);
+BENCHMARK(TurnTouchOverEverywhere)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace touchpanel
