@@ -98,6 +98,33 @@ TEST(Calibration, VisitsTwentyFiveTargetsRowByRowFromTheTop) {
   EXPECT_EQ(rig.touches().iTouchIndex, 25);
 }
 
+TEST(Calibration, FillsScreensOfAnySize) {
+  for (const std::int32_t mode : {4, 25}) {
+    Rig large(mode, {0, 0, 7680, 4320});
+    large.start();
+    auto first = background({7680, 4320});
+    first += countDown("30", {3830, 2010});
+    first += bullsEye({384, 4104});
+    first += note({3590, 2160});
+    EXPECT_EQ(large.paint(), first);
+    large.touchAll();
+    large.click({3840, 2160});
+    EXPECT_TRUE(large.isClosed());
+    EXPECT_EQ(large.stored().DeviceConfig.CalibrateStatus, 1);
+
+    Rig tiny(mode, {0, 0, 1, 1});
+    tiny.start();
+    auto only = background({1, 1});
+    only += countDown("30", {-9.5F, -149.5F});
+    only += bullsEye({0.05F, 0.95F});
+    only += note({-249.5F, 0.5F});
+    EXPECT_EQ(tiny.paint(), only);
+    tiny.touchAll();
+    EXPECT_TRUE(tiny.isClosed()) << "the last touch cannot but land on OK";
+    EXPECT_EQ(tiny.stored().DeviceConfig.CalibrateStatus, 1);
+  }
+}
+
 TEST(Calibration, IgnoresTouchesThatDoNotBelongToTheTargetShown) {
   struct Case {
     const char* name;
