@@ -14,21 +14,21 @@ struct Cell {
   int row;
 };
 constexpr int kColumns = 5, kRows = 3;
-constexpr std::array<Cell, kColumns* kRows> kOrder = {{{2, 1},
-                                                       {0, 0},
-                                                       {4, 2},
-                                                       {4, 0},
-                                                       {0, 2},
-                                                       {2, 0},
-                                                       {2, 2},
-                                                       {0, 1},
-                                                       {4, 1},
-                                                       {1, 0},
-                                                       {3, 2},
-                                                       {3, 0},
-                                                       {1, 2},
-                                                       {1, 1},
-                                                       {3, 1}}};
+constexpr auto kOrder = std::to_array<Cell>({{2, 1},
+                                             {0, 0},
+                                             {4, 2},
+                                             {4, 0},
+                                             {0, 2},
+                                             {2, 0},
+                                             {2, 2},
+                                             {0, 1},
+                                             {4, 1},
+                                             {1, 0},
+                                             {3, 2},
+                                             {3, 0},
+                                             {1, 2},
+                                             {1, 1},
+                                             {3, 1}});
 
 float middleOf(int cell, int cells, float extent) {
   return extent * (static_cast<float>(cell) + 0.5F) / static_cast<float>(cells);
