@@ -2,10 +2,8 @@
 
 #include <array>
 
-namespace touchpanel {
-
 /// Keys of the driver settings, the same in the driver configuration file and in every device entry.
-namespace settings_key {
+namespace touchpanel::settings_key {
 inline constexpr char kTouchMode[] = "TouchMode";
 inline constexpr char kEnableTouch[] = "EnableTouch";
 inline constexpr char kClickRange[] = "ClickRange";
@@ -32,6 +30,4 @@ inline constexpr std::array<const char*, 12> kAll = {kTouchMode,
                                                      kEnableTouchSensitivity,
                                                      kTouchSensitivityTime,
                                                      kTouchSensitivityArea};
-}  // namespace settings_key
-
-}  // namespace touchpanel
+}  // namespace touchpanel::settings_key
