@@ -1,0 +1,152 @@
+#include "support/MockUsbBus.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+#include <umockdev.h>
+
+#include "support/MockUsbNode.h"
+
+namespace touchpanel::testing {
+namespace {
+
+std::string bytes(std::initializer_list<int> values) {
+  std::string text;
+  for (const int value : values) text.push_back(static_cast<char>(value));
+  return text;
+}
+
+std::string deviceDescriptor(int deviceClass, std::uint16_t vendorId, std::uint16_t productId) {
+  return bytes({18, 1, 0x00, 0x02, deviceClass, 0, 0, 64, vendorId & 0xFF, vendorId >> 8, productId & 0xFF,
+                productId >> 8, 0, 1, 0, 0, 0, 1});
+}
+
+/// A device descriptor and one configuration with a HID interface and its interrupt endpoint.
+std::string touchscreenDescriptors(std::uint16_t vendorId, std::uint16_t productId) {
+  return deviceDescriptor(0, vendorId, productId) + bytes({9, 2, 25, 0, 1, 1, 0, 0x80, 50}) +
+         bytes({9, 4, 0, 0, 1, 3, 0, 0, 0}) + bytes({7, 5, 0x81, 3, 64, 0, 10});
+}
+
+std::string hubDescriptors() {
+  return deviceDescriptor(9, 0x1D6B, 0x0002) + bytes({9, 2, 18, 0, 1, 1, 0, 0xE0, 0}) +
+         bytes({9, 4, 0, 0, 0, 9, 0, 0, 0});
+}
+
+std::string threeDigits(int number) {
+  std::array<char, 16> text{};
+  std::snprintf(text.data(), text.size(), "%03d", number);
+  return text.data();
+}
+
+/// What a device hangs on: "1-2" on "usb1", "1-2.4" on "1-2", a root hub on nothing.
+std::string parentOf(const std::string& name) {
+  if (const auto dot = name.rfind('.'); dot != std::string::npos) return name.substr(0, dot);
+  if (const auto dash = name.find('-'); dash != std::string::npos) return "usb" + name.substr(0, dash);
+  return {};
+}
+
+int busOf(const std::string& name) { return std::stoi(name.starts_with("usb") ? name.substr(3) : name); }
+
+}  // namespace
+
+struct MockUsbBus::Testbed {
+  UMockdevTestbed* bed = umockdev_testbed_new();
+  std::filesystem::path root;
+  Testbed() {
+    gchar* path = umockdev_testbed_get_root_dir(bed);
+    root = path;
+    g_free(path);
+  }
+  ~Testbed() { g_object_unref(bed); }
+  Testbed(const Testbed&) = delete;
+  Testbed& operator=(const Testbed&) = delete;
+};
+
+MockUsbBus::MockUsbBus()
+    : testbed_(std::make_unique<Testbed>()), beforeTransfer_(std::make_shared<BeforeTransfer>()) {
+  // Only now: the answer is kept from the first time it is asked for.
+  if (!umockdev_in_mock_environment()) throw std::runtime_error("umockdev is not preloaded");
+}
+
+MockUsbBus::~MockUsbBus() = default;
+
+void MockUsbBus::plugIn(const std::string& socket, firmware::Firmware& firmware, std::uint8_t configuration,
+                        std::uint16_t vendorId) {
+  const auto number = ++lastDeviceNumber_;
+  const auto path = "/dev/bus/usb/" + threeDigits(busOf(socket)) + "/" + threeDigits(number);
+  const auto realPath = testbed_->root.string() + path;
+  std::filesystem::create_directories(std::filesystem::path(realPath).parent_path());
+  firmware.powerCycle();
+  auto node = std::make_shared<MockUsbNode>(realPath, &firmware, [before = beforeTransfer_, socket] {
+    if (*before) (*before)(socket);
+  });
+  node->attach(testbed_->bed, path);
+  nodes_[socket] = node;
+  add(socket, touchscreenDescriptors(vendorId, firmware.stored().productId), configuration, node);
+}
+
+void MockUsbBus::unplug(const std::string& socket) {
+  const auto found = nodes_.find(socket);
+  if (found == nodes_.end()) return;
+  found->second->vanish();
+  left_.push_back(found->second);  // open handles may still ask it
+  nodes_.erase(found);
+  const auto sysPath = sysPaths_.at(socket);
+  sysPaths_.erase(socket);
+  umockdev_testbed_uevent(testbed_->bed, sysPath.c_str(), "remove");
+  umockdev_testbed_remove_device(testbed_->bed, sysPath.c_str());
+}
+
+std::string MockUsbBus::nodeOf(const std::string& socket) const { return nodes_.at(socket)->devicePath; }
+
+void MockUsbBus::setBeforeTransfer(BeforeTransfer before) { *beforeTransfer_ = std::move(before); }
+
+void MockUsbBus::setHanging(const std::string& socket, bool on) { nodes_.at(socket)->setHanging(on); }
+
+std::string MockUsbBus::pathOf(const std::string& name) {
+  const auto found = sysPaths_.find(name);
+  return found != sysPaths_.end() ? found->second : addHub(name);
+}
+
+std::string MockUsbBus::addHub(const std::string& name) {
+  ++lastDeviceNumber_;
+  return add(name, hubDescriptors(), 1, nullptr);
+}
+
+std::string MockUsbBus::add(const std::string& name, const std::string& descriptors,
+                            std::uint8_t configuration, std::shared_ptr<MockUsbNode> node) {
+  const auto parentName = parentOf(name);
+  const int number = lastDeviceNumber_;
+  const auto parent = parentName.empty() ? std::string() : pathOf(parentName);
+  const auto bus = std::to_string(busOf(name));
+  const auto sysPath = (parent.empty() ? "/sys/devices" : parent) + "/" + name;
+  // The event goes out as soon as the device is added, and its reader wants all of this at once.
+  const auto real = testbed_->root.string() + sysPath;
+  std::filesystem::create_directories(real);
+  std::ofstream(real + "/descriptors", std::ios::binary) << descriptors;
+
+  const auto path =
+      node ? node->devicePath : "/dev/bus/usb/" + threeDigits(busOf(name)) + "/" + threeDigits(number);
+  const auto busDigits = threeDigits(busOf(name));
+  const auto numberText = std::to_string(number);
+  const auto numberDigits = threeDigits(number);
+  const auto active = configuration == 0 ? std::string() : std::to_string(configuration);
+  const char* attributes[] = {"busnum", bus.c_str(),           "devnum",       numberText.c_str(),   "speed",
+                              "12",     "bConfigurationValue", active.c_str(), "bNumConfigurations", "1",
+                              nullptr};
+  const char* properties[] = {"DEVTYPE", "usb_device",      "DEVNAME", path.c_str(),
+                              "BUSNUM",  busDigits.c_str(), "DEVNUM",  numberDigits.c_str(),
+                              nullptr};
+  gchar* added = umockdev_testbed_add_devicev(
+      testbed_->bed, "usb", name.c_str(), parent.empty() ? nullptr : parent.c_str(),
+      const_cast<gchar**>(attributes), const_cast<gchar**>(properties));
+  if (added == nullptr) throw std::runtime_error("cannot add " + name);
+  sysPaths_[name] = added;
+  g_free(added);
+  return sysPaths_[name];
+}
+
+}  // namespace touchpanel::testing
