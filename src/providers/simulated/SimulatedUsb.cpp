@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <system_error>
+#include <utility>
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -43,7 +44,8 @@ class SimulatedUsb::Registration final : public UsbIterator {
       : event_(event), matching_(std::move(matching)), callback_(std::move(callback)) {}
 
   UsbService next() override {
-    if (pending_.empty()) return 0;
+    armed_ = pending_.empty();
+    if (armed_) return 0;
     const auto service = pending_.front();
     pending_.pop_front();
     return service;
@@ -53,7 +55,7 @@ class SimulatedUsb::Registration final : public UsbIterator {
   }
   void add(UsbService service) { pending_.push_back(service); }
   void deliver() {
-    if (!pending_.empty()) callback_(*this);
+    if (armed_ && !pending_.empty()) callback_(*this);
   }
 
  private:
@@ -61,9 +63,12 @@ class SimulatedUsb::Registration final : public UsbIterator {
   Dictionary matching_;
   UsbCallback callback_;
   std::deque<UsbService> pending_;
+  bool armed_ = false;
 };
 
-/// Wakes the run loop through an event descriptor, which is readable while something is pending.
+/// Wakes the run loop through an event descriptor, which is readable while something is pending. Events are
+/// told in the order in which they happened, whichever registration they belong to: a touchscreen that is
+/// plugged in again at once must be seen to leave before it is seen to arrive.
 class SimulatedUsb::NotificationPort final : public UsbNotificationPort, public RunLoopSource {
  public:
   NotificationPort() : wake_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
@@ -78,9 +83,8 @@ class SimulatedUsb::NotificationPort final : public UsbNotificationPort, public 
   void perform() override {
     eventfd_t count = 0;
     ::eventfd_read(wake_, &count);
-    // A callback may register anew; what it adds is delivered by its own port.
-    const auto registrations = registrations_;
-    for (const auto& registration : registrations) registration->deliver();
+    // What happens during a callback wakes the run loop again.
+    for (auto told = std::exchange(messages_, {}); const auto& registration : told) registration->deliver();
   }
 
   Registration& add(UsbEvent event, Dictionary matching, UsbCallback callback) {
@@ -92,6 +96,7 @@ class SimulatedUsb::NotificationPort final : public UsbNotificationPort, public 
     for (const auto& registration : registrations_) {
       if (!registration->wants(event, touchscreen)) continue;
       registration->add(makeService());
+      messages_.push_back(registration);
       ::eventfd_write(wake_, 1);
     }
   }
@@ -99,6 +104,7 @@ class SimulatedUsb::NotificationPort final : public UsbNotificationPort, public 
  private:
   int wake_;
   std::vector<std::shared_ptr<Registration>> registrations_;
+  std::vector<std::shared_ptr<Registration>> messages_;  ///< one for each event not told yet
 };
 
 /// One opened or openable path to an attached touchscreen.

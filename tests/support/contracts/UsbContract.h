@@ -1,0 +1,290 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "platform/Usb.h"
+#include "platform_build/BuildConstants.h"
+#include "protocol/ProductId.h"
+
+// What every provider of the USB ports must do, whatever bus stands behind it. A provider's test program
+// includes this, describes its world and instantiates the suite:
+//
+//   INSTANTIATE_TEST_SUITE_P(Simulated, UsbContract, ::testing::Values(UsbProvider{makeWorld}));
+
+namespace touchpanel::testing {
+
+/// A provider together with three touchscreens, one of each kind, none of them plugged in at first.
+class UsbWorld {
+ public:
+  virtual ~UsbWorld() = default;
+  virtual UsbNotifications& notifications() = 0;
+  virtual UsbServices& services() = 0;
+
+  /// Plugs the touchscreen with that product id in: kProductConfigurationOnly, kProductOptical or
+  /// kProductInfrared0080.
+  virtual void plugIn(std::uint16_t productId) = 0;
+  virtual void unplug(std::uint16_t productId) = 0;
+  virtual std::uint32_t locationOf(std::uint16_t productId) = 0;
+  /// Waits until everything done so far can be noticed through `source`, and lets it handle that.
+  virtual void serve(RunLoopSource& source) = 0;
+  /// Has `action` run before the next control transfer of that touchscreen reaches it.
+  virtual void beforeNextTransfer(std::uint16_t productId, std::function<void()> action) = 0;
+};
+
+struct UsbProvider {
+  std::function<std::unique_ptr<UsbWorld>()> make;
+};
+
+class UsbContract : public ::testing::TestWithParam<UsbProvider> {
+ protected:
+  static constexpr std::uint16_t kPlain = kProductConfigurationOnly;
+  static constexpr std::uint16_t kOptical = kProductOptical;
+  static constexpr std::uint16_t kInfrared = kProductInfrared0080;
+
+  std::unique_ptr<UsbWorld> world = GetParam().make();
+  UsbServices& services = world->services();
+  UsbNotificationPort& port = makePort();
+  /// Every callback: which event of which product, and the services that its iterator yielded.
+  std::vector<std::string> events;
+  std::vector<UsbService> lastServices;
+
+  UsbNotificationPort& makePort() {
+    MasterPort master = 0;
+    EXPECT_EQ(world->notifications().masterPort(master), kSuccess);
+    EXPECT_NE(master, 0U);
+    return world->notifications().createNotificationPort(master);
+  }
+  UsbIterator& watch(UsbEvent event, std::uint16_t productId, int vendorId = TOUCH_VENDOR_ID) {
+    auto matching = world->notifications().matchingDictionary("IOUSBDevice");
+    EXPECT_TRUE(matching.has_value());
+    matching->set("idVendor", vendorId);
+    matching->set("idProduct", int{productId});
+    UsbIterator* iterator = nullptr;
+    EXPECT_EQ(world->notifications().addMatchingNotification(
+                  port, event, *matching,
+                  [=, this](UsbIterator& fired) {
+                    lastServices = drain(fired);
+                    events.push_back(std::string(event == UsbEvent::FirstMatch ? "in " : "out ") +
+                                     std::to_string(productId) + " x" + std::to_string(lastServices.size()));
+                  },
+                  iterator),
+              kSuccess);
+    return *iterator;
+  }
+  static std::vector<UsbService> drain(UsbIterator& iterator) {
+    std::vector<UsbService> yielded;
+    while (const auto service = iterator.next()) yielded.push_back(service);
+    return yielded;
+  }
+  void serve() { world->serve(port.runLoopSource()); }
+
+  /// The interface of a touchscreen that is plugged in; null when a step towards it fails.
+  UsbDeviceInterface* interfaceOf(UsbService service) {
+    UsbPlugIn plugIn = 0;
+    if (services.createPlugIn(service, plugIn) != kSuccess || plugIn == 0) return nullptr;
+    services.releaseService(service);
+    UsbDeviceInterface* device = nullptr;
+    const auto status = services.queryDeviceInterface(plugIn, device);
+    services.destroyPlugIn(plugIn);
+    return status == kSuccess ? device : nullptr;
+  }
+  UsbDeviceInterface* pluggedIn(std::uint16_t productId) {
+    world->plugIn(productId);
+    const auto present = drain(watch(UsbEvent::FirstMatch, productId));
+    return present.size() == 1 ? interfaceOf(present.front()) : nullptr;
+  }
+  /// One vendor transfer of a whole packet: out, the command that puts an infrared device into command mode.
+  static Status transfer(UsbDeviceInterface& device, std::uint8_t requestType,
+                         std::array<std::uint8_t, 64>& packet, std::uint32_t& done) {
+    constexpr std::array<std::uint8_t, 7> kEnterCommandMode = {0xAA, 0x01, 0x71, 0x02, 0x00, 0x01, 0x74};
+    const bool isOut = (requestType & 0x80) == 0;
+    if (isOut) std::copy(kEnterCommandMode.begin(), kEnterCommandMode.end(), packet.begin());
+    DeviceRequest request{.bmRequestType = requestType,
+                          .wLength = static_cast<std::uint16_t>(isOut ? kEnterCommandMode.size() : 64),
+                          .pData = packet.data()};
+    const auto status = device.deviceRequest(request);
+    done = request.wLenDone;
+    return status;
+  }
+  static Status transferOut(UsbDeviceInterface& device) {
+    std::array<std::uint8_t, 64> packet{};
+    std::uint32_t done = 0;
+    return transfer(device, 0x40, packet, done);
+  }
+};
+
+TEST_P(UsbContract, HandsOutTheDevicesThatAreAlreadyThereToTheirProductOnly) {
+  world->plugIn(kPlain);
+  world->plugIn(kInfrared);
+  EXPECT_EQ(drain(watch(UsbEvent::FirstMatch, kPlain)).size(), 1U);
+  EXPECT_EQ(drain(watch(UsbEvent::FirstMatch, kInfrared)).size(), 1U);
+  EXPECT_TRUE(drain(watch(UsbEvent::FirstMatch, kOptical)).empty());
+  EXPECT_TRUE(drain(watch(UsbEvent::Terminate, kPlain)).empty());
+  EXPECT_TRUE(drain(watch(UsbEvent::FirstMatch, kPlain, TOUCH_VENDOR_ID + 1)).empty());
+  serve();
+  EXPECT_THAT(events, ::testing::IsEmpty()) << "what the iterators told is not told again";
+}
+
+TEST_P(UsbContract, TellsArrivalsAndDeparturesFromTheRunLoopOnlyAndInTheirOrder) {
+  for (const auto product : {kPlain, kInfrared})
+    for (const auto event : {UsbEvent::FirstMatch, UsbEvent::Terminate}) drain(watch(event, product));
+  world->plugIn(kInfrared);
+  world->plugIn(kPlain);
+  EXPECT_THAT(events, ::testing::IsEmpty());
+  serve();
+  EXPECT_EQ(events, (std::vector<std::string>{"in 128 x1", "in 1 x1"}));
+
+  events.clear();
+  world->unplug(kPlain);
+  world->plugIn(kPlain);
+  world->unplug(kInfrared);
+  serve();
+  EXPECT_EQ(events, (std::vector<std::string>{"out 1 x1", "in 1 x1", "out 128 x1"}))
+      << "a device that is plugged in again must be dropped before it is found";
+  serve();
+  EXPECT_EQ(events.size(), 3U) << "each is told once";
+}
+
+TEST_P(UsbContract, TellsNothingBeforeTheIteratorWasRunOut) {
+  auto& arrivals = watch(UsbEvent::FirstMatch, kPlain);
+  world->plugIn(kPlain);
+  serve();
+  EXPECT_THAT(events, ::testing::IsEmpty());
+  EXPECT_EQ(drain(arrivals).size(), 1U) << "but it is kept";
+}
+
+TEST_P(UsbContract, LeadsFromAServiceToAnInterfaceAndItsReference) {
+  auto* device = pluggedIn(kOptical);
+  ASSERT_NE(device, nullptr);
+  EXPECT_NE(device->reference(), 0);
+  EXPECT_EQ(services.deviceInterface(device->reference()), device);
+  EXPECT_EQ(services.deviceInterface(device->reference() + 1000), nullptr);
+
+  // As discovery does: opened first, then asked.
+  ASSERT_EQ(device->open(), kSuccess);
+  std::uint8_t configuration = 0;
+  std::uint16_t vendorId = 0;
+  std::uint16_t productId = 0;
+  std::uint32_t locationId = 0;
+  EXPECT_EQ(device->getConfiguration(configuration), kSuccess);
+  EXPECT_EQ(device->getDeviceVendor(vendorId), kSuccess);
+  EXPECT_EQ(device->getDeviceProduct(productId), kSuccess);
+  EXPECT_EQ(device->getLocationID(locationId), kSuccess);
+  EXPECT_EQ(configuration, 1);
+  EXPECT_EQ(vendorId, TOUCH_VENDOR_ID);
+  EXPECT_EQ(productId, kOptical);
+  EXPECT_EQ(locationId, world->locationOf(kOptical));
+  EXPECT_NE(locationId, 0U);
+  EXPECT_EQ(device->close(), kSuccess);
+
+  const auto reference = device->reference();
+  device->release();
+  EXPECT_EQ(services.deviceInterface(reference), nullptr);
+}
+
+TEST_P(UsbContract, IsOpenToOneInterfaceAtATime) {
+  auto* first = pluggedIn(kInfrared);
+  auto* second = interfaceOf(drain(watch(UsbEvent::FirstMatch, kInfrared)).at(0));
+  ASSERT_NE(second, nullptr);
+  EXPECT_NE(first->reference(), second->reference());
+  ASSERT_EQ(first->open(), kSuccess);
+  EXPECT_EQ(second->open(), kErrorExclusiveAccess);
+  EXPECT_EQ(first->close(), kSuccess);
+  EXPECT_EQ(second->open(), kSuccess);
+  second->release();
+  EXPECT_EQ(first->open(), kSuccess) << "giving an interface up closes it";
+  EXPECT_EQ(first->close(), kSuccess);
+  EXPECT_EQ(first->open(), kSuccess) << "as often as one likes";
+}
+
+TEST_P(UsbContract, MovesPacketsOnlyWhileOpen) {
+  auto* device = pluggedIn(kInfrared);
+  ASSERT_NE(device, nullptr);
+  EXPECT_EQ(transferOut(*device), kErrorNotOpen);
+  ASSERT_EQ(device->open(), kSuccess);
+  std::array<std::uint8_t, 64> packet{};
+  std::uint32_t done = 0;
+  EXPECT_EQ(transfer(*device, 0x40, packet, done), kSuccess);
+  EXPECT_EQ(done, 7U);
+  EXPECT_EQ(transfer(*device, 0xC0, packet, done), kSuccess);
+  EXPECT_EQ(done, 64U);
+  EXPECT_EQ(packet[0], 0xAA);
+  EXPECT_EQ(packet[2], 0x71) << "the command is echoed";
+  EXPECT_EQ(device->close(), kSuccess);
+  EXPECT_EQ(transferOut(*device), kErrorNotOpen);
+}
+
+TEST_P(UsbContract, ReportsAStalledTransfer) {
+  auto* device = pluggedIn(kPlain);  // has no vendor commands
+  ASSERT_NE(device, nullptr);
+  ASSERT_EQ(device->open(), kSuccess);
+  EXPECT_EQ(transferOut(*device), kErrorStalled);
+  EXPECT_EQ(device->close(), kSuccess);
+}
+
+TEST_P(UsbContract, SurvivesBeingUnpluggedWhileOpen) {
+  drain(watch(UsbEvent::Terminate, kInfrared));
+  auto* device = pluggedIn(kInfrared);
+  ASSERT_NE(device, nullptr);
+  ASSERT_EQ(device->open(), kSuccess);
+  world->beforeNextTransfer(kInfrared, [&] { world->unplug(kInfrared); });
+  EXPECT_EQ(transferOut(*device), kErrorNoDevice);
+  EXPECT_EQ(transferOut(*device), kErrorNoDevice);
+  EXPECT_THAT(events, ::testing::IsEmpty()) << "nothing is told from inside a transfer";
+  device->close();
+  serve();
+  EXPECT_EQ(events, std::vector<std::string>{"out 128 x1"});
+  EXPECT_EQ(services.releaseService(lastServices.at(0)), kSuccess);
+  EXPECT_EQ(device->open(), kErrorNoDevice);
+  EXPECT_NE(services.deviceInterface(device->reference()), nullptr) << "it lives until it is released";
+  device->release();
+}
+
+TEST_P(UsbContract, TakesAReturningDeviceAsANewOne) {
+  drain(watch(UsbEvent::FirstMatch, kInfrared));
+  world->plugIn(kInfrared);
+  serve();
+  auto* before = interfaceOf(lastServices.at(0));
+  ASSERT_NE(before, nullptr);
+  ASSERT_EQ(before->open(), kSuccess);
+  world->unplug(kInfrared);
+  world->plugIn(kInfrared);
+  serve();
+  auto* after = interfaceOf(lastServices.at(0));
+  ASSERT_NE(after, nullptr);
+  EXPECT_NE(after->reference(), before->reference());
+  EXPECT_EQ(after->open(), kSuccess) << "the old stay does not keep it open";
+  EXPECT_EQ(transferOut(*after), kSuccess);
+  EXPECT_EQ(transferOut(*before), kErrorNoDevice);
+}
+
+TEST_P(UsbContract, FailsGentlyForAServiceThatLeftMeanwhile) {
+  auto& arrivals = watch(UsbEvent::FirstMatch, kInfrared);
+  drain(arrivals);
+  world->plugIn(kInfrared);
+  serve();
+  const auto service = lastServices.at(0);
+  world->unplug(kInfrared);
+  UsbPlugIn plugIn = 0;
+  if (services.createPlugIn(service, plugIn) == kSuccess && plugIn != 0) {
+    UsbDeviceInterface* device = nullptr;
+    if (services.queryDeviceInterface(plugIn, device) == kSuccess && device != nullptr) {
+      EXPECT_EQ(device->open(), kErrorNoDevice);
+      device->release();
+    }
+    services.destroyPlugIn(plugIn);
+  }
+  EXPECT_NE(services.createPlugIn(service + 1000, plugIn), kSuccess);
+  EXPECT_EQ(plugIn, 0U);
+  EXPECT_NE(services.releaseService(service + 1000), kSuccess);
+}
+
+}  // namespace touchpanel::testing
