@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <system_error>
+#include <utility>
 
 #include <sys/eventfd.h>
 #include <unistd.h>
@@ -27,9 +28,8 @@ void LibusbNotificationPort::perform() {
   eventfd_t count = 0;
   ::eventfd_read(wake_, &count);
   pump_();
-  // By index, and only those there are now: a callback may register anew, and what it adds it fetches itself.
-  const auto registered = registrations_.size();
-  for (std::size_t i = 0; i < registered; ++i) registrations_[i]->deliver();
+  // What is noticed during a callback makes the source readable again.
+  for (auto* registration : std::exchange(messages_, {})) registration->deliver();
 }
 
 UsbRegistration& LibusbNotificationPort::add(std::unique_ptr<UsbRegistration> registration) {
@@ -38,8 +38,11 @@ UsbRegistration& LibusbNotificationPort::add(std::unique_ptr<UsbRegistration> re
 }
 
 void LibusbNotificationPort::note(UsbEvent event, const std::shared_ptr<UsbAttachment>& attachment) {
-  for (const auto& registration : registrations_)
-    if (registration->note(event, attachment)) wake();
+  for (const auto& registration : registrations_) {
+    if (!registration->note(event, attachment)) continue;
+    messages_.push_back(registration.get());
+    wake();
+  }
 }
 
 void LibusbNotificationPort::wake() { ::eventfd_write(wake_, 1); }

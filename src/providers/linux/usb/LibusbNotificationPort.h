@@ -11,6 +11,9 @@ namespace touchpanel {
 /// A run-loop source for USB arrivals and departures. It is readable when libusb has something to handle, and
 /// when something was noticed outside perform(): libusb also handles events inside a synchronous transfer,
 /// and then nothing is left to read on its own descriptors.
+///
+/// Events are told in the order in which they happened, whichever registration they belong to: a touchscreen
+/// that is plugged in again at once must be seen to leave before it is seen to arrive.
 class LibusbNotificationPort final : public UsbNotificationPort, public RunLoopSource {
  public:
   /// `libusbDescriptors` are watched beside its own; `pump` has libusb handle what is pending.
@@ -34,6 +37,7 @@ class LibusbNotificationPort final : public UsbNotificationPort, public RunLoopS
   std::function<void()> pump_;
   int wake_;
   std::vector<std::unique_ptr<UsbRegistration>> registrations_;
+  std::vector<UsbRegistration*> messages_;  ///< one for each event not told yet
 };
 
 }  // namespace touchpanel

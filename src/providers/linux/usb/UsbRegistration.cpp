@@ -19,11 +19,13 @@ UsbRegistration::UsbRegistration(MakeUsbService makeService, UsbEvent event, con
       callback_(std::move(callback)) {}
 
 UsbService UsbRegistration::next() {
+  armed_ = false;
   while (!pending_.empty()) {
     const auto attachment = std::move(pending_.front());
     pending_.pop_front();
     if (!isStale(*attachment)) return makeService_(attachment);
   }
+  armed_ = true;
   return 0;
 }
 
@@ -36,7 +38,7 @@ bool UsbRegistration::note(UsbEvent event, const std::shared_ptr<UsbAttachment>&
 
 void UsbRegistration::deliver() {
   std::erase_if(pending_, [this](const auto& attachment) { return isStale(*attachment); });
-  if (!pending_.empty()) callback_(*this);
+  if (armed_ && !pending_.empty()) callback_(*this);
 }
 
 bool UsbRegistration::isStale(const UsbAttachment& attachment) const {

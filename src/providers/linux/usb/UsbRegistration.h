@@ -25,7 +25,7 @@ class UsbRegistration final : public UsbIterator {
 
   /// Takes the event in when it is one that was asked for; tells whether it was.
   bool note(UsbEvent event, const std::shared_ptr<UsbAttachment>& attachment);
-  /// Calls the callback when there is anything to fetch.
+  /// Calls the callback when there is anything to fetch and everything before it was fetched.
   void deliver();
 
  private:
@@ -37,6 +37,7 @@ class UsbRegistration final : public UsbIterator {
   std::int64_t productId_;
   UsbCallback callback_;
   std::deque<std::shared_ptr<UsbAttachment>> pending_;
+  bool armed_ = false;  ///< run out since the last fetch
 };
 
 }  // namespace touchpanel

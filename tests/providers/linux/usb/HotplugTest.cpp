@@ -150,6 +150,7 @@ TEST_F(Hotplug, ServesARegistrationMadeInsideACallback) {
   };
   ASSERT_EQ(usb().addMatchingNotification(port(), UsbEvent::FirstMatch, *matching, registerAnew, first),
             kSuccess);
+  ASSERT_EQ(first->next(), 0U);  // which arms it
   bus.plugIn("1-2", infrared);
   while (fresh == nullptr && becomesReadable(port())) port().runLoopSource().perform();
   EXPECT_EQ(found.size(), 1U);
