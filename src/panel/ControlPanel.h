@@ -31,7 +31,7 @@ class ControlPanel {
   /// start(), then the application's loop until it ends. Returns the process's status.
   int run();
 
-  Application& application() { return application_; }
+  QtApplication& application() { return application_; }
   MyController& controller() { return controller_; }
   MainWindowWidget& mainWindow() { return mainWindow_; }
   QDialog& settingsSheet() { return settingsSheet_; }

@@ -12,6 +12,8 @@ class QtApplication final : public Application {
   void terminate() override { exit(0); }
   bool isEnding() const override { return isEnding_; }
 
+  /// The process's status, once it is ending.
+  int exitStatus() const { return status_; }
   /// Runs the application's loop until it is ended and returns the process's status.
   int run();
 

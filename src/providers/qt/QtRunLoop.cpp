@@ -35,7 +35,9 @@ struct QtRunLoop::Source {
 
 QtRunLoop::QtRunLoop(CallbackGate& gate) : gate_(gate) {}
 
-QtRunLoop::~QtRunLoop() = default;
+QtRunLoop::~QtRunLoop() {
+  for (const auto& source : sources_) source->enable(false);  // its descriptors may be closed next
+}
 
 void QtRunLoop::addSource(RunLoopSource& source) {
   auto added = std::make_unique<Source>(Source{source, {}});

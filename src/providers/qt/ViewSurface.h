@@ -26,6 +26,8 @@ class ViewSurface final : public QWidget {
 
   /// Has the view draw itself, soon and from the event loop. Requests before that are merged.
   void requestDisplay();
+  /// Whether the picture is that of the last request.
+  bool isUpToDate() const { return !isRequested_; }
   /// A line of text in front of the view's picture, drawn at once; empty takes it away.
   void setBanner(const QString& text);
 

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <QScreen>
+#include <QTest>
+#include <cmath>
+
+#include <gtest/gtest.h>
+
+#include "UserInput.h"
+#include "calibration/Calibration.h"
+#include "calibration/CalibrationGrid.h"
+#include "calibration/RegionCalibration.h"
+#include "panel/ControlPanel.h"
+#include "providers/qt/ViewSurface.h"
+#include "providers/simulated/SimulatedTouchscreens.h"
+#include "support/FakeClock.h"
+#include "support/FakePropertyListFiles.h"
+#include "support/RecordingDiagnostics.h"
+
+namespace touchpanel::testing {
+
+/// The whole control panel in real windows, on three simulated touchscreens, one of each kind.
+struct PanelRig : ::testing::Test {
+  enum Kind { Infrared, Optical, ConfigurationOnly };
+
+  PanelRig() {
+    for (auto& model : simulated::exampleTouchscreens()) machine.add(std::move(model));
+  }
+
+  simulated::SimulatedTouchscreen& touchscreen(Kind kind) {
+    for (const auto& candidate : machine.all())
+      if (kindOf(*candidate) == kind) return *candidate;
+    throw std::logic_error("no such touchscreen");
+  }
+  static Kind kindOf(const simulated::SimulatedTouchscreen& touchscreen) {
+    if (touchscreen.productId() == kProductOptical) return Optical;
+    return touchscreen.productId() == kProductConfigurationOnly ? ConfigurationOnly : Infrared;
+  }
+
+  void plugInAll() {
+    for (const auto& touchscreen : machine.all()) machine.plugIn(*touchscreen);
+  }
+  /// Starts the panel with what is plugged in and waits for its window.
+  void start() {
+    panel.start();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.mainWindow()));
+  }
+  void selectRow(Kind kind) {
+    auto& view = *panel.mainWindow().ui().deviceTableView;
+    const auto& list = panel.controller().state().deviceListArray;
+    for (std::size_t row = 0; row < list.size(); ++row)
+      if (list[row]->integer(entry_key::kProductID) == touchscreen(kind).productId())
+        user.click(view.viewport()->mapToGlobal(
+            view.visualRect(view.model()->index(static_cast<int>(row), 1)).center()));
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return selected().integer(entry_key::kProductID) == touchscreen(kind).productId(); }));
+  }
+  const Dictionary& selected() { return *panel.controller().state().currentDict; }
+  QString status() { return panel.mainWindow().ui().lbStatus->text(); }
+
+  /// A finger taps the glass of `screen` at `location`: the sensor reports it, and the pointer clicks there.
+  void tap(simulated::SimulatedTouchscreen& screen, const QPoint& location) {
+    const QSize size = QGuiApplication::primaryScreen()->size();
+    now += std::chrono::milliseconds(500);
+    screen.touch({(location.x() + 0.5) / size.width(), (location.y() + 0.5) / size.height()}, now);
+    now += std::chrono::milliseconds(200);
+    screen.release(now);
+    user.click(location);
+  }
+
+  /// The run that covers the screen; null when there is none.
+  static const CalibrationRun* run() {
+    const auto* surface = ViewSurface::shown();
+    if (surface == nullptr) return nullptr;
+    if (const auto* whole = dynamic_cast<const Calibration*>(surface->view())) return &whole->run();
+    const auto* region = dynamic_cast<const RegionCalibration*>(surface->view());
+    return region == nullptr ? nullptr : &region->run();
+  }
+  static QPoint onScreen(const Point& location) {
+    const int height = QGuiApplication::primaryScreen()->size().height();
+    return {static_cast<int>(std::lround(location.x)), height - static_cast<int>(std::lround(location.y))};
+  }
+  static Point target(int index) {
+    const QSize size = QGuiApplication::primaryScreen()->size();
+    const Size box{static_cast<float>(size.width()), static_cast<float>(size.height())};
+    return run()->mode() == kFourTargets ? fourPointTarget(index, box)
+                                         : gridTarget(index / 5 + 1, index % 5, box);
+  }
+  /// Starts a calibration of the selected touchscreen over the whole screen.
+  void startCalibration(std::int32_t mode) {
+    panel.controller().state().currentDict->set(settings_key::kCalibrateMode, mode);
+    user.click(*panel.mainWindow().ui().btnCalibrate);
+    ASSERT_TRUE(QTest::qWaitFor([] { return run() != nullptr; }));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(ViewSurface::shown()));
+    ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
+  }
+  /// Touches every target that is left.
+  void collect(Kind kind) {
+    while (run()->isCollecting()) {
+      const int index = run()->touches().iTouchIndex;
+      tap(touchscreen(kind), onScreen(target(index)));
+      ASSERT_TRUE(QTest::qWaitFor([&] { return run()->touches().iTouchIndex == index + 1; }))
+          << "target " << index;
+      ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
+    }
+  }
+  static QPoint middle() { return QGuiApplication::primaryScreen()->geometry().center(); }
+  static QPoint reCalibrateButton() { return middle() + QPoint(-100, 0); }
+  static QPoint okButton() { return middle(); }
+  static QPoint cancelButton() { return middle() + QPoint(100, 0); }
+  static void expectClosed() {
+    EXPECT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown() == nullptr; }));
+  }
+  static Qt::CursorShape cursorShape() {
+    const auto* cursor = QGuiApplication::overrideCursor();
+    return cursor == nullptr ? Qt::ArrowCursor : cursor->shape();
+  }
+  /// What the touchscreen's driver instance holds under `key` of "calibration" or "configration".
+  Dictionary published(Kind kind, const char* name) {
+    const auto all = machine.registry().properties(machine.handleOf(touchscreen(kind)));
+    return *all.value().dictionary(name);
+  }
+
+  FakeClock clock;
+  FakePropertyListFiles files;
+  RecordingDiagnostics diagnostics;
+  simulated::SimulatedTouchscreens machine;
+  ControlPanel panel{{.usbNotifications = machine.usb(),
+                      .usbServices = machine.usb(),
+                      .registry = machine.registry(),
+                      .files = files,
+                      .clock = clock,
+                      .diagnostics = diagnostics,
+                      .paths = ConfigPaths::in("/etc/panel")}};
+  UserInput user;
+  std::chrono::microseconds now{0};
+};
+
+}  // namespace touchpanel::testing
