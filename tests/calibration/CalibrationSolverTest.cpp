@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "calibration/CalibrationSolver.h"
+#include "support/AllocationCount.h"
 
 namespace touchpanel {
 namespace {
@@ -78,9 +79,11 @@ TEST(CalibrationSolver, GivesTheSameBitsAsTheIndependentWorking) {
     const auto targetX = floats(solverCase.targetX), targetY = floats(solverCase.targetY);
     const auto rawX = floats(solverCase.rawX), rawY = floats(solverCase.rawY);
     auto x = marked(), y = marked();
+    const auto allocationsBefore = testing::allocationCount();
     const bool solved =
         generateCalibParam(targetX.data(), targetY.data(), rawX.data(), rawY.data(), solverCase.count, x, y,
                            solverCase.model == Model::Distorted, {rawX.data(), rawY.data()});
+    EXPECT_EQ(testing::allocationCount(), allocationsBefore);
     EXPECT_EQ(solved, solverCase.x.solved && solverCase.y.solved);
     EXPECT_EQ(comparableImage(x), expectedImage(solverCase.x));
     EXPECT_EQ(comparableImage(y), expectedImage(solverCase.y));
