@@ -6,7 +6,7 @@
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/TemporaryDirectory.h"
 
-/// What a user of a wall of touchscreens waits for, on a simulated machine with 40 of them and real files.
+/// What a user of a wall of touchscreens waits for, on a simulated machine with 40 of them.
 namespace touchpanel {
 namespace {
 
@@ -14,7 +14,8 @@ constexpr int kTouchscreens = 40;
 
 class Wall {
  public:
-  Wall() {
+  explicit Wall(PropertyListFiles& files, const std::string& directory = "memory")
+      : files_(files), paths_(ConfigPaths::in(directory)) {
     const auto examples = simulated::exampleTouchscreens();
     for (int number = 0; number < kTouchscreens; ++number) {
       auto model = examples[static_cast<std::size_t>(number) % examples.size()];
@@ -37,35 +38,21 @@ class Wall {
 
  private:
   ControllerPorts portsOnThisMachine() {
-    return {rig.application,
-            rig.alerts,
-            rig.sheets,
-            rig.screen,
-            rig.cursor,
-            rig.presentation,
-            rig.clock,
-            rig.runLoop,
-            machine_.registry(),
-            machine_.usb(),
-            machine_.usb(),
-            files_,
-            rig.diagnostics,
-            rig.statusLine,
-            rig.waitNotice,
-            rig.process,
-            ConfigPaths::in(directory_.path())};
+    return {rig.application,  rig.alerts, rig.sheets,      rig.screen,          rig.cursor,
+            rig.presentation, rig.clock,  rig.runLoop,     machine_.registry(), machine_.usb(),
+            machine_.usb(),   files_,     rig.diagnostics, rig.statusLine,      rig.waitNotice,
+            rig.process,      paths_};
   }
 
   simulated::SimulatedTouchscreens machine_;
-  testing::TemporaryDirectory directory_;
-  files::LibplistFiles files_;
+  PropertyListFiles& files_;
+  ConfigPaths paths_;
 
  public:
   MyController controller{rig.outlets, portsOnThisMachine()};
 };
 
-void ApplySettings(benchmark::State& state) {
-  Wall wall;
+void apply(Wall& wall, benchmark::State& state) {
   wall.controller.Settings();
   for (auto _ : state) {
     wall.rig.interface.singleClickArea.value ^= 1;
@@ -76,14 +63,30 @@ void ApplySettings(benchmark::State& state) {
   state.counters["touchscreens"] = wall.controller.numberOfRows();
 }
 
+void ApplySettings(benchmark::State& state) {
+  testing::FakePropertyListFiles files;
+  Wall wall(files);
+  apply(wall, state);
+}
+
+/// With the file's way to the disk, which is waited for.
+void ApplySettingsToDisk(benchmark::State& state) {
+  const testing::TemporaryDirectory directory;
+  files::LibplistFiles files;
+  Wall wall(files, directory.path());
+  apply(wall, state);
+}
+
 void SelectRow(benchmark::State& state) {
-  Wall wall;
+  testing::FakePropertyListFiles files;
+  Wall wall(files);
   std::int32_t row = 0;
   for (auto _ : state) wall.controller.shouldSelectRow(row = (row + 1) % kTouchscreens);
 }
 
 void ReloadTable(benchmark::State& state) {
-  Wall wall;
+  testing::FakePropertyListFiles files;
+  Wall wall(files);
   for (auto _ : state) {
     wall.controller.reloadTableViewData();
     wall.askForCells();
@@ -91,7 +94,8 @@ void ReloadTable(benchmark::State& state) {
 }
 
 void TurnTouchOverEverywhere(benchmark::State& state) {
-  Wall wall;
+  testing::FakePropertyListFiles files;
+  Wall wall(files);
   for (auto _ : state) {
     wall.controller.EnableTouch();
     wall.rig.statusLine.messages.clear();
@@ -99,6 +103,7 @@ void TurnTouchOverEverywhere(benchmark::State& state) {
 }
 
 BENCHMARK(ApplySettings)->Unit(benchmark::kMicrosecond);
+BENCHMARK(ApplySettingsToDisk)->Unit(benchmark::kMicrosecond);
 BENCHMARK(SelectRow)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReloadTable)->Unit(benchmark::kMicrosecond);
 BENCHMARK(TurnTouchOverEverywhere)->Unit(benchmark::kMicrosecond);

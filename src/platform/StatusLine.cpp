@@ -22,17 +22,17 @@ const char* statusTemplate(StatusText text) {
       return TRANSLATABLE_TEXT("StatusLine",
                                "The calibration of %1 ended; nothing was written to the touchscreen.");
     case StatusText::CalibrationReset:
-      return TRANSLATABLE_TEXT("StatusLine", "The calibration of %1 was reset.");
+      return TRANSLATABLE_TEXT("StatusLine", "A reset of the calibration was sent to %1.");
     case StatusText::TouchEnabled:
       return TRANSLATABLE_TEXT("StatusLine", "Touch was enabled on %1.");
     case StatusText::TouchDisabled:
       return TRANSLATABLE_TEXT("StatusLine", "Touch was disabled on %1.");
     case StatusText::SettingsSaved:
-      return TRANSLATABLE_COUNT("StatusLine", "Settings were applied to %n touchscreen(s) and saved.");
+      return TRANSLATABLE_COUNT("StatusLine", "Settings were sent to %n touchscreen(s) and saved.");
     case StatusText::SettingsNotSaved:
       return TRANSLATABLE_COUNT(
           "StatusLine",
-          "Settings were applied to %n touchscreen(s), but could not be saved for the next start.");
+          "Settings were sent to %n touchscreen(s), but could not be saved for the next start.");
     case StatusText::SettingsCancelled:
       return TRANSLATABLE_TEXT("StatusLine", "Settings were closed without applying changes.");
     case StatusText::SettingsReloaded:

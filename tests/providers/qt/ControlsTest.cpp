@@ -268,7 +268,7 @@ TEST(QtWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain) {
   QtWaitNotice notice(cursor, area, startUp);
   label.show();
   status.show({StatusText::CalibrationReset, "TS-1"});
-  EXPECT_EQ(label.text(), "The calibration of TS-1 was reset.");
+  EXPECT_EQ(label.text(), "A reset of the calibration was sent to TS-1.");
   notice.waitingFor({WaitText::TouchscreenInUse, 7});
   EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << label.text().toStdString();
   ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
