@@ -1,19 +1,9 @@
 #include "demo/CalibrationOnScreen.h"
 
-#include <QApplication>
-
 #include "calibration/Calibration.h"
 #include "calibration/RegionCalibration.h"
 
 namespace touchpanel::demo {
-
-ViewSurface* calibrationSurface() {
-  for (auto* window : QApplication::topLevelWidgets())
-    if (auto* surface = dynamic_cast<ViewSurface*>(window);
-        surface != nullptr && surface->isVisible() && surface->view() != nullptr)
-      return surface;
-  return nullptr;
-}
 
 const CalibrationRun* runOn(const ViewSurface& surface) {
   if (const auto* whole = dynamic_cast<const Calibration*>(surface.view())) return &whole->run();

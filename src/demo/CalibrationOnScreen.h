@@ -5,8 +5,6 @@
 
 namespace touchpanel::demo {
 
-/// The full-screen window of the calibration that is going on; null while there is none.
-ViewSurface* calibrationSurface();
 /// The run that a calibration's window shows; null once it has ended.
 const CalibrationRun* runOn(const ViewSurface& surface);
 /// Whether the window is waiting for a finger. A region is drawn and its buttons are pressed with a mouse:

@@ -9,6 +9,8 @@
 namespace touchpanel::demo {
 namespace {
 
+constexpr std::chrono::milliseconds kScanInterval{10};
+
 bool isMouseEvent(QEvent::Type type) {
   return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
          type == QEvent::MouseMove || type == QEvent::MouseButtonRelease;
@@ -24,13 +26,9 @@ firmware::ScreenFraction fractionAt(QPointF global) {
 
 MouseFinger::MouseFinger(Choice choice, Touched touched, FingerClock& clock)
     : choice_(std::move(choice)), touched_(std::move(touched)), clock_(clock) {
-  deadline_.setSingleShot(true);
-  deadline_.setTimerType(Qt::PreciseTimer);
-  connect(&deadline_, &QTimer::timeout, this, [this] {
-    if (down_ == nullptr) return;
-    down_->tick(clock_.now());
-    waitForDeadline();
-  });
+  scan_.setInterval(kScanInterval);
+  scan_.setTimerType(Qt::PreciseTimer);
+  connect(&scan_, &QTimer::timeout, this, [this] { down_->hold(clock_.now()); });
   QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -63,26 +61,19 @@ void MouseFinger::land(Touchscreen& touchscreen, const QMouseEvent& event) {
     if (pointer) pointer->post(frame);
   });
   move(event);
+  scan_.start();
 }
 
 void MouseFinger::move(const QMouseEvent& event) {
   const auto point = fractionAt(event.globalPosition());
   const auto raw = down_->touch(point, clock_.now());
   touched_(*down_, point, raw);
-  waitForDeadline();
 }
 
 void MouseFinger::lift() {
+  scan_.stop();
   down_->release(clock_.now());
   down_ = nullptr;
-  deadline_.stop();
-}
-
-void MouseFinger::waitForDeadline() {
-  const auto due = down_->driver().nextDeadline();
-  if (!due) return deadline_.stop();
-  deadline_.start(std::chrono::ceil<std::chrono::milliseconds>(
-      std::max(*due - clock_.now(), std::chrono::microseconds(0))));
 }
 
 }  // namespace touchpanel::demo

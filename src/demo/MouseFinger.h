@@ -17,6 +17,9 @@ namespace touchpanel::demo {
 ///
 ///     real mouse event --> touch of the glass --> sensor, driver --> DriverPointer --> mouse event
 ///
+/// While the finger is down the sensor reports it again and again, as sensors do, so that smoothing comes to
+/// rest and a hold becomes a right click.
+///
 /// The driver has captured a touch before any window hears of its end, since the pointer's events wait for
 /// the next turn of the event loop.
 class MouseFinger final : public QObject {
@@ -37,13 +40,12 @@ class MouseFinger final : public QObject {
   void land(Touchscreen& touchscreen, const QMouseEvent& event);
   void move(const QMouseEvent& event);
   void lift();
-  void waitForDeadline();
 
   Choice choice_;
   Touched touched_;
   FingerClock& clock_;
   DriverPointer pointer_;
-  QTimer deadline_;
+  QTimer scan_;                  ///< reports a finger that holds still
   Touchscreen* down_ = nullptr;  ///< where the finger is; null while it is lifted
 };
 

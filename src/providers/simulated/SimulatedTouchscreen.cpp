@@ -16,13 +16,19 @@ SimulatedTouchscreen::SimulatedTouchscreen(TouchscreenModel model)
 
 firmware::RawPoint SimulatedTouchscreen::touch(firmware::ScreenFraction point,
                                                std::chrono::microseconds now) {
-  const auto raw = surface_.rawFor(point);
+  last_ = surface_.rawFor(point);
+  report(now);
+  return last_;
+}
+
+void SimulatedTouchscreen::hold(std::chrono::microseconds now) { report(now); }
+
+void SimulatedTouchscreen::report(std::chrono::microseconds now) {
   driver::RawFrame frame;
   frame.time = now;
   frame.count = 1;
-  frame.contacts[0] = {0, raw.x, raw.y};
+  frame.contacts[0] = {0, last_.x, last_.y};
   driver_.process(frame);
-  return raw;
 }
 
 void SimulatedTouchscreen::release(std::chrono::microseconds now) {

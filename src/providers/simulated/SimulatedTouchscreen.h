@@ -34,6 +34,7 @@ class SimulatedTouchscreen {
   std::uint16_t productId() const { return model_.description.productId; }
   firmware::Firmware& firmware() { return firmware_; }
   driver::TouchDriver& driver() { return driver_; }
+  const driver::TouchDriver& driver() const { return driver_; }
   firmware::TouchSurface& surface() { return surface_; }
 
   void setConfiguration(std::uint8_t configuration) { model_.configuration = configuration; }
@@ -42,6 +43,8 @@ class SimulatedTouchscreen {
 
   /// One finger comes down, moves or stays; returns the raw point that the sensor reports for it.
   firmware::RawPoint touch(firmware::ScreenFraction point, std::chrono::microseconds now);
+  /// The finger stays where it came down or moved to last: the sensor reports the same raw point once more.
+  void hold(std::chrono::microseconds now);
   /// The last finger leaves.
   void release(std::chrono::microseconds now);
   void tick(std::chrono::microseconds now) { driver_.tick(now); }
@@ -50,9 +53,12 @@ class SimulatedTouchscreen {
   void loadCalibrationIntoDriver();
 
  private:
+  void report(std::chrono::microseconds now);
+
   TouchscreenModel model_;
   firmware::Firmware firmware_;
   firmware::TouchSurface surface_;
+  firmware::RawPoint last_;  ///< where the finger is, or was
   Output output_;
   driver::TouchDriver driver_;
 };

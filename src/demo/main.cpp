@@ -1,0 +1,14 @@
+#include <QApplication>
+
+#include "demo/Demo.h"
+#include "providers/qt/BlockingClock.h"
+#include "providers/qt/StandardOutput.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  touchpanel::BlockingClock clock;
+  touchpanel::StandardOutput diagnostics;
+  touchpanel::demo::Demo demo(clock, diagnostics);
+  demo.start();
+  return demo.run();
+}

@@ -1,0 +1,94 @@
+#include "demo/tour/CalibrationPlay.h"
+
+#include <cmath>
+
+#include "calibration/CalibrationGrid.h"
+#include "demo/CalibrationOnScreen.h"
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::demo {
+namespace {
+
+// On the red of a bull's eye, below the note that reaches into the one in the middle of the screen.
+constexpr QPoint kBelowCentre{0, 2};
+// On the OK button, beside its label.
+constexpr QPoint kOkCorner{-30, -14};
+// Farther than a finger that holds still may tremble, and not off the button.
+constexpr QPoint kPull{20, 0};
+
+bool isGrey(QColor color) { return color.red() == color.green() && color.green() == color.blue(); }
+
+}  // namespace
+
+void CalibrationPlay::open(const char* button) {
+  stage_.click(button);
+  stage_.until([&] { return (surface_ = ViewSurface::shown()) != nullptr; }, "the full-screen window");
+  box_ = surface_->rect();
+}
+
+void CalibrationPlay::chooseRegion(double share) {
+  const QSize size = (QSizeF(box_.size()) * share).toSize();
+  const QPoint from(box_.width() / 8, box_.height() / 8);
+  const QPoint to = from + QPoint(size.width(), size.height());
+  takePicture("empty");
+  stage_.input().moveTo(from.x(), from.y());
+  stage_.input().pressLeft();
+  stage_.input().moveTo(to.x(), to.y());
+  stage_.until([&] { return isGrey(drawnAt(from + QPoint(10, 10))) && isGrey(drawnAt(to - QPoint(10, 10))); },
+               "the region to be drawn");
+  takePicture("region");
+  stage_.input().releaseLeft();
+  box_ = QRect(QPoint(0, box_.height() - size.height()), size);
+}
+
+const CalibrationRun& CalibrationPlay::run() const {
+  const auto* found = surface_ == nullptr ? nullptr : runOn(*surface_);
+  require(found != nullptr, "the calibration's window has gone");
+  return *found;
+}
+
+QColor CalibrationPlay::drawnAt(QPoint place) const {
+  require(surface_ != nullptr, "the calibration's window has gone");
+  return surface_->image().valid(place) ? surface_->image().pixelColor(place) : QColor();
+}
+
+void CalibrationPlay::takePicture(const std::string& state) { stage_.pictures().take(prefix_ + "-" + state); }
+
+void CalibrationPlay::touchTarget(int index) {
+  const auto name = "target " + std::to_string(index + 1);
+  const auto place = static_cast<std::size_t>(index);
+  stage_.until([&] { return run().touches().fDspX[place] > 0; }, name);
+  const auto toPixel = [](float logical, int length) {
+    return static_cast<int>(std::lround(static_cast<double>(logical) * length / kLogicalMaximum));
+  };
+  const QPoint target = box_.topLeft() + QPoint(toPixel(run().touches().fDspX[place], box_.width()),
+                                                toPixel(run().touches().fDspY[place], box_.height()));
+  stage_.until([&] { return drawnAt(target + kBelowCentre) == QColor(Qt::red); }, name + " to be drawn");
+  if (index == 0) takePicture("first");
+  if (index == 12) takePicture("middle");
+  stage_.click(surface_->mapToGlobal(target));
+  stage_.until([&] { return run().touches().iTouchIndex == index + 1; },
+               "the touch of " + name + " to be taken");
+}
+
+void CalibrationPlay::touchAllTargets() {
+  const int targets = run().mode();
+  for (int index = 0; index < targets; ++index) touchTarget(index);
+  stage_.until([&] { return run().isFinished(); }, "the grid to be finished");
+}
+
+void CalibrationPlay::pressOk() {
+  const QPoint ok = box_.topLeft() + QPoint(box_.width() / 2, box_.height() / 2);
+  stage_.until([&] { return isGrey(drawnAt(ok + kOkCorner)); }, "the buttons");
+  takePicture("finished");
+  stage_.input().moveTo(ok.x(), ok.y());
+  stage_.input().pressLeft();
+  // A finger becomes a press once it is not held still any more; a mouse would drag a region.
+  if (isForFinger(*surface_)) stage_.input().moveTo(ok.x() + kPull.x(), ok.y() + kPull.y());
+  stage_.until([&] { return drawnAt(ok + kOkCorner) == QColor(Qt::red); }, "OK to be held");
+  takePicture("ok-held");
+  stage_.input().releaseLeft();
+  stage_.until([] { return ViewSurface::shown() == nullptr; }, "the full-screen window to close");
+}
+
+}  // namespace touchpanel::demo

@@ -1,0 +1,75 @@
+#include "demo/tour/DeviceSteps.h"
+
+#include <QTableView>
+
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::demo {
+namespace {
+
+std::string describe(const Dictionary& entry) {
+  return entry.text(entry_key::kSN) + " (version " + entry.text(entry_key::kFirmwareVersion) + ")";
+}
+
+void unplug(Stage& stage, const simulated::SimulatedTouchscreen& touchscreen) {
+  const auto& controls = stage.widget(touchscreen.model().name.c_str());
+  const auto* button = controls.findChild<QWidget*>(QStringLiteral("plugButton"));
+  require(button != nullptr, "the simulator window has no button to unplug " + touchscreen.model().name);
+  stage.click(button->mapToGlobal(button->rect().center()));
+  stage.until([&] { return !stage.demo().machine().isPluggedIn(touchscreen); },
+              touchscreen.model().name + " to be unplugged");
+}
+
+}  // namespace
+
+std::string listDevices(Stage& stage) {
+  stage.untilShown("KeyWindow");
+  stage.untilShown("SimulatorWindow");
+  const auto* rows = stage.the<QTableView>("deviceTableView").model();
+  stage.until([&] { return rows->rowCount() == 3; }, "three rows in the table");
+  stage.pictures().take("main-window");
+  std::string told;
+  for (const auto& touchscreen : stage.demo().machine().all()) {
+    const auto entry = stage.demo().entryOf(*touchscreen);
+    require(entry != nullptr, touchscreen->model().name + " is not listed");
+    require(entry->integer(entry_key::kProductID) == touchscreen->productId(),
+            touchscreen->model().name + " is listed under another product id");
+    told += (told.empty() ? "" : ", ") + touchscreen->model().name + " " + describe(*entry);
+  }
+  return told;
+}
+
+std::string resetInfrared(Stage& stage) {
+  auto& infrared = stage.demo().touchscreen(DeviceKind::Infrared);
+  stage.select(infrared);
+  stage.click("btnReset");
+  const auto entry = stage.demo().entryOf(infrared);
+  stage.until([&] { return entry->text(entry_key::kCalibrateStatus) == entry_key::kNo; },
+              "the entry to say that there is no calibration");
+  stage.until([&] { return !stage.widget("btnReset").isEnabled(); }, "Reset to be disabled");
+  require(infrared.firmware().stored().deviceConfig.CalibrateStatus == 0,
+          "the device still holds a calibration");
+  require(!infrared.driver()
+               .state()
+               .dictionary(property::kCalibration)
+               ->boolean(calibration_key::kCalibrateStatus),
+          "the driver instance still applies a calibration");
+  stage.pictures().take("reset");
+  return infrared.model().name + " has no calibration any more, nor has its driver instance";
+}
+
+std::string unplugAll(Stage& stage) {
+  auto& demo = stage.demo();
+  std::size_t left = demo.machine().all().size();
+  for (const auto& touchscreen : demo.machine().all()) {
+    unplug(stage, *touchscreen);
+    if (--left == 0) break;
+    stage.until([&] { return demo.state().deviceListArray.size() == left; },
+                std::to_string(left) + " listed touchscreens");
+    if (left == 1) stage.pictures().take("one-left");
+  }
+  stage.until([&] { return demo.application().isEnding(); }, "the end of the panel");
+  return "the panel ends with the last one";
+}
+
+}  // namespace touchpanel::demo

@@ -1,0 +1,100 @@
+#include "demo/tour/SettingsSteps.h"
+
+#include <QSpinBox>
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "calibration/CalibrationGrid.h"
+#include "demo/ValueText.h"
+#include "platform/DriverProperties.h"
+
+namespace touchpanel::demo {
+namespace {
+
+void openSettings(Stage& stage) {
+  stage.click("btnSettings");
+  stage.untilShown("SettingsWindow");
+}
+
+/// What was written, and to which objects.
+using Messages = std::map<std::string, std::set<RegistryObject>>;
+
+std::string told(const Messages& messages) {
+  std::string text;
+  for (const auto& [message, receivers] : messages)
+    text += (text.empty() ? "" : "; ") + message + " to " + std::to_string(receivers.size()) +
+            (receivers.size() == 1 ? " object" : " objects");
+  return text;
+}
+
+void type(Stage& stage, const char* field, const char* digit) {
+  auto* spinBox = stage.widget(field).findChild<QSpinBox*>();
+  require(spinBox != nullptr, std::string("there is nothing to type into in ") + field);
+  stage.click(spinBox->mapToGlobal(QPoint(spinBox->height() / 2, spinBox->height() / 2)));
+  stage.until([&] { return spinBox->hasFocus(); }, std::string("the keyboard in ") + field);
+  stage.input().tapKey("a", "Control_L");
+  stage.input().tapKey(digit);
+  stage.input().tapKey("Tab");
+  stage.until([&] { return spinBox->value() == std::stoi(digit) && !spinBox->hasFocus(); },
+              std::string(digit) + " in " + field);
+}
+
+void takePages(Stage& stage) {
+  for (const auto* page :
+       {"rightClickPage", "doubleClickPage", "sensitivityPage", "calibrationPage", "touchPage"}) {
+    stage.turnTo("settingsPages", page);
+    stage.pictures().takeInBothThemes(std::string("settings-") + page);
+  }
+}
+
+}  // namespace
+
+void chooseCalibrationMode(Stage& stage, int targets) {
+  openSettings(stage);
+  stage.turnTo("settingsPages", "calibrationPage");
+  stage.clickChoice(targets == kFourTargets ? "calibMode0" : "calibMode1");
+  stage.click("btnOk");
+  stage.untilHidden("SettingsWindow");
+  const auto& entries = stage.demo().state().deviceListArray;
+  require(std::ranges::all_of(
+              entries,
+              [&](const auto& entry) { return entry->integer(settings_key::kCalibrateMode) == targets; }),
+          "the settings sheet did not choose " + std::to_string(targets) + " targets for every touchscreen");
+}
+
+std::string applySettings(Stage& stage) {
+  stage.select(stage.demo().touchscreen(DeviceKind::Optical));  // the kind that has every control
+  openSettings(stage);
+  takePages(stage);
+  stage.clickChoice("touchMode1");
+  type(stage, "singleClickArea", "3");
+
+  Messages messages;
+  stage.demo().registry().observe(
+      [&](RegistryObject object, std::string_view name, const Value& value, Status status) {
+        if (status == kSuccess) messages[std::string(name) + " " + textOf(value)].insert(object);
+      });
+  stage.click("btnApply");
+  stage.until([&] { return !stage.widget("btnApply").isEnabled(); }, "Apply to be disabled again");
+  stage.demo().registry().observe({});
+
+  const auto instances = stage.demo().machine().all().size();
+  require(std::ranges::count_if(messages,
+                                [&](const auto& entry) { return entry.second.size() == instances; }) == 1,
+          "there is no one message that reached every driver instance: " + told(messages));
+  for (const auto& touchscreen : stage.demo().machine().all()) {
+    const auto state = touchscreen->driver().state();
+    const auto* settings = state.dictionary(property::kConfigration);
+    require(settings->integer(configration_key::kMode) == 1 &&
+                settings->integer(configration_key::kClickRange) == 3,
+            touchscreen->model().name + "'s driver instance did not take the settings");
+  }
+  stage.click("btnDefault");
+  stage.click("btnOk");
+  stage.untilHidden("SettingsWindow");
+  stage.pictures().takeInBothThemes("main-window-settings-saved");
+  return told(messages);
+}
+
+}  // namespace touchpanel::demo

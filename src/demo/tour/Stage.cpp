@@ -1,0 +1,97 @@
+#include "demo/tour/Stage.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTableView>
+#include <QWindow>
+
+#include "demo/tour/StepFailed.h"
+
+namespace touchpanel::demo {
+namespace {
+
+QWidget* visibleWidget(const QString& name) {
+  for (auto* window : QApplication::topLevelWidgets()) {
+    if (!window->isVisible()) continue;
+    if (window->objectName() == name) return window;
+    for (auto* child : window->findChildren<QWidget*>(name))
+      if (child->isVisible()) return child;
+  }
+  return nullptr;
+}
+
+bool isOnScreen(const QWidget& widget) {
+  const auto* window = widget.window()->windowHandle();
+  return widget.isVisible() && window != nullptr && window->isExposed();
+}
+
+}  // namespace
+
+Stage::Stage(Demo& demo, Pictures& pictures) : demo_(demo), wait_(demo.application()), pictures_(pictures) {}
+
+QWidget& Stage::widget(const char* name) const {
+  QWidget* found = nullptr;
+  until([&] { return (found = visibleWidget(QString::fromLatin1(name))) != nullptr; },
+        std::string("a visible ") + name);
+  return *found;
+}
+
+void Stage::untilShown(const char* name) const {
+  const auto& shown = widget(name);
+  until([&] { return isOnScreen(shown); }, std::string(name) + " on the screen");
+}
+
+void Stage::untilHidden(const char* name) const {
+  until([&] { return visibleWidget(QString::fromLatin1(name)) == nullptr; },
+        std::string("the end of ") + name);
+}
+
+QWidget& Stage::usable(const char* name) const {
+  auto& found = widget(name);
+  until([&] { return found.isEnabled() && isOnScreen(found); }, std::string(name) + " to be usable");
+  return found;
+}
+
+void Stage::click(QPoint pixel) {
+  input_.moveTo(pixel.x(), pixel.y());
+  input_.pressLeft();
+  input_.releaseLeft();
+}
+
+void Stage::click(const char* name) {
+  const auto& target = usable(name);
+  click(target.mapToGlobal(target.rect().center()));
+}
+
+void Stage::clickChoice(const char* name) {
+  const auto& target = usable(name);
+  const int fromEdge = target.height() / 2;
+  const int x = target.layoutDirection() == Qt::RightToLeft ? target.width() - fromEdge : fromEdge;
+  click(target.mapToGlobal(QPoint(x, target.height() / 2)));
+}
+
+void Stage::turnTo(const char* tabs, const char* page) {
+  auto& pages = dynamic_cast<QTabWidget&>(usable(tabs));
+  auto* wanted = pages.findChild<QWidget*>(QString::fromLatin1(page));
+  require(wanted != nullptr, std::string("there is no page ") + page);
+  click(pages.tabBar()->mapToGlobal(pages.tabBar()->tabRect(pages.indexOf(wanted)).center()));
+  until([&] { return wanted->isVisible(); }, std::string("the page ") + page);
+}
+
+void Stage::select(const simulated::SimulatedTouchscreen& touchscreen) {
+  const auto& list = demo_.state().deviceListArray;
+  const auto entry = demo_.entryOf(touchscreen);
+  require(entry != nullptr, touchscreen.model().name + " is not listed");
+  const auto row = static_cast<int>(std::ranges::find(list, entry) - list.begin());
+  const auto& table = dynamic_cast<QTableView&>(usable("deviceTableView"));
+  click(table.viewport()->mapToGlobal(table.visualRect(table.model()->index(row, 0)).center()));
+  until([&] { return demo_.state().currentDict == entry; }, touchscreen.model().name + " to be selected");
+}
+
+void require(bool holds, const std::string& complaint) {
+  if (!holds) throw StepFailed(complaint);
+}
+
+}  // namespace touchpanel::demo

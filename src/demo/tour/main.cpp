@@ -1,0 +1,68 @@
+#include <QApplication>
+#include <QDir>
+#include <QTimer>
+#include <cstdio>
+#include <exception>
+
+#include "demo/tour/PicturingClock.h"
+#include "demo/tour/Step.h"
+#include "platform/RecentDiagnostics.h"
+#include "providers/qt/BlockingClock.h"
+
+namespace {
+
+using namespace touchpanel;
+using namespace touchpanel::demo;
+
+/// Takes the panel's lines away from standard output, where each step has its own.
+class Unheard final : public Diagnostics {
+ public:
+  void line(std::string_view) override {}
+};
+
+void print(std::size_t number, const char* title, const std::string& told) {
+  std::printf("%2zu. %s: %s\n", number, title, told.c_str());
+  std::fflush(stdout);
+}
+
+/// Plays all steps, a line for each; whether every step did what it should.
+bool play(Demo& demo, Pictures& pictures) {
+  const char* title = "begin";
+  std::size_t number = 0;
+  try {
+    Stage stage(demo, pictures);
+    for (const auto& step : steps()) {
+      title = step.title;
+      print(++number, title, step.play(stage));
+    }
+    return true;
+  } catch (const std::exception& failure) {
+    print(number, title, std::string("FAILED: ") + failure.what());
+    pictures.takeAsItIs("failed");
+    return false;
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  const auto arguments = QCoreApplication::arguments();
+  if (arguments.size() != 2 || !QDir().mkpath(arguments[1])) {
+    std::fprintf(stderr, "usage: touchpanel-tour OUTPUT-DIRECTORY\n");
+    return 2;
+  }
+  Pictures pictures(arguments[1]);
+  BlockingClock realClock;
+  PicturingClock clock(realClock, pictures);
+  Unheard diagnostics;
+  Demo demo(clock, diagnostics);
+  demo.start();
+  bool isDone = false;
+  QTimer::singleShot(0, [&] {
+    isDone = play(demo, pictures);
+    demo.application().exit(isDone ? 0 : 1);
+  });
+  const int status = demo.run();
+  return isDone ? status : 1;
+}
