@@ -3,7 +3,7 @@
 import pathlib
 import sys
 
-from . import kernel
+from . import kernel, usb
 from .checks import SHARE, Report
 from .emulator import Emulator
 
@@ -16,6 +16,9 @@ def main() -> int:
         report.run(kernel.sees_three_kinds, emulator)
         report.run(kernel.keeps_fingers_apart, emulator)
         report.run(kernel.survives_unplugging, emulator)
+        report.run(usb.reads_every_parameter, emulator, programs)
+        report.run(usb.loses_a_touchscreen_in_an_exchange, emulator, programs)
+        report.run(usb.gives_up_on_touchscreens_that_do_not_answer, emulator, programs)
         emulator.end()
     return 0 if report.held() else 1
 

@@ -35,6 +35,22 @@ class Emulator:
         self.tell(f"await {name} configured")
         return port
 
+    def bring(self, kinds: dict[str, str], *options: str) -> None:
+        """Has every touchscreen of `kinds` (name to kind) plugged in and without a fault, new ones with `options`."""
+        there = dict(entry.split("@") for entry in self.tell("list").split())
+        for name, kind in kinds.items():
+            if name not in there:
+                self.plug(name, kind, *options)
+            elif there[name] == "-":
+                self.plug(name)
+            self.tell(f"fault {name} none")
+
+    def unplug_all(self) -> None:
+        for entry in self.tell("list").split():
+            name, port = entry.split("@")
+            if port != "-":
+                self.tell(f"unplug {name}")
+
     def stored(self, name: str) -> dict[str, str]:
         """What the touchscreen holds, in hexadecimal by block."""
         return dict(pair.split("=", 1) for pair in self.tell(f"dump {name}").split())

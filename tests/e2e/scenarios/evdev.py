@@ -35,16 +35,19 @@ def _request(direction: int, number: int, size: int) -> int:
     return direction << 30 | size << 16 | ord("E") << 8 | number
 
 
-def nodes(vendor: int, product: int | None = None, bus: str = "0003") -> list["InputNode"]:
+BUS_USB = 3
+
+
+def nodes(vendor: int, product: int | None = None, bus: int = BUS_USB) -> list["InputNode"]:
     """The evdev nodes of one kind of device, in the order of their location."""
     found = []
     for folder in pathlib.Path("/sys/class/input").glob("event*"):
         try:
-            ids = {name: (folder / "device" / "id" / name).read_text().strip() for name in ("bustype", "vendor", "product")}
+            node = InputNode(folder)
         except OSError:  # gone meanwhile
             continue
-        if ids["bustype"] == bus and int(ids["vendor"], 16) == vendor and product in (None, int(ids["product"], 16)):
-            found.append(InputNode(folder))
+        if (node.bus, node.vendor) == (bus, vendor) and product in (None, node.product):
+            found.append(node)
     return sorted(found, key=lambda node: str(node.sysfs))
 
 
@@ -55,7 +58,8 @@ class InputNode:
         self.path = pathlib.Path("/dev/input") / folder.name
         self.sysfs = (folder / "device").resolve()
         self.name = (folder / "device" / "name").read_text().strip()
-        self.product = int((folder / "device" / "id" / "product").read_text(), 16)
+        self.bus, self.vendor, self.product = (int((folder / "device" / "id" / name).read_text(), 16)
+                                               for name in ("bustype", "vendor", "product"))
         self._file: int | None = None
 
     @property

@@ -29,8 +29,7 @@ def _node(name: str) -> evdev.InputNode:
 
 def sees_three_kinds(report: Report, emulator: Emulator) -> None:
     """Three kinds of touchscreens are input devices with the right axes, and their touches arrive"""
-    for name, kind in KINDS.items():
-        emulator.plug(name, kind, *UNDISTORTED)
+    emulator.bring(KINDS, *UNDISTORTED)
     system.settle()
     for name in KINDS:
         node = _node(name)
@@ -75,6 +74,5 @@ def survives_unplugging(report: Report, emulator: Emulator) -> None:
         emulator.plug("opt")
         expect_equal(_node("opt").sysfs.parents[3].name, place, "place on the bus")
     expect_equal(len(evdev.nodes(VENDOR)), len(KINDS), "input devices at the end")
-    for name in KINDS:
-        emulator.tell(f"unplug {name}")
+    emulator.unplug_all()
     eventually(lambda: not evdev.nodes(VENDOR), "the last input device's end")

@@ -81,6 +81,7 @@ class _Event(ctypes.Union):
 
 _BUTTON_PRESS, _BUTTON_RELEASE = 4, 5
 _INPUT_ONLY = 2
+_ANY_BUTTON = 0x1F00
 _BUTTON_EVENTS = 1 << 2 | 1 << 3
 _OVERRIDE_REDIRECT, _EVENT_MASK = 1 << 9, 1 << 11
 
@@ -91,7 +92,8 @@ class Desktop:
     def __init__(self):
         x = self.x = ctypes.CDLL("libX11.so.6")
         x.XOpenDisplay.restype = ctypes.c_void_p
-        x.XDefaultRootWindow.restype = x.XCreateWindow.restype = ctypes.c_ulong
+        x.XDefaultRootWindow.restype = x.XCreateWindow.restype = x.XGetPixel.restype = ctypes.c_ulong
+        x.XGetImage.restype = ctypes.c_void_p
         self.display = ctypes.c_void_p(x.XOpenDisplay(DISPLAY.encode()))
         if not self.display:
             raise Failed("the X server takes no connection")
@@ -101,11 +103,27 @@ class Desktop:
 
     def pointer(self) -> tuple[int, int]:
         """Where the pointer is, in pixels from the upper left corner."""
+        return self._query()[:2]
+
+    def _query(self) -> tuple[int, int, int]:
         root_x, root_y, other, mask = ctypes.c_int(), ctypes.c_int(), ctypes.c_int(), ctypes.c_uint()
         window = ctypes.c_ulong()
         self.x.XQueryPointer(self.display, self.root, ctypes.byref(window), ctypes.byref(window), ctypes.byref(root_x),
                              ctypes.byref(root_y), ctypes.byref(other), ctypes.byref(other), ctypes.byref(mask))
-        return root_x.value, root_y.value
+        return root_x.value, root_y.value, mask.value
+
+    def buttons_held(self) -> bool:
+        """Whether the pointer holds any button down, by the X server's own account."""
+        return bool(self._query()[2] & _ANY_BUTTON)
+
+    def pixel(self, x: int, y: int) -> int:
+        """The colour that is shown at one place, 0xRRGGBB."""
+        image = ctypes.c_void_p(self.x.XGetImage(self.display, self.root, x, y, 1, 1, ctypes.c_ulong(0xFFFFFFFF), 2))
+        if not image:
+            raise Failed(f"no picture of {x}, {y}")
+        colour = self.x.XGetPixel(image, 0, 0) & 0xFFFFFF
+        self.x.XDestroyImage(image)
+        return colour
 
     def cover(self) -> None:
         """Puts an invisible window over everything, which takes every press and release."""
