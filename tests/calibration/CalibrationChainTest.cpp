@@ -1,6 +1,4 @@
-#include <cmath>
 #include <memory>
-#include <numeric>
 
 #include <gtest/gtest.h>
 
@@ -13,9 +11,9 @@
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeRunLoop.h"
 #include "support/FakeScreen.h"
-#include "support/RecordingCanvas.h"
 #include "support/RecordingDiagnostics.h"
 #include "support/RecordingWaitNotice.h"
+#include "support/TouchedView.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -33,7 +31,6 @@ class Desk {
 
   Desk(firmware::DeviceDescription device, std::int32_t mode, firmware::Distortion distortion)
       : touchscreen_(machine_.add({"Touchscreen", std::move(device), distortion, 0x14100000})) {
-    touchscreen_.setOutput([this](const driver::OutputFrame& frame) { frames_.push_back(frame); });
     machine_.plugIn(touchscreen_);
     const auto image = imageOf(_DEVICT_CONTEXT{});
     entry_ = std::make_shared<Dictionary>(
@@ -47,76 +44,23 @@ class Desk {
 
   /// Every target is touched where it is drawn, then OK; false when the run did not end by that.
   bool calibrate() {
-    record_ = std::make_shared<FakeWindowRecord>();
-    FakeFullScreenWindow window(record_);
-    view_ = std::make_unique<Calibration>(Rect{0, 0, kScreen.width, kScreen.height}, ports_);
-    view_->setWindow(window);
-    view_->setCalibrateDict(entry_, controller_);
-    paint();
-    for (int i = 0; i < entry_->integer(settings_key::kCalibrateMode); ++i) tap(shownTarget());
-    tap({kScreen.width / 2, kScreen.height / 2});
-    const bool closed = record_->isClosed;
-    view_.reset();
-    return closed;
+    auto record = std::make_shared<FakeWindowRecord>();
+    FakeFullScreenWindow window(record);
+    Calibration view(Rect{0, 0, kScreen.width, kScreen.height}, ports_);
+    view.setWindow(window);
+    view.setCalibrateDict(entry_, controller_);
+    finger_.show(view, record);
+    for (int i = 0; i < entry_->integer(settings_key::kCalibrateMode); ++i) finger_.tapTarget();
+    finger_.tapMiddle();
+    return record->isClosed;
   }
-
-  /// Mean distance in pixels between touched points and the pointer, on points halfway between targets.
-  double meanError() {
-    constexpr int kPoints = 8;
-    double sum = 0;
-    for (int row = 0; row < kPoints; ++row)
-      for (int column = 0; column < kPoints; ++column) {
-        const Point touched{kScreen.width * (0.09F + 0.117F * static_cast<float>(column)),
-                            kScreen.height * (0.09F + 0.117F * static_cast<float>(row))};
-        frames_.clear();
-        touchAndRelease(touched);
-        const Point pointer = locationOf(frames_.front());
-        sum += std::hypot(pointer.x - touched.x, pointer.y - touched.y);
-      }
-    return sum / (kPoints * kPoints);
-  }
+  double meanError() { return finger_.meanError(); }
 
   /// What the touchscreen holds now; a driver instance that starts on it knows nothing else.
   firmware::DeviceDescription stored() { return touchscreen_.firmware().stored(); }
   void loadCalibrationIntoDriver() { touchscreen_.loadCalibrationIntoDriver(); }
 
  private:
-  void touchAndRelease(Point point) {
-    using std::chrono_literals::operator""ms;
-    const firmware::ScreenFraction fraction{point.x / kScreen.width, 1 - point.y / kScreen.height};
-    touchscreen_.touch(fraction, now_ += 1000ms);
-    touchscreen_.release(now_ += 50ms);
-  }
-  /// A finger's touch and what the desktop makes of it.
-  void tap(Point point) {
-    frames_.clear();
-    touchAndRelease(point);
-    bool pressed = false;
-    Point location;
-    for (const auto& frame : frames_) {
-      if (frame.hasPosition) location = locationOf(frame);
-      if (frame.left && !pressed) view_->mouseDown(location);
-      if (!frame.left && pressed) view_->mouseUp(location);
-      pressed = frame.left;
-      while (std::exchange(record_->redrawRequests, 0) > 0 && !record_->isClosed) paint();
-    }
-  }
-  static Point locationOf(const driver::OutputFrame& frame) {
-    return {static_cast<float>(frame.x) * kScreen.width / kLogicalMaximum,
-            kScreen.height - static_cast<float>(frame.y) * kScreen.height / kLogicalMaximum};
-  }
-  void paint() {
-    canvas_.operations.clear();
-    view_->drawRect(canvas_);
-  }
-  /// The middle of the smallest disc on the screen.
-  Point shownTarget() const {
-    Point middle;
-    for (const auto& operation : canvas_.operations)
-      if (const auto* disc = std::get_if<FilledOval>(&operation))
-        middle = {disc->bounds.x + disc->bounds.width / 2, disc->bounds.y + disc->bounds.height / 2};
-    return middle;
-  }
   UsbDeviceReference deviceReference() {
     auto& usb = machine_.usb();
     UsbIterator* iterator = nullptr;
@@ -133,8 +77,7 @@ class Desk {
 
   simulated::SimulatedTouchscreens machine_;
   simulated::SimulatedTouchscreen& touchscreen_;
-  std::vector<driver::OutputFrame> frames_;
-  std::chrono::microseconds now_{0};
+  TouchedView finger_{touchscreen_, kScreen};
   FakeRunLoop runLoop_;
   FakeCursor cursor_;
   FakePresentation presentation_;
@@ -142,15 +85,12 @@ class Desk {
   RecordingDiagnostics diagnostics_;
   RecordingWaitNotice waitNotice_;
   FakePropertyListFiles files_;
-  RecordingCanvas canvas_;
   DriverChannel driver_{machine_.registry()};
   ContextStore store_{
       machine_.usb(), files_, {"driver.plist", "device.plist"}, {clock_, diagnostics_}, waitNotice_};
   CalibrationPorts ports_{driver_, runLoop_, cursor_, presentation_, store_};
   NoTable controller_;
   DeviceEntry entry_;
-  std::shared_ptr<FakeWindowRecord> record_;
-  std::unique_ptr<Calibration> view_;
 };
 
 TEST(CalibrationChain, BringsTheErrorOfABentSensorBelowATenthWithTwentyFiveTargets) {

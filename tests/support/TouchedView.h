@@ -1,0 +1,102 @@
+#pragma once
+
+#include <chrono>
+#include <cmath>
+#include <memory>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "platform/DriverProperties.h"
+#include "platform/View.h"
+#include "providers/simulated/SimulatedTouchscreen.h"
+#include "support/FakeScreen.h"
+#include "support/RecordingCanvas.h"
+
+namespace touchpanel::testing {
+
+/// A finger on a simulated touchscreen in front of a screen, and what the desktop makes of it: the pointer's
+/// events reach the view that is shown, and redraws that the view asks for are done at once.
+class TouchedView {
+ public:
+  TouchedView(simulated::SimulatedTouchscreen& touchscreen, Size screen)
+      : touchscreen_(touchscreen), screen_(screen) {
+    touchscreen_.setOutput([this](const driver::OutputFrame& frame) { frames_.push_back(frame); });
+  }
+  ~TouchedView() { touchscreen_.setOutput({}); }
+  TouchedView(const TouchedView&) = delete;
+  TouchedView& operator=(const TouchedView&) = delete;
+
+  /// Draws `view`, which fills the screen and must stay until its window, that of `record`, is closed.
+  void show(View& view, std::shared_ptr<FakeWindowRecord> record) {
+    view_ = &view;
+    record_ = std::move(record);
+    paint();
+  }
+  bool isClosed() const { return record_->isClosed; }
+
+  void tap(Point point) {
+    bool pressed = false;
+    for (const auto& frame : touch(point)) {
+      const Point location = locationOf(frame);
+      if (frame.left && !pressed && !isClosed()) view_->mouseDown(location);
+      if (!frame.left && pressed && !isClosed()) view_->mouseUp(location);
+      pressed = frame.left;
+      while (!isClosed() && std::exchange(record_->redrawRequests, 0) > 0) paint();
+    }
+  }
+  /// Touches the target that is shown as the next one: the middle of the smallest disc on the screen.
+  void tapTarget() {
+    Point middle;
+    for (const auto& operation : canvas_.operations)
+      if (const auto* disc = std::get_if<FilledOval>(&operation))
+        middle = {disc->bounds.x + disc->bounds.width / 2, disc->bounds.y + disc->bounds.height / 2};
+    tap(middle);
+  }
+  void tapMiddle() { tap({screen_.width / 2, screen_.height / 2}); }
+
+  /// Mean distance in pixels between touched points and the pointer, on points halfway between targets.
+  double meanError() {
+    constexpr int kPoints = 8;
+    double sum = 0;
+    for (int row = 0; row < kPoints; ++row)
+      for (int column = 0; column < kPoints; ++column) {
+        const Point touched{screen_.width * (0.09F + 0.117F * static_cast<float>(column)),
+                            screen_.height * (0.09F + 0.117F * static_cast<float>(row))};
+        const Point pointer = locationOf(touch(touched).front());
+        sum += std::hypot(pointer.x - touched.x, pointer.y - touched.y);
+      }
+    return sum / (kPoints * kPoints);
+  }
+
+ private:
+  std::vector<driver::OutputFrame> touch(Point point) {
+    using std::chrono_literals::operator""ms;
+    frames_.clear();
+    touchscreen_.touch({point.x / screen_.width, 1 - point.y / screen_.height}, now_ += 1000ms);
+    touchscreen_.release(now_ += 50ms);
+    return std::exchange(frames_, {});
+  }
+  /// A frame without a position leaves the pointer where it is.
+  Point locationOf(const driver::OutputFrame& frame) {
+    if (frame.hasPosition)
+      pointer_ = {static_cast<float>(frame.x) * screen_.width / kLogicalMaximum,
+                  screen_.height - static_cast<float>(frame.y) * screen_.height / kLogicalMaximum};
+    return pointer_;
+  }
+  void paint() {
+    canvas_.operations.clear();
+    view_->drawRect(canvas_);
+  }
+
+  simulated::SimulatedTouchscreen& touchscreen_;
+  Size screen_;
+  View* view_ = nullptr;
+  std::shared_ptr<FakeWindowRecord> record_;
+  RecordingCanvas canvas_;
+  std::vector<driver::OutputFrame> frames_;
+  std::chrono::microseconds now_{0};
+  Point pointer_;
+};
+
+}  // namespace touchpanel::testing
