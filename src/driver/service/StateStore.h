@@ -4,8 +4,8 @@
 
 #include "driver/HidSystem.h"
 #include "driver/service/TouchscreenIdentity.h"
-#include "driver/service/Trouble.h"
 #include "platform/PropertyListFiles.h"
+#include "platform/Trouble.h"
 
 namespace touchpanel::driver {
 

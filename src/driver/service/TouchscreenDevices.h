@@ -7,7 +7,7 @@
 #include "driver/service/PointerDevices.h"
 #include "driver/service/Timers.h"
 #include "driver/service/TouchInputs.h"
-#include "driver/service/Trouble.h"
+#include "platform/Trouble.h"
 
 namespace touchpanel::driver {
 

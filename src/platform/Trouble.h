@@ -5,7 +5,7 @@
 
 #include "platform/Diagnostics.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// One thing that can go wrong and get well again, told once each way however often it is tried.
 class Trouble {
@@ -28,4 +28,4 @@ class Trouble {
   std::string current_;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

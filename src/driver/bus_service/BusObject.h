@@ -1,0 +1,52 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <TouchDriverAdaptor.h>
+#include <sdbus-c++/sdbus-c++.h>
+
+#include "driver/service/DriverService.h"
+
+namespace touchpanel::driver {
+
+/// The D-Bus path of the object with handle `object`.
+std::string busPathOf(RegistryObject object);
+
+/// One object of the service's registry on D-Bus, for as long as it lives here.
+class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Object_adaptor> {
+ public:
+  BusObject(sdbus::IConnection& connection, DriverService& service, RegistryObject object);
+  ~BusObject();
+  BusObject(const BusObject&) = delete;
+  BusObject& operator=(const BusObject&) = delete;
+
+ private:
+  std::vector<sdbus::ObjectPath> Children() override;
+  bool ConformsTo(const std::string& className) override;
+  std::map<std::string, sdbus::Variant> Properties() override;
+  void SetProperty(const std::string& name, const sdbus::Variant& value) override;
+  std::string ClassName() override;
+
+  DriverService& service_;
+  RegistryObject handle_;
+};
+
+/// The way in to the registry.
+class BusRegistry final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Registry_adaptor> {
+ public:
+  BusRegistry(sdbus::IConnection& connection, DriverService& service);
+  ~BusRegistry();
+  BusRegistry(const BusRegistry&) = delete;
+  BusRegistry& operator=(const BusRegistry&) = delete;
+
+ private:
+  std::vector<sdbus::ObjectPath> InstancesOf(const std::uint32_t& interfaceVersion,
+                                             const std::string& className) override;
+  std::uint32_t InterfaceVersion() override;
+
+  DriverService& service_;
+};
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <memory>
+
+#include <sdbus-c++/sdbus-c++.h>
+
+namespace touchpanel::driver {
+
+enum class Bus { System, Session };
+
+/// A connection of our own to `bus`, wherever the environment says that it is. Throws sdbus::Error when there
+/// is none.
+inline std::unique_ptr<sdbus::IConnection> connectTo(Bus bus) {
+  return bus == Bus::System ? sdbus::createSystemBusConnection() : sdbus::createSessionBusConnection();
+}
+
+}  // namespace touchpanel::driver
