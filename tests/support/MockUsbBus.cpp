@@ -65,8 +65,7 @@ struct MockUsbBus::Testbed {
   Testbed& operator=(const Testbed&) = delete;
 };
 
-MockUsbBus::MockUsbBus()
-    : testbed_(std::make_unique<Testbed>()), beforeTransfer_(std::make_shared<BeforeTransfer>()) {
+MockUsbBus::MockUsbBus() : testbed_(std::make_unique<Testbed>()) {
   // Only now: the answer is kept from the first time it is asked for.
   if (!umockdev_in_mock_environment()) throw std::runtime_error("umockdev is not preloaded");
 }
@@ -80,9 +79,12 @@ void MockUsbBus::plugIn(const std::string& socket, firmware::Firmware& firmware,
   const auto realPath = testbed_->root.string() + path;
   std::filesystem::create_directories(std::filesystem::path(realPath).parent_path());
   firmware.powerCycle();
-  auto node = std::make_shared<MockUsbNode>(realPath, &firmware, [before = beforeTransfer_, socket] {
-    if (*before) (*before)(socket);
-  });
+  const auto call = [socket](const TransferHook& hook) {
+    if (hook) hook(socket);
+  };
+  auto node = std::make_shared<MockUsbNode>(
+      realPath, firmware,
+      TransferHooks{[this, call] { call(beforeTransfer_); }, [this, call] { call(afterSubmit_); }});
   node->attach(testbed_->bed, path);
   nodes_[socket] = node;
   add(socket, touchscreenDescriptors(vendorId, firmware.stored().productId), configuration, node);
@@ -100,10 +102,11 @@ void MockUsbBus::unplug(const std::string& socket) {
   umockdev_testbed_remove_device(testbed_->bed, sysPath.c_str());
 }
 
-std::string MockUsbBus::nodeOf(const std::string& socket) const { return nodes_.at(socket)->devicePath; }
+std::string MockUsbBus::nodeOf(const std::string& socket) const { return nodes_.at(socket)->devicePath(); }
 
-void MockUsbBus::setBeforeTransfer(BeforeTransfer before) { *beforeTransfer_ = std::move(before); }
+void MockUsbBus::setBeforeTransfer(TransferHook before) { beforeTransfer_ = std::move(before); }
 
+void MockUsbBus::setAfterSubmit(TransferHook after) { afterSubmit_ = std::move(after); }
 void MockUsbBus::setHanging(const std::string& socket, bool on) { nodes_.at(socket)->setHanging(on); }
 
 std::string MockUsbBus::pathOf(const std::string& name) {
@@ -129,7 +132,7 @@ std::string MockUsbBus::add(const std::string& name, const std::string& descript
   std::ofstream(real + "/descriptors", std::ios::binary) << descriptors;
 
   const auto path =
-      node ? node->devicePath : "/dev/bus/usb/" + threeDigits(busOf(name)) + "/" + threeDigits(number);
+      node ? node->devicePath() : "/dev/bus/usb/" + threeDigits(busOf(name)) + "/" + threeDigits(number);
   const auto busDigits = threeDigits(busOf(name));
   const auto numberText = std::to_string(number);
   const auto numberDigits = threeDigits(number);

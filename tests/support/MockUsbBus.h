@@ -18,9 +18,9 @@ class MockUsbNode;
 /// LD_PRELOAD, and no privileges. One at a time in a process.
 class MockUsbBus {
  public:
-  /// Asked before each control transfer of any device, on another thread while the caller of the transfer
-  /// waits. `socket` is the device's; unplug() may be called from there.
-  using BeforeTransfer = std::function<void(const std::string& socket)>;
+  /// Called for each control transfer of any device, on another thread while the caller of the transfer
+  /// waits; may unplug. `socket` is the device's.
+  using TransferHook = std::function<void(const std::string& socket)>;
 
   MockUsbBus();
   ~MockUsbBus();
@@ -36,7 +36,9 @@ class MockUsbBus {
 
   /// The path of the device's node, as programs on the bus see it.
   std::string nodeOf(const std::string& socket) const;
-  void setBeforeTransfer(BeforeTransfer before);
+  void setBeforeTransfer(TransferHook before);
+  /// The same, once the transfer is under way.
+  void setAfterSubmit(TransferHook after);
   /// While on, transfers of the device are taken and never answered.
   void setHanging(const std::string& socket, bool on);
 
@@ -48,7 +50,8 @@ class MockUsbBus {
                   std::shared_ptr<MockUsbNode> node);
 
   std::unique_ptr<Testbed> testbed_;
-  std::shared_ptr<BeforeTransfer> beforeTransfer_;
+  TransferHook beforeTransfer_;
+  TransferHook afterSubmit_;
   std::map<std::string, std::string> sysPaths_;
   std::map<std::string, std::shared_ptr<MockUsbNode>> nodes_;  ///< by socket
   std::vector<std::shared_ptr<MockUsbNode>> left_;  ///< unplugged; whoever has them open may still ask

@@ -21,9 +21,8 @@ constexpr int kSmallestPipe = 4096;
 
 }  // namespace
 
-MockUsbNode::MockUsbNode(const std::string& realPath, firmware::Firmware* firmware,
-                         std::function<void()> beforeTransfer)
-    : firmware_(firmware), beforeTransfer_(std::move(beforeTransfer)), realPath_(realPath) {
+MockUsbNode::MockUsbNode(const std::string& realPath, firmware::Firmware& firmware, TransferHooks hooks)
+    : firmware_(firmware), hooks_(std::move(hooks)), realPath_(realPath) {
   if (::mkfifo(realPath.c_str(), 0600) != 0) throw std::runtime_error("cannot make " + realPath);
   fifo_ = ::open(realPath.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
   if (fifo_ < 0) throw std::runtime_error("cannot open " + realPath);
@@ -37,7 +36,7 @@ MockUsbNode::~MockUsbNode() {
 }
 
 void MockUsbNode::attach(UMockdevTestbed* testbed, const std::string& path) {
-  devicePath = path;
+  devicePath_ = path;
   handler_ = umockdev_ioctl_base_new();
   g_signal_connect(handler_, "handle-ioctl", G_CALLBACK(&MockUsbNode::handle), this);
   GError* error = nullptr;
@@ -63,9 +62,10 @@ gboolean MockUsbNode::handle(UMockdevIoctlBase*, UMockdevIoctlClient* client, gp
   auto& self = *static_cast<MockUsbNode*>(node);
   const auto request = umockdev_ioctl_client_get_request(client);
   // Outside the lock: what is asked for here may be this very device's unplugging.
-  if (request == USBDEVFS_SUBMITURB) self.beforeTransfer_();
+  if (request == USBDEVFS_SUBMITURB) self.hooks_.before();
   const auto answer = self.answer(request, umockdev_ioctl_client_get_arg(client));
   umockdev_ioctl_client_complete(client, answer.result, answer.error);
+  if (request == USBDEVFS_SUBMITURB) self.hooks_.afterSubmit();
   return TRUE;
 }
 
@@ -110,11 +110,11 @@ MockUsbNode::Answer MockUsbNode::submit(UMockdevIoctlData* argument) {
 }
 
 int MockUsbNode::transfer(std::uint8_t* setupAndData, std::size_t length, int& moved) {
-  if (firmware_ == nullptr || length < kSetupSize) return -EPIPE;
+  if (length < kSetupSize) return -EPIPE;
   const std::span data(setupAndData + kSetupSize, length - kSetupSize);
   std::size_t done = data.size();
   const bool isIn = (setupAndData[0] & 0x80) != 0;
-  switch (isIn ? firmware_->reply(data, done) : firmware_->receive(data)) {
+  switch (isIn ? firmware_.reply(data, done) : firmware_.receive(data)) {
     case firmware::TransferResult::Done:
       moved = static_cast<int>(done);
       return 0;

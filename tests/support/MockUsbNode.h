@@ -14,6 +14,12 @@
 
 namespace touchpanel::testing {
 
+/// Called on the thread that answers, around each transfer that is handed in.
+struct TransferHooks {
+  std::function<void()> before;
+  std::function<void()> afterSubmit;  ///< the transfer is under way, or done
+};
+
 /// The node of one USB device on a mock bus: takes control transfers as the kernel does, one URB at a time,
 /// and has them answered by a touchscreen's firmware.
 ///
@@ -21,9 +27,8 @@ namespace touchpanel::testing {
 /// node is a FIFO that is kept full and drained while a URB is ready to be fetched.
 class MockUsbNode {
  public:
-  /// `realPath` is where the node is made, `firmware` null for a hub, which answers nothing.
-  MockUsbNode(const std::string& realPath, firmware::Firmware* firmware,
-              std::function<void()> beforeTransfer);
+  /// `realPath` is where the node is made.
+  MockUsbNode(const std::string& realPath, firmware::Firmware& firmware, TransferHooks hooks);
   ~MockUsbNode();
   MockUsbNode(const MockUsbNode&) = delete;
   MockUsbNode& operator=(const MockUsbNode&) = delete;
@@ -33,8 +38,7 @@ class MockUsbNode {
   void vanish();
   void setHanging(bool on);
 
-  std::string devicePath;
-  std::string socket;
+  const std::string& devicePath() const { return devicePath_; }
 
  private:
   struct Unref {
@@ -59,9 +63,10 @@ class MockUsbNode {
 
   std::mutex mutex_;
   UMockdevIoctlBase* handler_ = nullptr;
-  firmware::Firmware* firmware_;
-  std::function<void()> beforeTransfer_;
+  firmware::Firmware& firmware_;
+  TransferHooks hooks_;
   std::string realPath_;
+  std::string devicePath_;
   int fifo_ = -1;
   bool gone_ = false;
   bool hanging_ = false;

@@ -119,6 +119,18 @@ TEST_F(ExchangeOverUsb, TranslatesWhatGoesWrongWithATransfer) {
   EXPECT_EQ(device->deviceRequest(noRequest), kErrorInputOutput);
 }
 
+TEST_F(ExchangeOverUsb, EndsATransferUnderWayWhenTheDeviceIsPulledOut) {
+  bus.plugIn("1-2", infrared);
+  start();
+  auto* device = onlyDevice(kProductInfrared0080);
+  ASSERT_EQ(device->open(), kSuccess);
+  bus.setHanging("1-2", true);
+  bus.setAfterSubmit([this](const std::string& socket) { bus.unplug(socket); });
+  std::array<std::uint8_t, 64> reply{};
+  DeviceRequest request{0xC0, 0, 0, 0, 64, reply.data(), 0};
+  EXPECT_EQ(device->deviceRequest(request), kErrorNoDevice);
+}
+
 TEST_F(ExchangeOverUsb, MovesAShortReplyOnly) {
   bus.plugIn("1-2", infrared);
   start();
