@@ -32,7 +32,7 @@ class Emulator:
     def plug(self, name: str, *what: str) -> int:
         """Plugs a touchscreen in and waits until the kernel has set it up. Returns its port."""
         port = int(self.tell(" ".join(("plug", name) + what)).split()[1])
-        self.tell(f"await {name} configured")
+        self.tell(f"await {name} configured 60000")
         return port
 
     def bring(self, kinds: dict[str, str], *options: str) -> None:

@@ -8,6 +8,8 @@ import select
 import struct
 import time
 
+from .checks import Failed
+
 EV_SYN, EV_KEY, EV_REL, EV_ABS, EV_MSC = 0, 1, 2, 3, 4
 ABS_X, ABS_Y, ABS_MT_SLOT, ABS_MT_POSITION_X, ABS_MT_POSITION_Y, ABS_MT_TRACKING_ID = 0, 1, 0x2F, 0x35, 0x36, 0x39
 BTN_LEFT, BTN_RIGHT, BTN_TOUCH = 0x110, 0x111, 0x14A
@@ -35,7 +37,7 @@ def _request(direction: int, number: int, size: int) -> int:
     return direction << 30 | size << 16 | ord("E") << 8 | number
 
 
-BUS_USB = 3
+BUS_USB, BUS_VIRTUAL = 3, 6
 
 
 def nodes(vendor: int, product: int | None = None, bus: int = BUS_USB) -> list["InputNode"]:
@@ -95,16 +97,41 @@ class InputNode:
         fcntl.ioctl(self.file, _request(2, number, len(data)), data)
         return int.from_bytes(data, "little")
 
-    def events(self, quiet_s: float = 0.5, at_most_s: float = 10) -> list[Event]:
-        """What comes until nothing has come for `quiet_s`. Raises OSError when the device is gone."""
+    def events(self, until, at_most_s: float = 30) -> list[Event]:
+        """What comes until `until(events so far)` holds. Raises OSError when the device is gone."""
         collected = []
         deadline = time.monotonic() + at_most_s
-        while time.monotonic() < deadline and select.select([self.file], [], [], quiet_s)[0]:
+        while not until(collected):
+            if not select.select([self.file], [], [], max(deadline - time.monotonic(), 0))[0]:
+                raise Failed(f"{self.name} tells nothing more after {collected}")
             for seconds, micros, kind, code, value in _EVENT.iter_unpack(os.read(self.file, _EVENT.size * 256)):
                 collected.append(Event(seconds + micros / 1e6, kind, code, value))
         return collected
+
+    def has_events(self) -> bool:
+        return bool(select.select([self.file], [], [], 0)[0])
+
+    def drop_events(self) -> None:
+        """Forgets what has come so far."""
+        while self.has_events():
+            os.read(self.file, _EVENT.size * 256)
 
 
 def values(events: list[Event], kind: int, code: int) -> list[int]:
     """What one axis or button went through."""
     return [event.value for event in events if (event.type, event.code) == (kind, code)]
+
+
+def frame_after(kind: int, code: int, value: int):
+    """For InputNode.events(): until the frame in which an axis or button takes that value is complete."""
+    def complete(events: list[Event]) -> bool:
+        seen = False
+        for event in events:
+            seen = seen or (event.type, event.code, event.value) == (kind, code, value)
+            if seen and (event.type, event.code) == (EV_SYN, 0):
+                return True
+        return False
+    return complete
+
+
+LIFTED = frame_after(EV_KEY, BTN_TOUCH, 0)

@@ -41,9 +41,9 @@ def sees_three_kinds(report: Report, emulator: Emulator) -> None:
         expect_equal(node.has_property(evdev.INPUT_PROP_DIRECT), multi, f"{name}, direct")
         expect(node.has_key(evdev.BTN_TOUCH), f"{name} has no touch button")
 
-        emulator.tell(f"await {name} listening")
+        emulator.tell(f"await {name} listening 60000")
         emulator.tell(f"tap {name} 0.25 0.75")
-        events = node.events()
+        events = node.events(evdev.LIFTED)
         node.close()
         expect_equal(evdev.values(events, evdev.EV_ABS, evdev.ABS_X), [8192], f"{name}, x")
         expect_equal(evdev.values(events, evdev.EV_ABS, evdev.ABS_Y), [24575], f"{name}, y")
@@ -54,10 +54,10 @@ def keeps_fingers_apart(report: Report, emulator: Emulator) -> None:
     """Two fingers keep their contacts apart, in any order of coming and leaving"""
     node = _node("ir")
     node.axis(evdev.ABS_X)
-    emulator.tell("await ir listening")
+    emulator.tell("await ir listening 60000")
     for command in ("down ir 4 0.1 0.1", "down ir 2 0.9 0.9", "move ir 4 0.2 0.1", "up ir 4", "up ir 2"):
         emulator.tell(command)
-    events = node.events()
+    events = node.events(evdev.LIFTED)
     node.close()
     tracking = evdev.values(events, evdev.EV_ABS, evdev.ABS_MT_TRACKING_ID)
     expect_equal([id >= 0 for id in tracking], [True, True, False, False], f"contacts {tracking}")

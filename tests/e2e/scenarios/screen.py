@@ -139,6 +139,16 @@ class Desktop:
         self.x.XSync(self.display, 1)
         self.window = None
 
+    def clicks_until(self, last: str, within_s: float = 20) -> list[tuple[str, int, int, int]]:
+        """clicks(), waiting until one of the kind `last` is among them."""
+        taken = []
+
+        def come() -> bool:
+            taken.extend(self.clicks())
+            return any(click[0] == last for click in taken)
+        eventually(come, f"a {last} at the desktop", within_s)
+        return taken
+
     def clicks(self) -> list[tuple[str, int, int, int]]:
         """Presses and releases that the cover has got since the last call: ("press", button, x, y)."""
         self.x.XSync(self.display, 0)
