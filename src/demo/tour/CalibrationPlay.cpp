@@ -1,5 +1,6 @@
 #include "demo/tour/CalibrationPlay.h"
 
+#include <QWindow>
 #include <cmath>
 
 #include "calibration/CalibrationGrid.h"
@@ -16,6 +17,9 @@ constexpr QPoint kOkCorner{-30, -14};
 // Farther than a finger that holds still may tremble, and not off the button.
 constexpr QPoint kPull{20, 0};
 
+// Past the outline of a region.
+constexpr QPoint kInside{10, 10};
+
 bool isGrey(QColor color) { return color.red() == color.green() && color.green() == color.blue(); }
 
 }  // namespace
@@ -23,6 +27,8 @@ bool isGrey(QColor color) { return color.red() == color.green() && color.green()
 void CalibrationPlay::open(const char* button) {
   stage_.click(button);
   stage_.until([&] { return (surface_ = ViewSurface::shown()) != nullptr; }, "the full-screen window");
+  stage_.until([&] { return surface_->windowHandle()->isExposed() && !surface_->image().isNull(); },
+               "the full-screen window to be drawn");
   box_ = surface_->rect();
 }
 
@@ -34,7 +40,8 @@ void CalibrationPlay::chooseRegion(double share) {
   stage_.input().moveTo(from.x(), from.y());
   stage_.input().pressLeft();
   stage_.input().moveTo(to.x(), to.y());
-  stage_.until([&] { return isGrey(drawnAt(from + QPoint(10, 10))) && isGrey(drawnAt(to - QPoint(10, 10))); },
+  const QColor untouched = drawnAt(from + kInside);
+  stage_.until([&] { return drawnAt(from + kInside) != untouched && drawnAt(to - kInside) != untouched; },
                "the region to be drawn");
   takePicture("region");
   stage_.input().releaseLeft();
