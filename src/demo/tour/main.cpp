@@ -64,5 +64,6 @@ int main(int argc, char** argv) {
     demo.application().exit(isDone ? 0 : 1);
   });
   const int status = demo.run();
+  std::printf("The panel has ended with status %d.\n", status);
   return isDone ? status : 1;
 }
