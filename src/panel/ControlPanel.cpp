@@ -74,6 +74,7 @@ void ControlPanel::start() {
   startUp_.hide();
   if (application_.isEnding()) return;
   mainWindow_.show();
+  mainWindow_.activateWindow();
   controller_.applicationDidFinishLaunching();
 }
 

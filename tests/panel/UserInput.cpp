@@ -68,7 +68,8 @@ void UserInput::drag(const QPoint& from, const QPoint& to) {
 
 void UserInput::type(const QString& keys) {
   if (hasServer()) return server({QStringLiteral("key"), keys});
-  const QKeyCombination combination = QKeySequence(keys)[0];
+  const QKeyCombination combination =
+      QKeySequence(QString(keys).replace(QStringLiteral("comma"), QStringLiteral(",")))[0];
   QWidget* receiver = QApplication::focusWidget();
   if (receiver == nullptr) receiver = QApplication::activeWindow();
   ASSERT_NE(receiver, nullptr);

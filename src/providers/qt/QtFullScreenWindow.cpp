@@ -1,6 +1,6 @@
 #include "providers/qt/QtFullScreenWindow.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 
 namespace touchpanel {
 namespace {
@@ -26,10 +26,11 @@ void QtFullScreenWindow::setNeedsDisplay() {
 void QtFullScreenWindow::close() {
   if (!surface_) return;
   surface_->setView(nullptr);
-  surface_->releaseKeyboard();
+  if (QWidget::keyboardGrabber() == surface_) surface_->releaseKeyboard();
   surface_->hide();
   surface_->deleteLater();
   surface_ = nullptr;
+  if (keyboardBefore_ && keyboardBefore_->isVisible()) keyboardBefore_->activateWindow();
 }
 
 void QtFullScreenWindow::setContentView(View& view) {
@@ -58,6 +59,7 @@ void QtFullScreenWindow::setInitialFirstResponder(View& view) {
 
 /// A window that its manager does not know is never given the keyboard by it, so it is taken.
 void QtFullScreenWindow::takeKeyboard() {
+  keyboardBefore_ = QApplication::activeWindow();
   surface_->activateWindow();
   surface_->grabKeyboard();
 }

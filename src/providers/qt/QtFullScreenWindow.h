@@ -27,6 +27,7 @@ class QtFullScreenWindow final : public FullScreenWindow {
 
   QPointer<ViewSurface> surface_;
   const WindowBehaviour& behaviour_;
+  QPointer<QWidget> keyboardBefore_;  ///< the window that gets the keyboard back
 };
 
 }  // namespace touchpanel

@@ -16,8 +16,13 @@ void QtSheets::begin(Window& sheet, Window& parent) {
   auto& owner = dynamic_cast<QtWindow&>(parent).widget();
   if (dialog.parentWidget() != &owner) dialog.setParent(&owner, dialog.windowFlags());
   dialog.open();
+  dialog.activateWindow();  // nobody else does where there is no window manager
 }
 
-void QtSheets::end(Window& sheet, int returnCode) { dialogOf(sheet).done(returnCode); }
+void QtSheets::end(Window& sheet, int returnCode) {
+  auto& dialog = dialogOf(sheet);
+  dialog.done(returnCode);
+  if (auto* owner = dialog.parentWidget()) owner->activateWindow();
+}
 
 }  // namespace touchpanel
