@@ -8,6 +8,7 @@
 #include "app/DiagnosticsReport.h"
 #include "app/VersionLabel.h"
 #include "platform_build/BuildConstants.h"
+#include "providers/qt/PanelStyle.h"
 
 namespace touchpanel {
 namespace {
@@ -38,6 +39,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       waitNotice_(cursor_, statusArea_, startUp_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
       controller_(controls_.outlets(), controllerPorts()) {
+  QApplication::setStyle(new PanelStyle);          // the application takes it over
   QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
   controls_.deviceTableView.setSource(controller_);
   controls_.deviceTableView.onReload = [this](int rows) { mainWindow_.showRows(rows); };

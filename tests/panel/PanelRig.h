@@ -21,7 +21,8 @@ namespace touchpanel::testing {
 
 /// The whole control panel in real windows, on three simulated touchscreens, one of each kind.
 struct PanelRig : ::testing::Test {
-  enum Kind { Infrared, Optical, ConfigurationOnly };
+  using Kind = DeviceKind;
+  using enum DeviceKind;
 
   PanelRig() {
     for (auto& model : simulated::exampleTouchscreens()) machine.add(std::move(model));
@@ -29,12 +30,8 @@ struct PanelRig : ::testing::Test {
 
   simulated::SimulatedTouchscreen& touchscreen(Kind kind) {
     for (const auto& candidate : machine.all())
-      if (kindOf(*candidate) == kind) return *candidate;
+      if (kindOf(candidate->productId()) == kind) return *candidate;
     throw std::logic_error("no such touchscreen");
-  }
-  static Kind kindOf(const simulated::SimulatedTouchscreen& touchscreen) {
-    if (touchscreen.productId() == kProductOptical) return Optical;
-    return touchscreen.productId() == kProductConfigurationOnly ? ConfigurationOnly : Infrared;
   }
 
   void plugInAll() {

@@ -52,8 +52,7 @@ void QtCanvas::strokeRect(const Rect& rect, const Color& color) {
 
 void QtCanvas::drawText(const StyledText& text, const Point& origin) {
   if (stopped_ || text.text.empty()) return;
-  auto lines = QString::fromStdString(text.text).split(u'\n');
-  if (lines.size() > 1 && lines.back().isEmpty()) lines.removeLast();
+  const auto lines = QString::fromStdString(text.text).split(u'\n');
   painter_.setFont(fontOf(text));
   painter_.setPen(toQColor(text.color));
   const QFontMetricsF metrics(painter_.font(), painter_.device());

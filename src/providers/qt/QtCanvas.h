@@ -15,7 +15,7 @@ class QtCanvas final : public Canvas {
   void fillRect(const Rect& rect, const Color& color) override;
   void fillOval(const Rect& bounds, const Color& color) override;
   void strokeRect(const Rect& rect, const Color& color) override;
-  /// A line end at the end of the text closes its last line and opens no further one.
+  /// A line end at the end of the text opens a further, empty line, which lies lowest.
   void drawText(const StyledText& text, const Point& origin) override;
 
   /// Draws nothing from now on: the view has closed its window in the middle of its drawing.

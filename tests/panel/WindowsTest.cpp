@@ -1,0 +1,157 @@
+#include <QClipboard>
+#include <QDir>
+
+#include "../providers/qt/ClippedTexts.h"
+#include "PanelRig.h"
+#include "providers/qt/PanelStyle.h"
+#include "providers/qt/Themes.h"
+
+namespace touchpanel::testing {
+namespace {
+
+struct Look {
+  const char* name;
+  QPalette palette;
+};
+
+std::vector<Look> looks() {
+  return {{"light", lightPalette()}, {"dark", darkPalette()}, {"contrast", highContrastPalette()}};
+}
+
+/// Every window in every theme, looked at by the tests for clipped texts and, as pictures at single and
+/// double density in the folder that TOUCHPANEL_SCREENS names, by people.
+struct WindowsTest : PanelRig {
+  WindowsTest() { QApplication::setStyle(new PanelStyle("fusion")); }
+  ~WindowsTest() override { QApplication::setPalette(QPalette()); }
+
+  /// Shows `window` to the tests and to people, in every theme.
+  void look(QWidget& window, const QString& name) {
+    for (const auto& [theme, palette] : looks()) {
+      QApplication::setPalette(palette);
+      QCoreApplication::processEvents();
+      EXPECT_EQ(clippedTexts(window).join(QStringLiteral(" | ")), "") << name.toStdString();
+      save(picture(window, 1), name, theme, 1);
+    }
+    QApplication::setPalette(lightPalette());
+    save(picture(window, 2), name, "light", 2);
+  }
+  static QPixmap picture(QWidget& window, int scale) {
+    QPixmap pixmap(window.size() * scale);
+    pixmap.setDevicePixelRatio(scale);
+    window.render(&pixmap);
+    return pixmap;
+  }
+  static void save(const QPixmap& picture, const QString& name, const char* theme, int scale) {
+    const QString folder = qEnvironmentVariable("TOUCHPANEL_SCREENS");
+    if (folder.isEmpty()) return;
+    QDir().mkpath(folder);
+    const QString path =
+        QStringLiteral("%1/%2-%3-%4x.png").arg(folder, name, QString::fromUtf8(theme)).arg(scale);
+    EXPECT_TRUE(picture.save(path)) << path.toStdString();
+  }
+  void addTouchscreens(int count) {
+    for (int i = 0; i < count; ++i) {
+      auto model = simulated::exampleTouchscreens().at(static_cast<std::size_t>(i % 3));
+      const auto kind = kindOf(model.description.productId);
+      model.description = firmware::exampleDevice(kind, static_cast<std::uint32_t>(100 + i));
+      model.locationId = 0x20000000U + static_cast<std::uint32_t>(i);
+      machine.add(std::move(model));
+    }
+  }
+  void lookAtMainWindow(const QString& name) {
+    start();
+    for (const QSize size : {QSize(920, 540), QSize(800, 480)}) {
+      panel.mainWindow().resize(size);
+      look(panel.mainWindow(), QStringLiteral("main-%1-%2").arg(name).arg(size.width()));
+    }
+  }
+};
+
+TEST_F(WindowsTest, MainWindowWithoutTouchscreens) {
+  machine.registry().publish(touchscreen(Infrared));
+  lookAtMainWindow("none");
+  EXPECT_TRUE(panel.mainWindow().ui().emptyPage->isVisible());
+}
+
+TEST_F(WindowsTest, MainWindowWithOneTouchscreen) {
+  machine.plugIn(touchscreen(Optical));
+  lookAtMainWindow("1");
+}
+
+TEST_F(WindowsTest, MainWindowWithThreeTouchscreens) {
+  plugInAll();
+  lookAtMainWindow("3");
+}
+
+TEST_F(WindowsTest, MainWindowWithFortyTouchscreens) {
+  addTouchscreens(37);
+  plugInAll();
+  lookAtMainWindow("40");
+  EXPECT_EQ(panel.mainWindow().ui().deviceTableView->model()->rowCount(), 40);
+}
+
+TEST_F(WindowsTest, SettingsOfEachKindInEachTouchMode) {
+  plugInAll();
+  start();
+  const std::pair<Kind, const char*> kinds[] = {
+      {Infrared, "infrared"}, {Optical, "optical"}, {ConfigurationOnly, "file"}};
+  for (const auto& [kind, kindName] : kinds) {
+    selectRow(kind);
+    panel.controller().Settings();
+    auto& sheet = panel.settingsSheet();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+    for (int mode = 0; mode < 4; ++mode) {
+      sheet.findChild<QAbstractButton*>(QStringLiteral("touchMode%1").arg(mode))->click();
+      auto& pages = *sheet.findChild<QTabWidget*>();
+      const int pagesThatTheModeChanges = 2;
+      for (int page = 0; page < (mode == 2 ? pages.count() : pagesThatTheModeChanges); ++page) {
+        pages.setCurrentIndex(page);
+        look(sheet, QStringLiteral("settings-%1-mode%2-page%3").arg(kindName).arg(mode).arg(page));
+      }
+    }
+    panel.controller().SettingsCancel();
+  }
+}
+
+TEST_F(WindowsTest, AboutSheet) {
+  plugInAll();
+  start();
+  panel.controller().About();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.aboutSheet()));
+  look(panel.aboutSheet(), "about");
+  panel.aboutSheet().findChild<QAbstractButton*>("btnCopyReport")->click();
+  EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("LocationID"));
+}
+
+TEST_F(WindowsTest, CalibrationInEachState) {
+  plugInAll();
+  start();
+  selectRow(Infrared);
+  const auto shoot = [](const char* name) {
+    ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
+    save(picture(*ViewSurface::shown(), 1), QStringLiteral("calibration-%1").arg(name), "screen", 1);
+  };
+  for (const auto mode : {kFourTargets, kTwentyFiveTargets}) {
+    startCalibration(mode);
+    shoot(mode == kFourTargets ? "4-first" : "25-first");
+    collect(Infrared);
+    shoot(mode == kFourTargets ? "4-finished" : "25-finished");
+    user.press(okButton());
+    ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
+    shoot("held");
+    user.release(cancelButton());
+    expectClosed();
+  }
+  panel.controller().RegionCalibration();
+  ASSERT_TRUE(QTest::qWaitFor([] { return run() != nullptr && ViewSurface::shown()->isUpToDate(); }));
+  shoot("region-choosing");
+  user.press({150, 150});
+  user.drag({150, 150}, {950, 750});
+  ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
+  shoot("region-first");
+  user.type("Escape");
+  expectClosed();
+}
+
+}  // namespace
+}  // namespace touchpanel::testing
