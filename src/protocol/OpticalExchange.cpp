@@ -3,7 +3,7 @@
 namespace touchpanel {
 namespace {
 
-using std::chrono_literals::operator""ms;
+using namespace std::chrono_literals;
 
 consteval Command get(Content content) { return commandFor(kOpticalCommands, PKT_GET, content); }
 consteval Command set(Content content) { return commandFor(kOpticalCommands, PKT_SET, content); }

@@ -12,7 +12,7 @@ namespace touchpanel {
 
 /// The longest that one control transfer may take. Devices answer within milliseconds; this only bounds how
 /// long a device that hangs can hold the program up.
-inline constexpr std::chrono::milliseconds kTransferTimeout{500};
+inline constexpr std::chrono::milliseconds kTransferTimeout{250};
 
 /// A USB device through libusb. Vendor requests go to the default control endpoint, so no interface is
 /// claimed and the kernel's input driver stays bound.
