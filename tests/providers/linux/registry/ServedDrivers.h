@@ -43,6 +43,8 @@ class ServedDrivers {
     wake();
     return use(service_);
   }
+  /// From inside with() only.
+  FakeTouchInputs& inputs() { return inputs_; }
   /// Answers nobody while `held` lives.
   std::unique_lock<std::mutex> hang() { return std::unique_lock(mutex_); }
   bool connectAgain() {
