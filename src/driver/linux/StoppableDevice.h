@@ -1,0 +1,37 @@
+#pragma once
+
+#include <stop_token>
+#include <utility>
+
+#include "platform/Usb.h"
+
+namespace touchpanel::driver {
+
+/// Another device interface, which is gone as soon as the worker that uses it is asked to stop: an exchange
+/// with many attempts left then runs out at once.
+class StoppableDevice final : public UsbDeviceInterface {
+ public:
+  /// `device` is not owned.
+  StoppableDevice(UsbDeviceInterface& device, std::stop_token stop)
+      : device_(device), stop_(std::move(stop)) {}
+
+  Status open() override { return stop_.stop_requested() ? kErrorNoDevice : device_.open(); }
+  Status close() override { return device_.close(); }
+  Status deviceRequest(DeviceRequest& request) override {
+    return stop_.stop_requested() ? kErrorNoDevice : device_.deviceRequest(request);
+  }
+  Status getConfiguration(std::uint8_t& configuration) override {
+    return device_.getConfiguration(configuration);
+  }
+  Status getLocationID(std::uint32_t& locationId) override { return device_.getLocationID(locationId); }
+  Status getDeviceVendor(std::uint16_t& vendorId) override { return device_.getDeviceVendor(vendorId); }
+  Status getDeviceProduct(std::uint16_t& productId) override { return device_.getDeviceProduct(productId); }
+  void release() override { device_.release(); }
+  UsbDeviceReference reference() const override { return device_.reference(); }
+
+ private:
+  UsbDeviceInterface& device_;
+  std::stop_token stop_;
+};
+
+}  // namespace touchpanel::driver
