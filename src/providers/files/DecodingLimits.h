@@ -5,8 +5,9 @@
 
 namespace touchpanel::files {
 
-/// No file of ours has more than one level and a dozen values; these leave room for anything added by hand.
-inline constexpr std::size_t kMaximumFileSize = 1024 * 1024;
+/// No file of ours has more than one level, a dozen values and two kilobytes; these leave room for anything
+/// added by hand. What fits is decoded within a quarter of a second, whatever it is made of.
+inline constexpr std::size_t kMaximumFileSize = 1U << 18U;
 inline constexpr std::size_t kMaximumDepth = 64;
 inline constexpr std::size_t kMaximumValues = 10000;
 

@@ -166,17 +166,17 @@ TEST(PropertyListCoding, RefusesKeysWithANulInThem) {
 TEST(PropertyListCoding, RefusesSmallFilesThatUnfoldIntoHugeOnes) {
   std::vector<std::string> chain;
   std::vector<std::string> bomb;
-  for (std::size_t i = 0; i < 60000; ++i) chain.push_back("\xa1" + references(i + 1, 1, 1));
+  for (std::size_t i = 0; i < 20000; ++i) chain.push_back("\xa1" + references(i + 1, 1, 1));
   chain.push_back("\x09");
   for (std::size_t i = 0; i < 30; ++i) bomb.push_back("\xae" + references(i + 1, 14, 0));
   bomb.push_back("\x09");
   const auto copies = "\xaf\x11\x27\x00"s + references(1, 0x2700, 0);
-  const auto longText = "\x5f\x12\x00\x0f\x00\x00"s + std::string(0xF0000, 'x');
+  const auto longText = "\x5f\x12\x00\x02\x00\x00"s + std::string(0x20000, 'x');
   const std::pair<const char*, std::string> files[] = {
-      {"deep arrays", xml(repeated("<array>", 100000))},
-      {"deep arrays whose ends are in comments", xml(repeated("<array><!--</array>-->", 30000))},
-      {"deep dictionaries", xml(repeated("<dict><key>k</key>", 50000))},
-      {"very many values", xml("<dict>" + repeated("<key>k</key><true/>", 40000) + "</dict>")},
+      {"deep arrays", xml(repeated("<array>", 30000))},
+      {"deep arrays whose ends are in comments", xml(repeated("<array><!--</array>-->", 10000))},
+      {"deep dictionaries", xml(repeated("<dict><key>k</key>", 10000))},
+      {"very many values", xml("<dict>" + repeated("<key>k</key><true/>", 10000) + "</dict>")},
       {"a chain of arrays", binaryOf(chain)},
       {"arrays of the same arrays of the same arrays", binaryOf(bomb)},
       {"thousands of copies of one long text", binaryOf({copies, longText})},
