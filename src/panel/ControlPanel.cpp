@@ -37,6 +37,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       statusArea_(*mainWindow_.ui().lbStatus),
       statusLine_(statusArea_),
       waitNotice_(cursor_, statusArea_, startUp_),
+      tryOutPage_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
       controller_(controls_.outlets(), controllerPorts()) {
   QApplication::setStyle(new PanelStyle);          // the application takes it over

@@ -5,6 +5,7 @@
 #include "app/MyController.h"
 #include "panel/PanelControls.h"
 #include "panel/PanelPlatform.h"
+#include "panel/TryOutPage.h"
 #include "platform/RecentDiagnostics.h"
 #include "providers/qt/QtAlerts.h"
 #include "providers/qt/QtApplication.h"
@@ -34,6 +35,7 @@ class ControlPanel {
   QtApplication& application() { return application_; }
   MyController& controller() { return controller_; }
   MainWindowWidget& mainWindow() { return mainWindow_; }
+  const TryOutPage& tryOutPage() const { return tryOutPage_; }
   QDialog& settingsSheet() { return settingsSheet_; }
   QDialog& aboutSheet() { return aboutSheet_; }
   std::string diagnosticsReport();
@@ -67,6 +69,7 @@ class ControlPanel {
   StatusArea statusArea_;
   QtStatusLine statusLine_;
   QtWaitNotice waitNotice_;
+  TryOutPage tryOutPage_;
   PanelControls controls_;
   MyController controller_;
 };

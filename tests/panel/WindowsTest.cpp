@@ -1,5 +1,6 @@
 #include <QClipboard>
 #include <QDir>
+#include <QPainter>
 
 #include "../providers/qt/ClippedTexts.h"
 #include "PanelRig.h"
@@ -111,6 +112,29 @@ TEST_F(WindowsTest, SettingsOfEachKindInEachTouchMode) {
     }
     panel.controller().SettingsCancel();
   }
+}
+
+TEST_F(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
+  plugInAll();
+  start();
+  auto& ui = panel.mainWindow().ui();
+  ui.tabView->setCurrentWidget(ui.tryOutPage);
+  look(panel.mainWindow(), "try-out-first");
+  panel.mainWindow().resize(800, 480);
+  for (std::size_t tap = 0; tap < 7; ++tap) {
+    const auto marked = panel.tryOutPage().tryOut().markedPoint().value();
+    const QPoint landed(static_cast<int>(marked.x) + 14 - static_cast<int>(4 * tap),
+                        static_cast<int>(marked.y) + 9);
+    user.click(ui.tryOutSurface->mapToGlobal(landed));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panel.tryOutPage().tryOut().taps().size() == tap + 1; }));
+  }
+  look(panel.mainWindow(), "try-out-result");
+  QImage paper(1123, 794, QImage::Format_RGB32);  // A4 at 96 dots to the inch
+  paper.fill(Qt::white);
+  QPainter painter(&paper);
+  paint(painter, QRectF(paper.rect()).adjusted(40, 40, -40, -40), 96 / 72.0, panel.tryOutPage().report());
+  painter.end();
+  save(QPixmap::fromImage(paper), "try-out-printed", "paper", 1);
 }
 
 TEST_F(WindowsTest, AboutSheet) {

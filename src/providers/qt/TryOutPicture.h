@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QLineF>
+#include <QList>
+#include <QPointF>
+#include <QPolygonF>
+#include <optional>
+
+class QPainter;
+class QPalette;
+
+namespace touchpanel {
+
+/// A try-out as it is drawn, on the screen or on paper: in points of the surface, y downwards.
+struct TryOutPicture {
+  QList<QPointF> testPoints;
+  std::optional<QPointF> marked;  ///< the test point to be touched next
+  QList<QLineF> taps;             ///< from where each touch was meant to where it landed
+  QPolygonF trail;                ///< of the touch under way, or the last one
+};
+
+/// Draws `picture` in the colours of `palette`; shapes tell apart what colours tell apart.
+void paint(QPainter& painter, const TryOutPicture& picture, const QPalette& palette);
+
+}  // namespace touchpanel

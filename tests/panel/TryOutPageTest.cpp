@@ -1,0 +1,81 @@
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QTemporaryDir>
+
+#include "PanelRig.h"
+
+namespace touchpanel::testing {
+namespace {
+
+struct TryOutPageTest : PanelRig {
+  void SetUp() override {
+    plugInAll();
+    start();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return panel.mainWindow().isActiveWindow(); }));
+    user.type("alt+y");
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ui().tryOutPage->isVisible(); }));
+  }
+  Ui::MainWindow& ui() { return panel.mainWindow().ui(); }
+  const TryOut& tryOut() { return panel.tryOutPage().tryOut(); }
+  /// Where on the screen is the test point to be touched next.
+  QPoint marked() {
+    const auto point = tryOut().markedPoint().value();
+    return ui().tryOutSurface->mapToGlobal(QPoint(static_cast<int>(point.x), static_cast<int>(point.y)));
+  }
+  void tapAt(const QPoint& location) {
+    const auto before = tryOut().taps().size();
+    user.click(location);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return tryOut().taps().size() == before + 1; }));
+  }
+};
+
+TEST_F(TryOutPageTest, TellsTheErrorInPixelsAndMillimetresAndStartsOver) {
+  const auto writtenBefore = files.writeAttempts;
+  for (std::size_t tap = 0; tap < TryOut::kTapsForResult; ++tap) {
+    EXPECT_EQ(ui().lbMeanPixels->text(), "–");
+    tapAt(marked() + QPoint(30, -40));
+  }
+  EXPECT_NEAR(ui().lbMeanPixels->text().toDouble(), 50, 1.5);
+  EXPECT_NEAR(ui().lbLargestPixels->text().toDouble(), 50, 1.5);
+  const auto* screen = panel.mainWindow().screen();
+  const double millimetres = 50 * screen->physicalSize().width() / screen->geometry().width();
+  EXPECT_NEAR(ui().lbMeanMillimetres->text().toDouble(), millimetres, 0.5);
+  EXPECT_EQ(files.writeAttempts, writtenBefore);
+
+  user.type("alt+o");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return tryOut().taps().empty(); }));
+  EXPECT_EQ(ui().lbMeanPixels->text(), "–");
+  EXPECT_FALSE(ui().btnTryOutClear->isEnabled());
+}
+
+TEST_F(TryOutPageTest, DropsATouchDuringWhichThePageIsLeft) {
+  user.press(marked());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !tryOut().trail().empty(); }));
+  ui().tabView->setCurrentWidget(ui().devicePage);
+  ui().tabView->setCurrentWidget(ui().tryOutPage);
+  user.release(marked());
+  tapAt(marked());
+  EXPECT_EQ(tryOut().taps().size(), 1U);
+}
+
+TEST_F(TryOutPageTest, PrintsWhatItShows) {
+  tapAt(marked());
+  user.type("alt+p");
+  ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() != nullptr; }));
+  auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+  ASSERT_NE(dialog, nullptr);
+  const QTemporaryDir directory;
+  const QString file = directory.filePath("try-out.pdf");
+  dialog->printer()->setOutputFormat(QPrinter::PdfFormat);
+  dialog->printer()->setOutputFileName(file);
+  emit dialog->accepted(dialog->printer());
+  dialog->close();
+  QFile printed(file);
+  ASSERT_TRUE(printed.open(QIODevice::ReadOnly));
+  const auto bytes = printed.readAll();
+  EXPECT_TRUE(bytes.startsWith("%PDF"));
+  EXPECT_TRUE(bytes.contains("/Count 1"));
+}
+
+}  // namespace
+}  // namespace touchpanel::testing
