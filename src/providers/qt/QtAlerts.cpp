@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "providers/qt/AlertTexts.h"
 #include "providers/qt/ViewSurface.h"
@@ -38,16 +39,24 @@ class InFrontOfShield {
   bool hadKeyboard_ = false;
 };
 
+/// The window that the user is looking at; without a window manager none may be active.
+QWidget* windowInView() {
+  if (QWidget* active = QApplication::activeWindow()) return active;
+  for (QWidget* window : QApplication::topLevelWidgets())
+    if (window->isVisible()) return window;
+  return nullptr;
+}
+
 }  // namespace
 
 void QtAlerts::show(std::string_view title, std::string_view message, std::string_view button) {
   const CallbackGate::Closed closed(gate_);
   const QtCursor::Plain plain(cursor_);
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(windowInView());
   box.setIcon(QMessageBox::Warning);
   box.setWindowTitle(alertText(title));
   box.setText(alertText(message));
-  box.addButton(alertText(button), QMessageBox::AcceptRole);
+  box.addButton(alertText(button), QMessageBox::AcceptRole)->setMinimumSize(96, 40);  // a finger's width
   const InFrontOfShield inFront(box);
   box.exec();
 }

@@ -10,6 +10,7 @@
 namespace touchpanel {
 
 StartUpPanel::StartUpPanel() : message_(new QLabel) {
+  setFrameStyle(QFrame::StyledPanel | QFrame::Plain);  // its only border where there is no window manager
   setWindowTitle(QCoreApplication::translate("StartUpPanel", "Touch Panel"));
   auto* title = new QLabel(windowTitle());
   QFont large = title->font();

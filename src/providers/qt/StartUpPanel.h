@@ -1,12 +1,12 @@
 #pragma once
 
+#include <QFrame>
 #include <QLabel>
-#include <QWidget>
 
 namespace touchpanel {
 
 /// What the user sees while the touchscreens are read, before there is a main window.
-class StartUpPanel final : public QWidget {
+class StartUpPanel final : public QFrame {
  public:
   StartUpPanel();
   /// Shows the panel and returns once it can be drawn on, or after half a second.

@@ -1,0 +1,37 @@
+#include <QApplication>
+
+#include "panel/ControlPanel.h"
+#include "platform_build/BuildConstants.h"
+#include "providers/files/LibplistFiles.h"
+#include "providers/linux/registry/DBusRegistry.h"
+#include "providers/linux/registry/DesktopRegistry.h"
+#include "providers/linux/registry/GSettingsDoubleClick.h"
+#include "providers/linux/usb/LibusbBus.h"
+#include "providers/qt/BlockingClock.h"
+#include "providers/qt/StandardOutput.h"
+
+/// The control panel on a real machine.
+int main(int argc, char** argv) {
+  using namespace touchpanel;
+  const QApplication application(argc, argv);
+  BlockingClock clock;
+  StandardOutput diagnostics;
+  files::LibplistFiles files;
+  LibusbBus usb(TOUCH_VENDOR_ID);
+  linux_registry::DBusRegistry service(diagnostics);
+  linux_registry::GSettingsDoubleClick desktop;
+  linux_registry::DesktopRegistry registry(service, desktop);
+  ControlPanel panel({.usbNotifications = usb,
+                      .usbServices = usb,
+                      .registry = registry,
+                      .files = files,
+                      .clock = clock,
+                      .diagnostics = diagnostics,
+                      .paths = ConfigPaths::in(kConfigDirectory),
+                      .libraries = {{"libusb", "GNU LGPL 2.1"},
+                                    {"libplist", "GNU LGPL 2.1"},
+                                    {"sdbus-c++", "GNU LGPL 2.1 with exception"},
+                                    {"libsystemd", "GNU LGPL 2.1"},
+                                    {"GLib", "GNU LGPL 2.1"}}});
+  return panel.run();
+}
