@@ -65,5 +65,6 @@ int main(int argc, char** argv) {
   });
   const int status = demo.run();
   std::printf("The panel has ended with status %d.\n", status);
+  std::fflush(stdout);
   return isDone ? status : 1;
 }

@@ -121,19 +121,23 @@ void ViewSurface::resizeEvent(QResizeEvent* /*event*/) { requestDisplay(); }
 
 void ViewSurface::showEvent(QShowEvent* /*event*/) { requestDisplay(); }
 
-void ViewSurface::mousePressEvent(QMouseEvent* event) { sendMouse(*event, &View::mouseDown); }
+void ViewSurface::mousePressEvent(QMouseEvent* event) {
+  if (const auto location = leftLocation(*event)) gate_.pass([&] { view_->mouseDown(*location); });
+}
 
-void ViewSurface::mouseMoveEvent(QMouseEvent* event) { sendMouse(*event, &View::mouseDragged); }
+void ViewSurface::mouseMoveEvent(QMouseEvent* event) {
+  if (const auto location = leftLocation(*event)) gate_.pass([&] { view_->mouseDragged(*location); });
+}
 
-void ViewSurface::mouseReleaseEvent(QMouseEvent* event) { sendMouse(*event, &View::mouseUp); }
+void ViewSurface::mouseReleaseEvent(QMouseEvent* event) {
+  if (const auto location = leftLocation(*event)) gate_.pass([&] { view_->mouseUp(*location); });
+}
 
-void ViewSurface::sendMouse(const QMouseEvent& event, void (View::*handler)(Point)) {
+std::optional<Point> ViewSurface::leftLocation(const QMouseEvent& event) const {
   const bool isMove = event.type() == QEvent::MouseMove;
   const bool isLeft = isMove ? event.buttons().testFlag(Qt::LeftButton) : event.button() == Qt::LeftButton;
-  if (view_ == nullptr || !isLeft) return;
-  const Point location{static_cast<float>(event.position().x()),
-                       static_cast<float>(height() - event.position().y())};
-  gate_.pass([&] { (view_->*handler)(location); });
+  if (view_ == nullptr || !isLeft) return std::nullopt;
+  return Point{static_cast<float>(event.position().x()), static_cast<float>(height() - event.position().y())};
 }
 
 void ViewSurface::keyPressEvent(QKeyEvent* event) { sendKey(virtualKeyCode(event->key())); }

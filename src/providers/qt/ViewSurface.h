@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <optional>
 
 #include "platform/View.h"
 #include "providers/qt/CallbackGate.h"
@@ -50,7 +51,8 @@ class ViewSurface final : public QWidget {
   void display();
   void prepareImage();
   void paintBanner(QPainter& painter);
-  void sendMouse(const QMouseEvent& event, void (View::*handler)(Point));
+  /// Where the left button is concerned, in view coordinates; nothing for other buttons or without a view.
+  std::optional<Point> leftLocation(const QMouseEvent& event) const;
   void sendKey(std::uint16_t keyCode);
 
   CallbackGate& gate_;
