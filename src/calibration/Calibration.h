@@ -10,16 +10,18 @@ namespace touchpanel {
 /// the device entry's "CalibrateMode" tells. Created for one run; hides the mouse cursor from creation until
 /// the grid is finished.
 ///
-/// | state         | entered by                       | leaves on |
-/// |---------------|----------------------------------|---------------------------------------------------------|
-/// | collecting i  | setCalibrateDict(), ReCalibrate  | touch of target i: collecting i + 1, finished after
-/// the | |               |                                  | last; Escape, time-out: cancelled; device lost:
-/// closed  | | finished      | redraw after the last touch      | ReCalibrate: collecting 0; OK, Return:
-/// committed;       | |               |                                  | Cancel, Escape, time-out:
-/// cancelled; device lost: closed| | button held   | mouse-down on a button, finished | mouse-up: finished,
-/// and the button under it performed   | | committed     | OK, Return                       | at once: closed
-/// | | cancelled     | Cancel, Escape, time-out         | at once: closed | | closed        | exit(), a
-/// redraw without device  | never                                                   |
+/// | state        | entered by                       | leaves on                                           |
+/// |--------------|----------------------------------|-----------------------------------------------------|
+/// | collecting i | setCalibrateDict(), ReCalibrate  | touch of target i: collecting i + 1, finished after |
+/// |              |                                  | the last; Escape, time-out: cancelled;              |
+/// |              |                                  | device lost: closed                                 |
+/// | finished     | redraw after the last touch      | ReCalibrate: collecting 0; OK, Return: committed;   |
+/// |              |                                  | Cancel, Escape, time-out: cancelled;                |
+/// |              |                                  | device lost: closed                                 |
+/// | button held  | mouse-down on a button, finished | mouse-up: finished, and the button performed        |
+/// | committed    | OK, Return                       | at once: closed                                     |
+/// | cancelled    | Cancel, Escape, time-out         | at once: closed                                     |
+/// | closed       | exit(), a redraw without device  | never                                               |
 ///
 /// A "CalibrateMode" without a grid shows no target and leaves on Escape, time-out and device lost only.
 class Calibration final : public View {

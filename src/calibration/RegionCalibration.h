@@ -9,18 +9,20 @@ namespace touchpanel {
 /// The full-screen view for calibrating in a box of the user's choice: a rectangle is dragged out first, and
 /// its size is that of the box. The box itself lies at the view's lower-left corner.
 ///
-/// | state       | entered by             | leaves on |
-/// |-------------|------------------------|--------------------------------------------------------------------|
-/// | choosing    | setCalibrateDict()     | first mouse-up: collecting 0, and it is read as a touch; | | | |
-/// Return: solved, closed; Escape: cancelled; time-out: closed        | | collecting i| mouse-up, ReCalibrate
-/// | touch of target i: collecting i + 1, finished after the last;      | |             | | Return: solved
-/// from what there is, closed; Escape: cancelled;      | |             |                        | time-out:
-/// closed                                                   | | finished    | redraw after last touch|
-/// ReCalibrate: collecting 0; OK: committed; Cancel, Escape:          | |             | | cancelled;
-/// time-out: closed, the trial stays in the driver         | | button held | mouse-down on a button |
-/// mouse-up: finished, and the button under it performed              | | committed   | OK | at once: closed
-/// | | cancelled   | Cancel, Escape         | at once: closed | | closed      | exit()                 |
-/// never                                                              |
+/// | state        | entered by             | leaves on                                                     |
+/// |--------------|------------------------|---------------------------------------------------------------|
+/// | choosing     | setCalibrateDict()     | first mouse-up: collecting 0, and it is read as a touch;      |
+/// |              |                        | Return: solved, closed; Escape: cancelled; time-out: closed   |
+/// | collecting i | mouse-up, ReCalibrate  | touch of target i: collecting i + 1, finished after the last; |
+/// |              |                        | Return: solved from what there is, closed;                    |
+/// |              |                        | Escape: cancelled; time-out: closed                           |
+/// | finished     | redraw after last touch| ReCalibrate: collecting 0; OK: committed;                     |
+/// |              |                        | Cancel, Escape: cancelled;                                    |
+/// |              |                        | time-out: closed, the trial stays in the driver               |
+/// | button held  | mouse-down on a button | mouse-up: finished, and the button under it performed         |
+/// | committed    | OK                     | at once: closed                                               |
+/// | cancelled    | Cancel, Escape         | at once: closed                                               |
+/// | closed       | exit()                 | never                                                         |
 ///
 /// A device that is unplugged goes unnoticed until the run ends in one of these ways. A drag changes the size
 /// of the box at any time, that of a running grid too.
