@@ -119,6 +119,15 @@ std::string MockUsbBus::addHub(const std::string& name) {
   return add(name, hubDescriptors(), 1, nullptr);
 }
 
+/// A 16-bit id of a device descriptor, as sysfs shows it.
+static std::string idAt(const std::string& descriptors, std::size_t offset) {
+  std::array<char, 8> text{};
+  const auto low = static_cast<unsigned char>(descriptors.at(offset));
+  const auto high = static_cast<unsigned char>(descriptors.at(offset + 1));
+  std::snprintf(text.data(), text.size(), "%02x%02x", high, low);
+  return text.data();
+}
+
 std::string MockUsbBus::add(const std::string& name, const std::string& descriptors,
                             std::uint8_t configuration, std::shared_ptr<MockUsbNode> node) {
   const auto parentName = parentOf(name);
@@ -137,8 +146,22 @@ std::string MockUsbBus::add(const std::string& name, const std::string& descript
   const auto numberText = std::to_string(number);
   const auto numberDigits = threeDigits(number);
   const auto active = configuration == 0 ? std::string() : std::to_string(configuration);
-  const char* attributes[] = {"busnum", bus.c_str(),           "devnum",       numberText.c_str(),   "speed",
-                              "12",     "bConfigurationValue", active.c_str(), "bNumConfigurations", "1",
+  const auto vendor = idAt(descriptors, 8);
+  const auto product = idAt(descriptors, 10);
+  const char* attributes[] = {"idVendor",
+                              vendor.c_str(),
+                              "idProduct",
+                              product.c_str(),
+                              "busnum",
+                              bus.c_str(),
+                              "devnum",
+                              numberText.c_str(),
+                              "speed",
+                              "12",
+                              "bConfigurationValue",
+                              active.c_str(),
+                              "bNumConfigurations",
+                              "1",
                               nullptr};
   const char* properties[] = {"DEVTYPE", "usb_device",      "DEVNAME", path.c_str(),
                               "BUSNUM",  busDigits.c_str(), "DEVNUM",  numberDigits.c_str(),

@@ -136,6 +136,10 @@ void EventLoop::stopOn(std::initializer_list<int> signals) {
     check(sd_event_add_signal(event_, nullptr, signal, nullptr, nullptr), "signal");
 }
 
+void EventLoop::runOnce(std::chrono::microseconds longest) {
+  check(sd_event_run(event_, static_cast<std::uint64_t>(longest.count())), "event loop");
+}
+
 int EventLoop::run() { return sd_event_loop(event_); }
 
 }  // namespace touchpanel::driver

@@ -41,6 +41,8 @@ class EventLoop final : public Timers {
 
   /// The signals, which the process must have blocked before it started threads, end run() with 0.
   void stopOn(std::initializer_list<int> signals);
+  /// Waits for at most `longest` for something to happen and handles it, for those who loop themselves.
+  void runOnce(std::chrono::microseconds longest);
   /// Runs until stopped; returns the exit status, 1 when a callback threw.
   int run();
 

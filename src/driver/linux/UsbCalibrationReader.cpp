@@ -9,10 +9,10 @@
 #include <libusb.h>
 #include <sys/eventfd.h>
 
-#include "driver/linux/DeviceReading.h"
 #include "driver/linux/FileDescriptor.h"
 #include "driver/linux/StoppableClock.h"
 #include "driver/linux/StoppableDevice.h"
+#include "driver/service/DeviceReading.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/linux/usb/LibusbDeviceInterface.h"
 #include "providers/linux/usb/UsbStatus.h"

@@ -1,4 +1,4 @@
-#include "driver/linux/DeviceReading.h"
+#include "driver/service/DeviceReading.h"
 
 #include "protocol/Exchange.h"
 #include "protocol/ProductId.h"
