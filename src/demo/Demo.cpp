@@ -39,7 +39,7 @@ PanelPlatform Demo::platform(Clock& clock, Diagnostics& diagnostics) {
           .clock = clock,
           .diagnostics = diagnostics,
           .paths = paths_,
-          .libraries = {{"libplist", "GNU LGPL 2.1 or later"}}};
+          .libraries = {files::libplistInUse()}};
 }
 
 void Demo::start() {

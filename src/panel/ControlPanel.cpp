@@ -2,11 +2,9 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDir>
-#include <QSysInfo>
 
-#include "app/DiagnosticsReport.h"
 #include "app/VersionLabel.h"
+#include "panel/RunningSystem.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/qt/PanelStyle.h"
 
@@ -21,10 +19,15 @@ Form laidOut(QDialog& sheet) {
   return form;
 }
 
+PanelPlatform withToolkit(PanelPlatform platform) {
+  platform.libraries.insert(platform.libraries.begin(), qtInUse());
+  return platform;
+}
+
 }  // namespace
 
 ControlPanel::ControlPanel(const PanelPlatform& platform)
-    : platform_(platform),
+    : platform_(withToolkit(platform)),
       diagnostics_(platform_.diagnostics),
       gate_(application_, diagnostics_),
       runLoop_(gate_),
@@ -129,35 +132,25 @@ void ControlPanel::connectSettingsSheet() {
 void ControlPanel::connectAboutSheet() {
   about_.lbAboutDriverVersion->setText(QString::fromStdString(driverVersionText()));
   about_.lbAboutBuildVersion->setText(QString::fromUtf8(kBuildVersion));
-  QString licences = QStringLiteral("Qt %1: GNU LGPL 3").arg(QString::fromUtf8(qVersion()));
-  for (const auto& [name, licence] : platform_.libraries)
-    licences += QStringLiteral("\n%1: %2").arg(QString::fromStdString(name), QString::fromStdString(licence));
-  about_.aboutLicences->setPlainText(licences);
+  about_.aboutLicences->setPlainText(librariesText(platform_.libraries));
 
   connectCommand(*about_.btnAboutClose, nullptr, &MyController::AboutClose);
   aboutSheet_.onDismiss = [this] { gate_.pass([this] { controller_.AboutClose(); }); };
+  QObject::connect(&aboutSheet_, &QDialog::finished, about_.lbCopied, &QLabel::clear);
   QObject::connect(about_.btnCopyReport, &QAbstractButton::clicked, &aboutSheet_, [this] {
     gate_.pass([this] {
       QGuiApplication::clipboard()->setText(QString::fromStdString(diagnosticsReport()));
-      about_.lbCopied->setText(QCoreApplication::translate("AboutSheet", "Copied."));
+      about_.lbCopied->setText(QCoreApplication::translate("AboutSheet", "The report is on the clipboard."));
     });
   });
 }
 
 std::string ControlPanel::diagnosticsReport() {
-  const auto user = qEnvironmentVariable("USER");
-  return touchpanel::diagnosticsReport(
-      {.versions = {{"Touch Panel", kBuildVersion},
-                    {"Driver label", driverVersionText()},
-                    {"Qt", qVersion()},
-                    {"System", QSysInfo::prettyProductName().toStdString()},
-                    {"Kernel", QSysInfo::kernelVersion().toStdString()}},
-       .devices = controller_.state().deviceListArray,
-       .registry = platform_.registry,
-       .lines = diagnostics_.lines(),
-       .privateWords = {.homePath = QDir::homePath().toStdString(),
-                        .userName = user.toStdString(),
-                        .hostName = QSysInfo::machineHostName().toStdString()}});
+  return touchpanel::diagnosticsReport({.versions = runningVersions(platform_.libraries),
+                                        .devices = controller_.state().deviceListArray,
+                                        .registry = platform_.registry,
+                                        .lines = diagnostics_.lines(),
+                                        .privateWords = privateWords()});
 }
 
 }  // namespace touchpanel

@@ -1,22 +1,16 @@
 #pragma once
 
-#include <string>
 #include <vector>
 
 #include "config/DataSet.h"
 #include "platform/Clock.h"
 #include "platform/Diagnostics.h"
+#include "platform/LibraryInUse.h"
 #include "platform/PropertyListFiles.h"
 #include "platform/Registry.h"
 #include "platform/Usb.h"
 
 namespace touchpanel {
-
-/// A library that the program is built with, for the About sheet.
-struct LibraryInUse {
-  std::string name;
-  std::string licence;
-};
 
 /// What the control panel runs on, beside its windows: real devices or simulated ones. Nothing is owned.
 struct PanelPlatform {

@@ -112,8 +112,8 @@ QString TryOutPage::screenText() const {
   const auto size = QStringLiteral("%1\u00A0×\u00A0%2");  // a line break would tear the numbers apart
   const auto inPixels = size.arg(pixels.width()).arg(pixels.height());
   if (millimetres.isEmpty())
-    return translated("Screen: %1\u00A0pixels; it does not tell its size in millimetres.").arg(inPixels);
-  return translated("Screen: %1\u00A0pixels, %2\u00A0mm")
+    return translated("Screen: %1 pixels; it does not tell its size in millimetres.").arg(inPixels);
+  return translated("Screen: %1 pixels, %2 mm")
       .arg(inPixels, size.arg(qRound(millimetres.width())).arg(qRound(millimetres.height())));
 }
 

@@ -143,8 +143,18 @@ TEST_F(WindowsTest, AboutSheet) {
   panel.controller().About();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.aboutSheet()));
   look(panel.aboutSheet(), "about");
+  const auto& confirmation = *panel.aboutSheet().findChild<QLabel*>("lbCopied");
+  EXPECT_EQ(confirmation.text(), "");
   panel.aboutSheet().findChild<QAbstractButton*>("btnCopyReport")->click();
-  EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("LocationID"));
+  EXPECT_EQ(confirmation.text(), "The report is on the clipboard.");
+  look(panel.aboutSheet(), "about-copied");
+  const auto report = QGuiApplication::clipboard()->text();
+  for (const auto* part : {"15.1.3.0004", "LocationID", qVersion()})
+    EXPECT_TRUE(report.contains(part)) << part;
+  const auto licences = panel.aboutSheet().findChild<QPlainTextEdit*>("aboutLicences")->toPlainText();
+  EXPECT_TRUE(licences.startsWith(QStringLiteral("Qt %1: GNU LGPL").arg(QString::fromUtf8(qVersion()))));
+  panel.controller().AboutClose();
+  EXPECT_EQ(confirmation.text(), "") << "a later report is not confirmed by this one";
 }
 
 TEST_F(WindowsTest, CalibrationInEachState) {

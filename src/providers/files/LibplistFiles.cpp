@@ -7,6 +7,8 @@
 
 namespace touchpanel::files {
 
+LibraryInUse libplistInUse() { return {.name = "libplist", .licence = "GNU LGPL 2.1 or later"}; }
+
 std::optional<Dictionary> LibplistFiles::read(const std::string& path) {
   const auto file = readBounded(path, kMaximumFileSize, calls_);
   if (!file) return std::nullopt;

@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/LibraryInUse.h"
 #include "platform/PropertyListFiles.h"
 #include "providers/files/FileCalls.h"
 
 namespace touchpanel::files {
+
+/// What the files are coded by. This library does not tell its version.
+LibraryInUse libplistInUse();
 
 /// Property-list files on disk, coded by libplist.
 class LibplistFiles final : public PropertyListFiles {

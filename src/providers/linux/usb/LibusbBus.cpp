@@ -1,6 +1,7 @@
 #include "providers/linux/usb/LibusbBus.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 #include <poll.h>
@@ -10,6 +11,14 @@
 #include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel {
+
+LibraryInUse libusbInUse() {
+  const auto* version = libusb_get_version();
+  return {.name = "libusb",
+          .licence = "GNU LGPL 2.1 or later",
+          .version = std::to_string(version->major) + '.' + std::to_string(version->minor) + '.' +
+                     std::to_string(version->micro)};
+}
 
 // In the body: libusb tells of the devices already there at once, and the queue has to stand by then.
 LibusbBus::LibusbBus(std::uint16_t vendorId) { started_ = start(vendorId); }

@@ -5,11 +5,14 @@
 #include <memory>
 #include <vector>
 
+#include "platform/LibraryInUse.h"
 #include "platform/Usb.h"
 #include "providers/linux/usb/LibusbDeviceInterface.h"
 #include "providers/linux/usb/LibusbNotificationPort.h"
 
 namespace touchpanel {
+
+LibraryInUse libusbInUse();
 
 /// The machine's USB bus through libusb 1.0, for devices of one vendor.
 ///

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <vector>
+
+#include "app/DiagnosticsReport.h"
+#include "platform/LibraryInUse.h"
+
+namespace touchpanel {
+
+/// Qt, with the version that runs and not the one that was compiled against.
+LibraryInUse qtInUse();
+
+/// One line for each library: name, version where it tells one, licence.
+QString librariesText(const std::vector<LibraryInUse>& libraries);
+
+/// The program, `libraries` and the operating system.
+std::vector<NamedVersion> runningVersions(const std::vector<LibraryInUse>& libraries);
+
+/// Who works on which machine, so that a report need not tell.
+PrivateWords privateWords();
+
+}  // namespace touchpanel
