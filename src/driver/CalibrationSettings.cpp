@@ -75,9 +75,9 @@ Dictionary toDictionary(const CalibrationSettings& settings) {
   return dictionary;
 }
 
-Dictionary calibrationOf(const _DEVICT_CONTEXT& context) {
-  return {{calibration_key::kCalibrateStatus, context.DeviceConfig.CalibrateStatus != 0},
-          {calibration_key::kCalibParams, readMember(context.CalibParams)}};
+Dictionary calibrationMessage(bool calibrateStatus, const _CALIB_PARAMS& params) {
+  return {{calibration_key::kCalibrateStatus, calibrateStatus},
+          {calibration_key::kCalibParams, readMember(params)}};
 }
 
 }  // namespace touchpanel::driver

@@ -36,6 +36,6 @@ bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary
 /// "calibrateStatus", "calibParams" and the touch area.
 Dictionary toDictionary(const CalibrationSettings& settings);
 /// The "calibration" message that hands a driver instance what a touchscreen itself holds.
-Dictionary calibrationOf(const _DEVICT_CONTEXT& context);
+Dictionary calibrationMessage(bool calibrateStatus, const _CALIB_PARAMS& params);
 
 }  // namespace touchpanel::driver

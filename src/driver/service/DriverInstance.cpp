@@ -80,7 +80,8 @@ void DriverInstance::finishReading(Status status, const _DEVICT_CONTEXT& context
     return;
   }
   if (toldCalibration_) return;
-  driver_.setProperty(property::kCalibration, calibrationOf(context));
+  driver_.setProperty(property::kCalibration,
+                      calibrationMessage(context.DeviceConfig.CalibrateStatus != 0, context.CalibParams));
   settingsChanged();
 }
 

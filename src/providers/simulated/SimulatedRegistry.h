@@ -1,57 +1,47 @@
 #pragma once
 
-#include <chrono>
-#include <cstdint>
+#include <memory>
 #include <vector>
 
+#include "driver/InstanceRegistry.h"
 #include "platform/Registry.h"
 #include "providers/simulated/SimulatedTouchscreen.h"
 
 namespace touchpanel::simulated {
 
-/// The system's double-click settings, one for the whole simulated machine.
-struct DoubleClick {
-  std::int64_t timeNs = 500'000'000;
-  std::int32_t spaceX = 4;
-  std::int32_t spaceY = 4;
-};
-
-/// The registry of a simulated machine. Each published touchscreen is three objects:
-///
-///     VARNEXOTouchScreenDriver          properties of the driver instance
-///      ├── IOHIDPointingDevice          "LocationID"
-///      └── IOHIDSystem                  "HIDParameters"
+/// The registry of a simulated machine: the driver instances of the touchscreens that are plugged in.
 class SimulatedRegistry final : public Registry {
  public:
+  SimulatedRegistry();
+  ~SimulatedRegistry() override;
+
   /// Publishes a driver instance for `touchscreen`, which must stay until withdraw().
   RegistryObject publish(SimulatedTouchscreen& touchscreen);
   /// Takes the driver instance and everything below it away.
   void withdraw(SimulatedTouchscreen& touchscreen);
 
-  const DoubleClick& doubleClick() const { return doubleClick_; }
-
-  std::vector<RegistryObject> instancesOf(std::string_view className) override;
-  std::vector<RegistryObject> childrenOf(RegistryObject parent) override;
-  bool conformsTo(RegistryObject object, std::string_view className) override;
-  std::optional<Dictionary> properties(RegistryObject object) override;
-  Status setProperty(RegistryObject object, std::string_view name, const Value& value) override;
+  std::vector<RegistryObject> instancesOf(std::string_view className) override {
+    return registry_.instancesOf(className);
+  }
+  std::vector<RegistryObject> childrenOf(RegistryObject parent) override {
+    return registry_.childrenOf(parent);
+  }
+  bool conformsTo(RegistryObject object, std::string_view className) override {
+    return registry_.conformsTo(object, className);
+  }
+  std::optional<Dictionary> properties(RegistryObject object) override {
+    return registry_.properties(object);
+  }
+  Status setProperty(RegistryObject object, std::string_view name, const Value& value) override {
+    return registry_.setProperty(object, name, value);
+  }
 
  private:
-  struct Instance {
-    RegistryObject driver = 0;
-    RegistryObject pointingDevice = 0;
-    RegistryObject hidSystem = 0;
-    SimulatedTouchscreen* touchscreen = nullptr;
-  };
+  class Instance;
 
-  const Instance* owner(RegistryObject object) const;
-  Dictionary hidProperties() const;
-  Status setDoubleClick(std::string_view name, const Value& value);
-  void tellDoubleClick(driver::TouchDriver& driver) const;
-
-  std::vector<Instance> instances_;
-  DoubleClick doubleClick_;
-  RegistryObject lastHandle_ = 0x100;  // handles are never given out twice
+  driver::HidSystem hidSystem_;
+  driver::InstanceRegistry registry_{hidSystem_};
+  std::vector<std::unique_ptr<Instance>> instances_;
 };
 
 }  // namespace touchpanel::simulated

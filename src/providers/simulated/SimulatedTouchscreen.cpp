@@ -41,11 +41,9 @@ void SimulatedTouchscreen::loadCalibrationIntoDriver() {
   // The configuration-only kind holds no calibration; its driver instance keeps what it was last told.
   if (kindOf(productId()) == DeviceKind::ConfigurationOnly) return;
   const auto& stored = firmware_.stored();
-  const auto params = imageOf(stored.calibParams);
   driver_.setProperty(
       property::kCalibration,
-      Dictionary{{calibration_key::kCalibrateStatus, stored.deviceConfig.CalibrateStatus != 0},
-                 {calibration_key::kCalibParams, Bytes(params.begin(), params.end())}});
+      driver::calibrationMessage(stored.deviceConfig.CalibrateStatus != 0, stored.calibParams));
 }
 
 }  // namespace touchpanel::simulated
