@@ -66,7 +66,7 @@ std::string calibrate(Stage& stage, const Course& course) {
   requireStored(stage, touchscreen);
   stage.pictures().take(course.pictures + "-done");
   const auto after = probe(stage, touchscreen, course.box);
-  const auto told = compared(before, after);
+  auto told = compared(before, after);
   require(after.mean < course.acceptedShare * before.mean, "the calibration does not help enough: " + told);
   return told;
 }

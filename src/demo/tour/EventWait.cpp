@@ -25,7 +25,11 @@ void EventWait::until(const std::function<bool()>& condition, const std::string&
   timer.start(limit);
   while (!condition()) {
     if (isOver)
-      throw StepFailed("waited " + std::to_string(limit.count()) + " s in vain for " + what + inTheWay);
+      throw StepFailed(std::string("waited ")
+                           .append(std::to_string(limit.count()))
+                           .append(" s in vain for ")
+                           .append(what)
+                           .append(inTheWay));
     if (application_.isEnding()) throw StepFailed("the panel ended while waiting for " + what);
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
   }

@@ -6,8 +6,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QWindow>
-
-#include "demo/tour/StepFailed.h"
+#include <algorithm>
 
 namespace touchpanel::demo {
 namespace {
@@ -88,10 +87,6 @@ void Stage::select(const simulated::SimulatedTouchscreen& touchscreen) {
   const auto& table = dynamic_cast<QTableView&>(usable("deviceTableView"));
   click(table.viewport()->mapToGlobal(table.visualRect(table.model()->index(row, 0)).center()));
   until([&] { return demo_.state().currentDict == entry; }, touchscreen.model().name + " to be selected");
-}
-
-void require(bool holds, const std::string& complaint) {
-  if (!holds) throw StepFailed(complaint);
 }
 
 }  // namespace touchpanel::demo

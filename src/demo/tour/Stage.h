@@ -8,6 +8,7 @@
 #include "demo/tour/EventWait.h"
 #include "demo/tour/InjectedInput.h"
 #include "demo/tour/Pictures.h"
+#include "demo/tour/StepFailed.h"
 
 class QTabWidget;
 
@@ -57,6 +58,8 @@ class Stage {
 };
 
 /// StepFailed with `complaint` unless `holds`.
-void require(bool holds, const std::string& complaint);
+inline void require(bool holds, const std::string& complaint) {
+  if (!holds) throw StepFailed(complaint);
+}
 
 }  // namespace touchpanel::demo
