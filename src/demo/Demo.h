@@ -36,6 +36,7 @@ class Demo {
   static ScreenSize screen();
 
   const ControllerState& state() { return panel_.controller().state(); }
+  const TryOut& tryOut() const { return panel_.tryOutPage().tryOut(); }
   /// Its entry in the device list; null when it is not listed.
   DeviceEntry entryOf(const simulated::SimulatedTouchscreen& touchscreen);
   /// The calibration that it keeps, in its own memory or in the device configuration file; nothing when that

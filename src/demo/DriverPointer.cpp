@@ -12,7 +12,7 @@ namespace touchpanel::demo {
 namespace {
 
 int pixel(std::int32_t logical, int start, int length) {
-  return start + std::min(logical * length / kLogicalMaximum, length - 1);
+  return start + std::min((logical * length + kLogicalMaximum / 2) / kLogicalMaximum, length - 1);
 }
 
 QPoint pixelAt(std::int32_t x, std::int32_t y) {

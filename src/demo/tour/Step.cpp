@@ -4,6 +4,7 @@
 #include "demo/tour/CalibrationSteps.h"
 #include "demo/tour/DeviceSteps.h"
 #include "demo/tour/SettingsSteps.h"
+#include "demo/tour/TryOutSteps.h"
 
 namespace touchpanel::demo {
 
@@ -12,7 +13,9 @@ const std::vector<Step>& steps() {
       {"list the touchscreens", &listDevices},
       {"show what this is", &showAbout},
       {"change settings and apply them", &applySettings},
+      {"try out the infrared one", &tryOutBeforeCalibration},
       {"calibrate the infrared one with 25 targets", &calibrateInfraredWith25Targets},
+      {"try out the infrared one again", &tryOutAfterCalibration},
       {"calibrate the optical one with 4 targets", &calibrateOpticalWith4Targets},
       {"calibrate the configuration-only one in a region", &calibrateConfigurationOnlyInRegion},
       {"reset the infrared one", &resetInfrared},

@@ -1,0 +1,79 @@
+#include "demo/tour/TryOutSteps.h"
+
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <cstdio>
+
+#include "providers/qt/TryOutSurface.h"
+
+namespace touchpanel::demo {
+namespace {
+
+constexpr double kHitPixels = 2;
+constexpr double kMissPixels = 8;
+
+/// Chooses in the simulator window what the mouse is; null for a mouse.
+void makeMouse(Stage& stage, const simulated::SimulatedTouchscreen* touchscreen) {
+  auto& roles = stage.the<QComboBox>("mouseRole");
+  const auto name = touchscreen == nullptr ? std::string("Mouse") : "Finger on " + touchscreen->model().name;
+  const int row = roles.findText(QString::fromStdString(name));
+  require(row >= 0, "the mouse cannot be: " + name);
+  stage.click("mouseRole");
+  stage.until(
+      [&] { return roles.view()->isVisible() && roles.view()->window()->windowHandle()->isExposed(); },
+      "the choice of what the mouse is");
+  const auto choice = roles.view()->visualRect(roles.model()->index(row, 0)).center();
+  stage.click(roles.view()->viewport()->mapToGlobal(choice));
+  stage.until([&] { return roles.currentIndex() == row && !roles.view()->isVisible(); },
+              "the mouse to be: " + name);
+}
+
+void tapTestPoints(Stage& stage) {
+  const auto& tryOut = stage.demo().tryOut();
+  const auto& surface = stage.the<TryOutSurface>("tryOutSurface");
+  for (std::size_t tap = tryOut.taps().size(); tap < tryOut.testPoints().size(); ++tap) {
+    const auto marked = tryOut.markedPoint();
+    require(marked.has_value(), "no test point is marked");
+    stage.click(surface.mapToGlobal(
+        QPointF(static_cast<double>(marked->x), static_cast<double>(marked->y)).toPoint()));
+    stage.until([&] { return tryOut.taps().size() == tap + 1; },
+                "the tap on test point " + std::to_string(tap + 1));
+  }
+}
+
+TryOutError tryOutInfrared(Stage& stage, const std::string& pictures) {
+  stage.turnTo("tabView", "tryOutPage");
+  const auto& tryOut = stage.demo().tryOut();
+  if (!tryOut.taps().empty()) stage.click("btnTryOutClear");
+  stage.until([&] { return tryOut.taps().empty() && !tryOut.testPoints().empty(); }, "a fresh try-out");
+  makeMouse(stage, &stage.demo().touchscreen(DeviceKind::Infrared));
+  tapTestPoints(stage);
+  makeMouse(stage, nullptr);
+  const auto result = tryOut.result();
+  require(result.has_value(), "the try-out page tells no result");
+  stage.pictures().takeInBothThemes(pictures);
+  stage.turnTo("tabView", "devicePage");
+  return result->pixels;
+}
+
+std::string told(const TryOutError& error) {
+  char text[80];
+  std::snprintf(text, sizeof text, "mean error %.1f px, largest %.1f px", error.mean, error.largest);
+  return text;
+}
+
+}  // namespace
+
+std::string tryOutBeforeCalibration(Stage& stage) {
+  const auto error = tryOutInfrared(stage, "try-out-before");
+  require(error.mean > kMissPixels, "it hits already: " + told(error));
+  return told(error);
+}
+
+std::string tryOutAfterCalibration(Stage& stage) {
+  const auto error = tryOutInfrared(stage, "try-out-after");
+  require(error.mean < kHitPixels, "it still misses: " + told(error));
+  return told(error);
+}
+
+}  // namespace touchpanel::demo
