@@ -3,23 +3,35 @@
 import pathlib
 import sys
 
-from . import kernel, usb
+from . import crash, kernel, service, system, usb
 from .checks import SHARE, Report
+from .driver_service import DriverService
 from .emulator import Emulator
+from .screen import Desktop, XServer
 
 
 def main() -> int:
-    programs = pathlib.Path(sys.argv[1]) / "bin"
+    build = pathlib.Path(sys.argv[1])
+    programs = build / "bin"
     report = Report()
-    if report.run(kernel.takes_emulated_devices):
-        emulator = Emulator(programs / "touchscreen-emulator", SHARE / "emulator.log")
-        report.run(kernel.sees_three_kinds, emulator)
-        report.run(kernel.keeps_fingers_apart, emulator)
-        report.run(kernel.survives_unplugging, emulator)
-        report.run(usb.reads_every_parameter, emulator, programs)
-        report.run(usb.loses_a_touchscreen_in_an_exchange, emulator, programs)
-        report.run(usb.gives_up_on_touchscreens_that_do_not_answer, emulator, programs)
-        emulator.end()
+    report.run(kernel.takes_emulated_devices)
+    emulator = Emulator(programs / "touchscreen-emulator", SHARE / "emulator.log")
+    report.run(kernel.sees_three_kinds, emulator)
+    report.run(kernel.keeps_fingers_apart, emulator)
+    report.run(kernel.survives_unplugging, emulator)
+    report.run(usb.reads_every_parameter, emulator, programs)
+    report.run(usb.loses_a_touchscreen_in_an_exchange, emulator, programs)
+    report.run(usb.gives_up_on_touchscreens_that_do_not_answer, emulator, programs)
+
+    system.start_message_bus(build / "packaging")
+    driver = DriverService(programs / "touchdriverd")
+    report.run(service.takes_touchscreens_over, emulator, driver)
+    report.run(service.costs_little_time, emulator, driver, programs)
+    report.run(service.takes_little_memory, emulator, driver)
+
+    XServer()
+    desktop = Desktop()
+    report.run(crash.loses_nothing, emulator, driver, desktop)
     return 0 if report.held() else 1
 
 

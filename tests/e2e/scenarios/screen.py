@@ -139,14 +139,17 @@ class Desktop:
         self.x.XSync(self.display, 1)
         self.window = None
 
-    def clicks_until(self, last: str, within_s: float = 20) -> list[tuple[str, int, int, int]]:
-        """clicks(), waiting until one of the kind `last` is among them."""
+    def clicks_until(self, last, within_s: float = 30) -> list[tuple[str, int, int, int]]:
+        """clicks(), waiting until one for which `last(click)` holds is among them."""
         taken = []
 
         def come() -> bool:
             taken.extend(self.clicks())
-            return any(click[0] == last for click in taken)
-        eventually(come, f"a {last} at the desktop", within_s)
+            return any(last(click) for click in taken)
+        try:
+            eventually(come, "the click that was waited for", within_s)
+        except Failed as failure:
+            raise Failed(f"{failure}, but {taken}") from None
         return taken
 
     def clicks(self) -> list[tuple[str, int, int, int]]:

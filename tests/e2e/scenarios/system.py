@@ -1,6 +1,7 @@
 """The parts of a running system that the programs under test need: modules, device manager, message bus."""
 
 import pathlib
+import shutil
 import subprocess
 
 from .checks import Failed
@@ -26,6 +27,14 @@ def start_device_manager() -> None:
     run("/lib/systemd/systemd-udevd", "--daemon")
     run("udevadm", "trigger", "--action=add", "-s", "usb", "-s", "input")
     settle()
+
+
+def start_message_bus(policies: pathlib.Path) -> None:
+    """The system's message bus, with the policy files of `policies` in force."""
+    for policy in policies.glob("*.conf"):
+        shutil.copy(policy, "/etc/dbus-1/system.d")
+    pathlib.Path("/run/dbus").mkdir(exist_ok=True)
+    run("dbus-daemon", "--system", "--fork", "--nopidfile")
 
 
 def settle() -> None:

@@ -7,6 +7,7 @@ import subprocess
 TRACING = pathlib.Path("/sys/kernel/tracing")
 # Called once for every frame of an input device that somebody has open.
 PROBE = "p:frame evdev:evdev_events node=+0(+16(%di)):string"
+HELD_BACK = 10
 _LINE = re.compile(r"\s(\d+\.\d+): frame: .*node=\"(\w+)\"")
 
 
@@ -32,12 +33,13 @@ class FrameTrace:
 
 
 def delays(frames: list[tuple[str, float]], source: str, sink: str) -> list[float]:
-    """Seconds from each frame of `source` to the next frame of `sink`, for frames that had one to themselves."""
-    found, waiting = [], None
-    for node, time in frames:
-        if node == source:
-            waiting = time
-        elif node == sink and waiting is not None:
-            found.append(time - waiting)
-            waiting = None
-    return found
+    """Seconds from each frame of `source` to the frame of `sink` that came of it.
+
+    Both follow each other one to one, but for the first frames of a touch, of which the service may hold some back;
+    so they are paired from the end. What lies before a frame that was lost on the way is left out.
+    """
+    came, went = ([time for node, time in frames if node == name] for name in (source, sink))
+    both = min(len(came), len(went))
+    found = [out - into for into, out in zip(came[-both:], went[-both:])] if both else []
+    lost = max((index for index, delay in enumerate(found) if delay < 0), default=-1)
+    return found[max(lost + 1, HELD_BACK):]
