@@ -1,7 +1,9 @@
 #include "demo/tour/DeviceSteps.h"
 
 #include <QTableView>
+#include <cstdio>
 
+#include "demo/measure/AccuracyProbe.h"
 #include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
@@ -11,13 +13,14 @@ std::string describe(const Dictionary& entry) {
   return entry.text(entry_key::kSN) + " (version " + entry.text(entry_key::kFirmwareVersion) + ")";
 }
 
-void unplug(Stage& stage, const simulated::SimulatedTouchscreen& touchscreen) {
+/// Clicks the button that plugs the touchscreen in or out, and waits until the list has `listed` entries.
+void togglePlug(Stage& stage, const simulated::SimulatedTouchscreen& touchscreen, std::size_t listed) {
   const auto& controls = stage.widget(touchscreen.model().name.c_str());
   const auto* button = controls.findChild<QWidget*>(QStringLiteral("plugButton"));
-  require(button != nullptr, "the simulator window has no button to unplug " + touchscreen.model().name);
+  require(button != nullptr, "the simulator window has no button to plug " + touchscreen.model().name);
   stage.click(button->mapToGlobal(button->rect().center()));
-  stage.until([&] { return !stage.demo().machine().isPluggedIn(touchscreen); },
-              touchscreen.model().name + " to be unplugged");
+  stage.until([&] { return stage.demo().state().deviceListArray.size() == listed; },
+              std::to_string(listed) + " listed touchscreens");
 }
 
 }  // namespace
@@ -58,17 +61,28 @@ std::string resetInfrared(Stage& stage) {
   return infrared.model().name + " has no calibration any more, nor has its driver instance";
 }
 
+std::string replugOptical(Stage& stage) {
+  auto& optical = stage.demo().touchscreen(DeviceKind::Optical);
+  const auto listed = stage.demo().state().deviceListArray.size();
+  togglePlug(stage, optical, listed - 1);
+  togglePlug(stage, optical, listed);
+  const auto entry = stage.demo().entryOf(optical);
+  require(entry != nullptr && entry->text(entry_key::kCalibrateStatus) == entry_key::kYes,
+          "it is not listed as calibrated any more");
+  const auto accuracy = probeAccuracy(optical, Demo::screen(), stage.demo().fingerClock());
+  require(accuracy && accuracy->mean < 2, "it does not hit any more");
+  char told[80];
+  std::snprintf(told, sizeof told, "still calibrated, mean error %.2f px", accuracy->mean);
+  return told;
+}
+
 std::string unplugAll(Stage& stage) {
-  auto& demo = stage.demo();
-  std::size_t left = demo.machine().all().size();
-  for (const auto& touchscreen : demo.machine().all()) {
-    unplug(stage, *touchscreen);
-    if (--left == 0) break;
-    stage.until([&] { return demo.state().deviceListArray.size() == left; },
-                std::to_string(left) + " listed touchscreens");
+  const auto& touchscreens = stage.demo().machine().all();
+  for (std::size_t left = touchscreens.size(); left-- > 0;) {
+    togglePlug(stage, *touchscreens[left], left);
     if (left == 1) stage.pictures().take("one-left");
   }
-  stage.until([&] { return demo.application().isEnding(); }, "the end of the panel");
+  stage.until([&] { return stage.demo().application().isEnding(); }, "the end of the panel");
   return "the panel ends with the last one";
 }
 

@@ -18,6 +18,7 @@ const std::vector<Step>& steps() {
       {"try out the infrared one again", &tryOutAfterCalibration},
       {"calibrate the optical one with 4 targets", &calibrateOpticalWith4Targets},
       {"calibrate the configuration-only one in a region", &calibrateConfigurationOnlyInRegion},
+      {"unplug the optical one and plug it in again", &replugOptical},
       {"reset the infrared one", &resetInfrared},
       {"unplug all", &unplugAll},
   };
