@@ -16,6 +16,7 @@
 #include "providers/qt/QtStatusLine.h"
 #include "providers/qt/QtWaitNotice.h"
 #include "providers/qt/SheetDialog.h"
+#include "providers/qt/Translations.h"
 
 namespace touchpanel {
 
@@ -48,6 +49,7 @@ class ControlPanel {
   /// Has the user's use of `button` and of `entry` (may be null) call `action` of the controller.
   void connectCommand(QAbstractButton& button, QAction* entry, void (MyController::*action)());
 
+  Translations translations_;  ///< first: every window takes its texts from here
   PanelPlatform platform_;
   RecentDiagnostics diagnostics_;
   QtApplication application_;

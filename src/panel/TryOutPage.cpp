@@ -1,6 +1,5 @@
 #include "panel/TryOutPage.h"
 
-#include <QCoreApplication>
 #include <QLocale>
 #include <QPrintDialog>
 #include <QPrinter>
@@ -15,10 +14,6 @@ namespace {
 QPointF toQt(Point point) { return {static_cast<double>(point.x), static_cast<double>(point.y)}; }
 
 Point fromQt(QPointF point) { return {static_cast<float>(point.x()), static_cast<float>(point.y())}; }
-
-QString translated(const char* text, int count = -1) {
-  return QCoreApplication::translate("TryOut", text, nullptr, count);
-}
 
 SurfaceScale scaleOf(const QWidget& surface) {
   const QSizeF points = surface.screen()->geometry().size();
@@ -92,8 +87,9 @@ void TryOutPage::show() {
 void TryOutPage::showInstruction() {
   const auto missing = static_cast<int>(tryOut_.tapsUntilResult());
   window_.ui().lbTryOutHint->setText(
-      missing > 0 ? translated("Touch the marked point. The result comes after %n more touch(es).", missing)
-                  : translated("This is the result. More touches make it more certain."));
+      missing > 0 ? TryOutTexts::tr("Touch the marked point. The result comes after %n more touch(es).",
+                                    nullptr, missing)
+                  : TryOutTexts::tr("This is the result. More touches make it more certain."));
 }
 
 TryOutPicture TryOutPage::picture() const {
@@ -112,8 +108,8 @@ QString TryOutPage::screenText() const {
   const auto size = QStringLiteral("%1\u00A0×\u00A0%2");  // a line break would tear the numbers apart
   const auto inPixels = size.arg(pixels.width()).arg(pixels.height());
   if (millimetres.isEmpty())
-    return translated("Screen: %1 pixels; it does not tell its size in millimetres.").arg(inPixels);
-  return translated("Screen: %1 pixels, %2 mm")
+    return TryOutTexts::tr("Screen: %1 pixels; it does not tell its size in millimetres.").arg(inPixels);
+  return TryOutTexts::tr("Screen: %1 pixels, %2 mm")
       .arg(inPixels, size.arg(qRound(millimetres.width())).arg(qRound(millimetres.height())));
 }
 
@@ -132,7 +128,7 @@ TryOutReport TryOutPage::report() const {
 /// Without a printer the dialog offers to print to a PDF file.
 void TryOutPage::askForPrinter() {
   const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-  printer->setDocName(translated("Touchscreen try-out"));
+  printer->setDocName(TryOutTexts::tr("Touchscreen try-out"));
   printer->setPageOrientation(QPageLayout::Landscape);
   auto* dialog = new QPrintDialog(printer.get(), &window_);
   dialog->setAttribute(Qt::WA_DeleteOnClose);

@@ -1,6 +1,5 @@
 #include "panel/TryOutReport.h"
 
-#include <QCoreApplication>
 #include <QLocale>
 #include <QPainter>
 #include <QPrinter>
@@ -9,8 +8,6 @@
 
 namespace touchpanel {
 namespace {
-
-QString translated(const char* text) { return QCoreApplication::translate("TryOut", text); }
 
 QString number(double value) { return QLocale().toString(value, 'f', 1); }
 
@@ -71,15 +68,15 @@ void paint(QPainter& painter, const QRectF& page, double unitsPerPoint, const Tr
                      text);
     rest.setTop(rest.top() + height);
   };
-  write(translated("Touchscreen try-out"), fontOf(18, true), 2 * line);
+  write(TryOutTexts::tr("Touchscreen try-out"), fontOf(18, true), 2 * line);
   write(QLocale().toString(report.time, QLocale::LongFormat), fontOf(10, false), line);
   write(report.screen, fontOf(10, false), line);
-  write(QCoreApplication::translate("TryOut", "Touches: %n", nullptr, static_cast<int>(report.touches)),
-        fontOf(10, false), line);
-  write(translated("Mean error: %1 pixels, %2 mm").arg(errors.meanPixels, errors.meanMillimetres),
+  write(TryOutTexts::tr("Touches: %1").arg(report.touches), fontOf(10, false), line);
+  write(TryOutTexts::tr("Mean error: %1 pixels, %2 mm").arg(errors.meanPixels, errors.meanMillimetres),
         fontOf(10, true), line);
-  write(translated("Largest error: %1 pixels, %2 mm").arg(errors.largestPixels, errors.largestMillimetres),
-        fontOf(10, true), 2 * line);
+  write(
+      TryOutTexts::tr("Largest error: %1 pixels, %2 mm").arg(errors.largestPixels, errors.largestMillimetres),
+      fontOf(10, true), 2 * line);
   if (!report.surface.isEmpty()) drawPicture(painter, fitted(report.surface, rest), report);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QRectF>
 #include <QSizeF>
@@ -12,6 +13,11 @@
 class QPrinter;
 
 namespace touchpanel {
+
+/// Gives the texts of the try-out their place in the catalogues.
+class TryOutTexts {
+  Q_DECLARE_TR_FUNCTIONS(TryOut)
+};
 
 /// A try-out as an integrator files it.
 struct TryOutReport {

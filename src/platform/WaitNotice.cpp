@@ -9,8 +9,8 @@ const char* waitTemplate(WaitText text) {
     case WaitText::OpeningTouchscreen:
       return TRANSLATABLE_TEXT("WaitNotice", "Opening a touchscreen...");
     case WaitText::TouchscreenInUse:
-      return TRANSLATABLE_TEXT("WaitNotice",
-                               "The touchscreen cannot be opened yet, trying again (attempt %n of 50)...");
+      return TRANSLATABLE_COUNT("WaitNotice",
+                                "The touchscreen cannot be opened yet, trying again (attempt %n of 50)...");
     case WaitText::PreparingTouchscreen:
       return TRANSLATABLE_TEXT("WaitNotice", "A touchscreen is getting ready...");
     case WaitText::WaitingForDriver:

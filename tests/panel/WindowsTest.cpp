@@ -10,6 +10,9 @@
 namespace touchpanel::testing {
 namespace {
 
+/// Of 100: hardly compressed, since there are hundreds of pictures.
+constexpr int kQuickly = 85;
+
 struct Look {
   const char* name;
   QPalette palette;
@@ -19,9 +22,18 @@ std::vector<Look> looks() {
   return {{"light", lightPalette()}, {"dark", darkPalette()}, {"contrast", highContrastPalette()}};
 }
 
-/// Every window in every theme, looked at by the tests for clipped texts and, as pictures at single and
-/// double density in the folder that TOUCHPANEL_SCREENS names, by people.
-struct WindowsTest : PanelRig {
+using LanguageParameter = ::testing::WithParamInterface<const char*>;
+
+/// Before any window is made: its texts in the language that the test is about.
+struct InLanguage : LanguageParameter {
+  InLanguage() { QLocale::setDefault(QLocale(QString::fromUtf8(GetParam()))); }
+  ~InLanguage() override { QLocale::setDefault(before); }
+  QLocale before;
+};
+
+/// Every window in every language and theme, looked at by the tests for clipped texts and, as pictures at
+/// single and double density in the folder that TOUCHPANEL_SCREENS names, by people.
+struct WindowsTest : InLanguage, PanelRig {
   WindowsTest() { QApplication::setStyle(new PanelStyle("fusion")); }
   ~WindowsTest() override { QApplication::setPalette(QPalette()); }
 
@@ -31,24 +43,32 @@ struct WindowsTest : PanelRig {
       QApplication::setPalette(palette);
       QCoreApplication::processEvents();
       EXPECT_EQ(clippedTexts(window).join(QStringLiteral(" | ")), "") << name.toStdString();
-      save(picture(window, 1), name, theme, 1);
+      // Colours are the same in every language: the theme that few use is pictured in one.
+      if (QLatin1String(theme) == QLatin1String("contrast") &&
+          QLatin1String(GetParam()) != QLatin1String("en"))
+        continue;
+      for (const int scale : {1, 2}) save(window, name, theme, scale);
     }
     QApplication::setPalette(lightPalette());
-    save(picture(window, 2), name, "light", 2);
   }
-  static QPixmap picture(QWidget& window, int scale) {
+  static void save(QWidget& window, const QString& name, const char* theme, int scale) {
+    if (folder().isEmpty()) return;
     QPixmap pixmap(window.size() * scale);
     pixmap.setDevicePixelRatio(scale);
     window.render(&pixmap);
-    return pixmap;
+    save(pixmap, name, theme, scale);
   }
   static void save(const QPixmap& picture, const QString& name, const char* theme, int scale) {
-    const QString folder = qEnvironmentVariable("TOUCHPANEL_SCREENS");
-    if (folder.isEmpty()) return;
-    QDir().mkpath(folder);
+    if (folder().isEmpty()) return;
+    QDir().mkpath(folder());
     const QString path =
-        QStringLiteral("%1/%2-%3-%4x.png").arg(folder, name, QString::fromUtf8(theme)).arg(scale);
-    EXPECT_TRUE(picture.save(path)) << path.toStdString();
+        QStringLiteral("%1/%2-%3-%4x.png").arg(folder(), name, QString::fromUtf8(theme)).arg(scale);
+    EXPECT_TRUE(picture.save(path, "PNG", kQuickly)) << path.toStdString();
+  }
+  /// Where pictures go; empty when nobody wants any.
+  static QString folder() {
+    const QString all = qEnvironmentVariable("TOUCHPANEL_SCREENS");
+    return all.isEmpty() ? all : QStringLiteral("%1/%2").arg(all, QString::fromUtf8(GetParam()));
   }
   void addTouchscreens(int count) {
     for (int i = 0; i < count; ++i) {
@@ -68,30 +88,30 @@ struct WindowsTest : PanelRig {
   }
 };
 
-TEST_F(WindowsTest, MainWindowWithoutTouchscreens) {
+TEST_P(WindowsTest, MainWindowWithoutTouchscreens) {
   machine.registry().publish(touchscreen(Infrared));
   lookAtMainWindow("none");
   EXPECT_TRUE(panel.mainWindow().ui().emptyPage->isVisible());
 }
 
-TEST_F(WindowsTest, MainWindowWithOneTouchscreen) {
+TEST_P(WindowsTest, MainWindowWithOneTouchscreen) {
   machine.plugIn(touchscreen(Optical));
   lookAtMainWindow("1");
 }
 
-TEST_F(WindowsTest, MainWindowWithThreeTouchscreens) {
+TEST_P(WindowsTest, MainWindowWithThreeTouchscreens) {
   plugInAll();
   lookAtMainWindow("3");
 }
 
-TEST_F(WindowsTest, MainWindowWithFortyTouchscreens) {
+TEST_P(WindowsTest, MainWindowWithFortyTouchscreens) {
   addTouchscreens(37);
   plugInAll();
   lookAtMainWindow("40");
   EXPECT_EQ(panel.mainWindow().ui().deviceTableView->model()->rowCount(), 40);
 }
 
-TEST_F(WindowsTest, SettingsOfEachKindInEachTouchMode) {
+TEST_P(WindowsTest, SettingsOfEachKindInEachTouchMode) {
   plugInAll();
   start();
   const std::pair<Kind, const char*> kinds[] = {
@@ -114,7 +134,7 @@ TEST_F(WindowsTest, SettingsOfEachKindInEachTouchMode) {
   }
 }
 
-TEST_F(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
+TEST_P(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
   plugInAll();
   start();
   auto& ui = panel.mainWindow().ui();
@@ -137,7 +157,7 @@ TEST_F(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
   save(QPixmap::fromImage(paper), "try-out-printed", "paper", 1);
 }
 
-TEST_F(WindowsTest, AboutSheet) {
+TEST_P(WindowsTest, AboutSheet) {
   plugInAll();
   start();
   panel.controller().About();
@@ -146,7 +166,7 @@ TEST_F(WindowsTest, AboutSheet) {
   const auto& confirmation = *panel.aboutSheet().findChild<QLabel*>("lbCopied");
   EXPECT_EQ(confirmation.text(), "");
   panel.aboutSheet().findChild<QAbstractButton*>("btnCopyReport")->click();
-  EXPECT_EQ(confirmation.text(), "The report is on the clipboard.");
+  EXPECT_NE(confirmation.text(), "");
   look(panel.aboutSheet(), "about-copied");
   const auto report = QGuiApplication::clipboard()->text();
   for (const auto* part : {"15.1.3.0004", "LocationID", qVersion()})
@@ -157,13 +177,13 @@ TEST_F(WindowsTest, AboutSheet) {
   EXPECT_EQ(confirmation.text(), "") << "a later report is not confirmed by this one";
 }
 
-TEST_F(WindowsTest, CalibrationInEachState) {
+TEST_P(WindowsTest, CalibrationInEachState) {
   plugInAll();
   start();
   selectRow(Infrared);
   const auto shoot = [](const char* name) {
     ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
-    save(picture(*ViewSurface::shown(), 1), QStringLiteral("calibration-%1").arg(name), "screen", 1);
+    save(*ViewSurface::shown(), QStringLiteral("calibration-%1").arg(name), "screen", 1);
   };
   for (const auto mode : {kFourTargets, kTwentyFiveTargets}) {
     startCalibration(mode);
@@ -186,6 +206,9 @@ TEST_F(WindowsTest, CalibrationInEachState) {
   user.type("Escape");
   expectClosed();
 }
+
+INSTANTIATE_TEST_SUITE_P(Languages, WindowsTest, ::testing::Values("en", "de", "zh_CN"),
+                         [](const auto& language) { return std::string(language.param); });
 
 }  // namespace
 }  // namespace touchpanel::testing

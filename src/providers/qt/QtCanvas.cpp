@@ -1,5 +1,6 @@
 #include "providers/qt/QtCanvas.h"
 
+#include <QCoreApplication>
 #include <QFontMetricsF>
 #include <algorithm>
 #include <cmath>
@@ -52,7 +53,7 @@ void QtCanvas::strokeRect(const Rect& rect, const Color& color) {
 
 void QtCanvas::drawText(const StyledText& text, const Point& origin) {
   if (stopped_ || text.text.empty()) return;
-  const auto lines = QString::fromStdString(text.text).split(u'\n');
+  const auto lines = QCoreApplication::translate("CalibrationScreen", text.text.c_str()).split(u'\n');
   painter_.setFont(fontOf(text));
   painter_.setPen(toQColor(text.color));
   const QFontMetricsF metrics(painter_.font(), painter_.device());

@@ -1,12 +1,11 @@
 #include "providers/qt/QtStatusLine.h"
 
-#include <QCoreApplication>
+#include "providers/qt/Translations.h"
 
 namespace touchpanel {
 
 void QtStatusLine::show(const StatusMessage& message) {
-  QString text =
-      QCoreApplication::translate("StatusLine", statusTemplate(message.text), nullptr, message.count);
+  QString text = translatedCount("StatusLine", statusTemplate(message.text), message.count);
   text.replace(QStringLiteral("%1"), QString::fromStdString(message.device));
   area_.setOutcome(text);
 }

@@ -1,14 +1,12 @@
 #include "providers/qt/QtWaitNotice.h"
 
-#include <QCoreApplication>
-
+#include "providers/qt/Translations.h"
 #include "providers/qt/ViewSurface.h"
 
 namespace touchpanel {
 
 void QtWaitNotice::waitingFor(const WaitMessage& message) {
-  const QString text =
-      QCoreApplication::translate("WaitNotice", waitTemplate(message.text), nullptr, message.attempt);
+  const QString text = translatedCount("WaitNotice", waitTemplate(message.text), message.attempt);
   cursor_.setBusy(true);
   if (auto* surface = ViewSurface::shown()) return surface->setBanner(text);
   if (startUp_.isVisible()) return startUp_.tell(text);

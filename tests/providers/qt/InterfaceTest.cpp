@@ -14,6 +14,7 @@
 
 #include "ClippedTexts.h"
 #include "providers/qt/MainWindowWidget.h"
+#include "providers/qt/Translations.h"
 #include "ui_AboutSheet.h"
 #include "ui_MainWindow.h"
 #include "ui_SettingsSheet.h"
@@ -22,7 +23,7 @@ namespace touchpanel {
 namespace {
 
 /// The three windows of the interface description.
-struct InterfaceTest : ::testing::Test {
+struct InterfaceTest : ::testing::TestWithParam<const char*> {
   InterfaceTest() {
     settings.setupUi(&settingsSheet);
     about.setupUi(&aboutSheet);
@@ -50,6 +51,7 @@ struct InterfaceTest : ::testing::Test {
     return chain;
   }
 
+  Translations translations{QLocale(QString::fromUtf8(GetParam()))};
   MainWindowWidget mainWindow;
   QDialog settingsSheet;
   Ui::SettingsSheet settings;
@@ -57,7 +59,7 @@ struct InterfaceTest : ::testing::Test {
   Ui::AboutSheet about;
 };
 
-TEST_F(InterfaceTest, NamesEverythingThatTakesTheKeyboard) {
+TEST_P(InterfaceTest, NamesEverythingThatTakesTheKeyboard) {
   forEachPage([](QWidget& window, const std::string& page) {
     for (QWidget* widget : focusChain(window)) {
       if (qobject_cast<QTabBar*>(widget) != nullptr) continue;
@@ -71,7 +73,7 @@ TEST_F(InterfaceTest, NamesEverythingThatTakesTheKeyboard) {
   });
 }
 
-TEST_F(InterfaceTest, GivesEachLetterOfAPageToOneCommand) {
+TEST_P(InterfaceTest, GivesEachLetterOfAPageToOneCommand) {
   forEachPage([](QWidget& window, const std::string& page) {
     std::map<QString, std::set<QString>> owners;
     const auto note = [&](const QString& text) {
@@ -91,7 +93,7 @@ TEST_F(InterfaceTest, GivesEachLetterOfAPageToOneCommand) {
   });
 }
 
-TEST_F(InterfaceTest, MovesTheKeyboardInReadingOrder) {
+TEST_P(InterfaceTest, MovesTheKeyboardInReadingOrder) {
   forEachPage([](QWidget& window, const std::string& page) {
     const QWidget* before = nullptr;
     for (const QWidget* widget : focusChain(window)) {
@@ -108,7 +110,7 @@ TEST_F(InterfaceTest, MovesTheKeyboardInReadingOrder) {
   });
 }
 
-TEST_F(InterfaceTest, FitsASmallScreenWithoutClippingAText) {
+TEST_P(InterfaceTest, FitsASmallScreenWithoutClippingAText) {
   mainWindow.resize(800, 480);
   settingsSheet.resize(780, 440);
   aboutSheet.resize(620, 420);
@@ -118,6 +120,9 @@ TEST_F(InterfaceTest, FitsASmallScreenWithoutClippingAText) {
     EXPECT_EQ(testing::clippedTexts(window).join(" | "), "") << page;
   });
 }
+
+INSTANTIATE_TEST_SUITE_P(Languages, InterfaceTest, ::testing::Values("en", "de", "zh_CN"),
+                         [](const auto& language) { return std::string(language.param); });
 
 }  // namespace
 }  // namespace touchpanel

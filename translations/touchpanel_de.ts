@@ -1,0 +1,967 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en_US">
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About Touch Panel</source>
+        <translation>Info zu Touch Panel</translation>
+    </message>
+    <message>
+        <source>Touch Panel</source>
+        <translation>Touch Panel</translation>
+    </message>
+    <message>
+        <source>Calibrates USB touchscreens and sets how touches act.</source>
+        <translation>Kalibriert USB-Touchscreens und legt fest, was Berührungen bewirken.</translation>
+    </message>
+    <message>
+        <source>Driver version</source>
+        <translation>Treiberversion</translation>
+    </message>
+    <message>
+        <source>Build version</source>
+        <translation>Programmversion</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>&amp;Libraries and their licences</source>
+        <translation>&amp;Bibliotheken und ihre Lizenzen</translation>
+    </message>
+    <message>
+        <source>Libraries and their licences</source>
+        <translation>Bibliotheken und ihre Lizenzen</translation>
+    </message>
+    <message>
+        <source>Copy &amp;diagnostics report</source>
+        <translation>&amp;Diagnosebericht kopieren</translation>
+    </message>
+    <message>
+        <source>Copy versions, touchscreens, driver state and the last diagnostic lines, to send to support</source>
+        <translation>Versionen, Touchscreens, Zustand des Treibers und die letzten Diagnosezeilen kopieren, um sie dem Kundendienst zu senden</translation>
+    </message>
+    <message>
+        <source>Outcome of copying</source>
+        <translation>Ergebnis des Kopierens</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>The report is on the clipboard.</source>
+        <translation>Der Bericht ist in der Zwischenablage.</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Warning</source>
+        <translation>Warnung</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Not found touch device.</source>
+        <translation>Kein Touchscreen gefunden.</translation>
+    </message>
+    <message>
+        <source>To get the device parameters failed, please try again.</source>
+        <translation>Die Parameter des Geräts konnten nicht gelesen werden. Bitte noch einmal versuchen.</translation>
+    </message>
+    <message>
+        <source>Unable to open device: %1.</source>
+        <translation>Das Gerät kann nicht geöffnet werden: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationScreen</name>
+    <message>
+        <source>Note:
+1. When calibrating, to get better calibration result, the user&apos;s head should keep still;
+2. The calibration coordinates are detemined by the point where the finger leaves the touchscreen;
+3. The bull&apos;s eye is only for reference, it&apos;s not neccessarily the optimal calibration point, the user should
+     aim the bull&apos;s eye the first calibration, if the result is not satisfying, the user can recalibrate and
+     deliberately move slightly apart from the bull&apos;s eye.
+</source>
+        <translation>Hinweise:
+1. Für ein gutes Ergebnis sollte der Kopf beim Kalibrieren ruhig gehalten werden.
+2. Es zählt der Punkt, an dem der Finger den Touchscreen verlässt.
+3. Die Zielscheibe ist nur ein Anhalt, nicht unbedingt der beste Punkt zum Kalibrieren. Beim ersten
+     Mal auf ihre Mitte zielen; ist das Ergebnis nicht zufriedenstellend, erneut kalibrieren und dabei
+     absichtlich leicht neben die Mitte tippen.
+</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbruch</translation>
+    </message>
+    <message>
+        <source>ReCalibrate</source>
+        <translation>Erneut</translation>
+    </message>
+</context>
+<context>
+    <name>Controls</name>
+    <message>
+        <source>Disable Touch</source>
+        <translation>Touch ausschalten</translation>
+    </message>
+    <message>
+        <source>Enable Touch</source>
+        <translation>Touch einschalten</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceTable</name>
+    <message>
+        <source>Serial number</source>
+        <translation>Seriennummer</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>Firmware</translation>
+    </message>
+    <message>
+        <source>Calibrated</source>
+        <translation>Kalibriert</translation>
+    </message>
+    <message>
+        <source>Monitor</source>
+        <translation>Monitor</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Anschluss</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>JA</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>NEIN</translation>
+    </message>
+</context>
+<context>
+    <name>FaultTexts</name>
+    <message>
+        <source>None</source>
+        <translation>Keine</translation>
+    </message>
+    <message>
+        <source>Answers every command as it should.</source>
+        <translation>Beantwortet jeden Befehl richtig.</translation>
+    </message>
+    <message>
+        <source>Ignores a command</source>
+        <translation>Überhört einen Befehl</translation>
+    </message>
+    <message>
+        <source>Never answers one command; its reply stays the one before.</source>
+        <translation>Beantwortet einen Befehl nie; es bleibt bei der vorigen Antwort.</translation>
+    </message>
+    <message>
+        <source>Code of the command</source>
+        <translation>Code des Befehls</translation>
+    </message>
+    <message>
+        <source>Echoes wrongly</source>
+        <translation>Falsches Echo</translation>
+    </message>
+    <message>
+        <source>Answers with the code of another command.</source>
+        <translation>Antwortet mit dem Code eines anderen Befehls.</translation>
+    </message>
+    <message>
+        <source>Wrong kind of reply</source>
+        <translation>Falsche Antwortart</translation>
+    </message>
+    <message>
+        <source>Answers with a reply code of another class.</source>
+        <translation>Antwortet mit einem Code einer anderen Klasse.</translation>
+    </message>
+    <message>
+        <source>Answers late</source>
+        <translation>Antwortet spät</translation>
+    </message>
+    <message>
+        <source>Answers each command only when asked several times.</source>
+        <translation>Beantwortet jeden Befehl erst nach mehreren Anfragen.</translation>
+    </message>
+    <message>
+        <source>Times it must be asked</source>
+        <translation>Anzahl der Anfragen</translation>
+    </message>
+    <message>
+        <source> times</source>
+        <translation> Anfragen</translation>
+    </message>
+    <message>
+        <source>Dies</source>
+        <translation>Fällt aus</translation>
+    </message>
+    <message>
+        <source>Stops working after some packets, until it is plugged in again.</source>
+        <translation>Fällt nach einigen Paketen aus, bis es neu angeschlossen wird.</translation>
+    </message>
+    <message>
+        <source>Packets that it still answers</source>
+        <translation>Pakete, die es noch beantwortet</translation>
+    </message>
+    <message>
+        <source> packets</source>
+        <translation> Pakete</translation>
+    </message>
+    <message>
+        <source>Refuses everything</source>
+        <translation>Verweigert alles</translation>
+    </message>
+    <message>
+        <source>Refuses every request.</source>
+        <translation>Verweigert jede Anfrage.</translation>
+    </message>
+    <message>
+        <source>Garbled replies</source>
+        <translation>Gestörte Antworten</translation>
+    </message>
+    <message>
+        <source>Its replies arrive with flipped bits.</source>
+        <translation>Seine Antworten kommen mit vertauschten Bits an.</translation>
+    </message>
+    <message>
+        <source>Short replies</source>
+        <translation>Kurze Antworten</translation>
+    </message>
+    <message>
+        <source>Only the first bytes of each reply arrive.</source>
+        <translation>Von jeder Antwort kommen nur die ersten Bytes an.</translation>
+    </message>
+    <message>
+        <source>Bytes that arrive</source>
+        <translation>Bytes, die ankommen</translation>
+    </message>
+    <message>
+        <source> bytes</source>
+        <translation> Bytes</translation>
+    </message>
+    <message>
+        <source>Odd version</source>
+        <translation>Seltsame Version</translation>
+    </message>
+    <message>
+        <source>Its version has a length that no rule covers.</source>
+        <translation>Seine Version hat eine Länge, die keine Regel kennt.</translation>
+    </message>
+    <message>
+        <source>Endless bar code</source>
+        <translation>Endloser Strichcode</translation>
+    </message>
+    <message>
+        <source>Its bar code fills the reply without an end mark.</source>
+        <translation>Sein Strichcode füllt die Antwort ohne Endzeichen.</translation>
+    </message>
+</context>
+<context>
+    <name>IntegerField</name>
+    <message>
+        <source>%1 to %2%3</source>
+        <translation>%1 bis %2%3</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Touch Panel</source>
+        <translation>Touch Panel</translation>
+    </message>
+    <message>
+        <source>&amp;Touchscreens</source>
+        <translation>&amp;Touchscreens</translation>
+    </message>
+    <message>
+        <source>Touchscreens</source>
+        <translation>Touchscreens</translation>
+    </message>
+    <message>
+        <source>No touchscreen found</source>
+        <translation>Kein Touchscreen gefunden</translation>
+    </message>
+    <message>
+        <source>Plug a touchscreen in. It appears here after a few seconds.</source>
+        <translation>Einen Touchscreen anschließen; nach einigen Sekunden erscheint er hier.</translation>
+    </message>
+    <message>
+        <source>&amp;Calibrate</source>
+        <translation>&amp;Kalibrieren</translation>
+    </message>
+    <message>
+        <source>Calibrate the selected touchscreen over the whole screen</source>
+        <translation>Den gewählten Touchscreen auf dem ganzen Bildschirm kalibrieren</translation>
+    </message>
+    <message>
+        <source>Not while the settings are open.</source>
+        <translation>Nicht, solange die Einstellungen offen sind.</translation>
+    </message>
+    <message>
+        <source>Calibrate re&amp;gion</source>
+        <translation>&amp;Bereich kalibrieren</translation>
+    </message>
+    <message>
+        <source>Calibrate the selected touchscreen in a part of the screen that you draw</source>
+        <translation>Den gewählten Touchscreen in einem selbst gezeichneten Teil des Bildschirms kalibrieren</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>&amp;Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Discard the calibration of the selected touchscreen</source>
+        <translation>Die Kalibrierung des gewählten Touchscreens verwerfen</translation>
+    </message>
+    <message>
+        <source>The selected touchscreen holds no calibration.</source>
+        <translation>Der gewählte Touchscreen ist nicht kalibriert.</translation>
+    </message>
+    <message>
+        <source>Disable Touch</source>
+        <translation>Touch ausschalten</translation>
+    </message>
+    <message>
+        <source>Switch touch input off or on</source>
+        <translation>Die Touch-Eingabe aus- oder einschalten</translation>
+    </message>
+    <message>
+        <source>&amp;Mapping</source>
+        <translation>Zu&amp;ordnung</translation>
+    </message>
+    <message>
+        <source>Choose the monitor that a touchscreen belongs to</source>
+        <translation>Den Monitor wählen, zu dem ein Touchscreen gehört</translation>
+    </message>
+    <message>
+        <source>Touchscreens cannot be assigned to monitors here.</source>
+        <translation>Touchscreens können hier keinem Monitor zugeordnet werden.</translation>
+    </message>
+    <message>
+        <source>S&amp;ettings</source>
+        <translation>Einste&amp;llungen</translation>
+    </message>
+    <message>
+        <source>Change how touches act</source>
+        <translation>Ändern, was Berührungen bewirken</translation>
+    </message>
+    <message>
+        <source>A&amp;bout</source>
+        <translation>&amp;Info</translation>
+    </message>
+    <message>
+        <source>What this program is, and a report for support</source>
+        <translation>Was dieses Programm ist, und ein Bericht für den Kundendienst</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>Bee&amp;nden</translation>
+    </message>
+    <message>
+        <source>End the program</source>
+        <translation>Das Programm beenden</translation>
+    </message>
+    <message>
+        <source>Tr&amp;y out</source>
+        <translation>&amp;Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Surface to touch</source>
+        <translation>Fläche zum Berühren</translation>
+    </message>
+    <message>
+        <source>What to do</source>
+        <translation>Was zu tun ist</translation>
+    </message>
+    <message>
+        <source>Touches</source>
+        <translation>Berührungen</translation>
+    </message>
+    <message>
+        <source>pixels</source>
+        <translation>Pixel</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>mm</translation>
+    </message>
+    <message>
+        <source>Mean error</source>
+        <translation>Mittlerer Fehler</translation>
+    </message>
+    <message>
+        <source>Mean error in pixels</source>
+        <translation>Mittlerer Fehler in Pixeln</translation>
+    </message>
+    <message>
+        <source>Mean error in millimetres</source>
+        <translation>Mittlerer Fehler in Millimetern</translation>
+    </message>
+    <message>
+        <source>Largest error</source>
+        <translation>Größter Fehler</translation>
+    </message>
+    <message>
+        <source>Largest error in pixels</source>
+        <translation>Größter Fehler in Pixeln</translation>
+    </message>
+    <message>
+        <source>Largest error in millimetres</source>
+        <translation>Größter Fehler in Millimetern</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>Trying out changes nothing. A larger window covers more of the screen.</source>
+        <translation>Das Ausprobieren ändert nichts. Ein größeres Fenster deckt mehr vom Bildschirm ab.</translation>
+    </message>
+    <message>
+        <source>Start &amp;over</source>
+        <translation>&amp;Neu beginnen</translation>
+    </message>
+    <message>
+        <source>Forget all touches and begin with the first point</source>
+        <translation>Alle Berührungen vergessen und mit dem ersten Punkt beginnen</translation>
+    </message>
+    <message>
+        <source>There are no touches yet.</source>
+        <translation>Es gibt noch keine Berührungen.</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>&amp;Drucken...</translation>
+    </message>
+    <message>
+        <source>Print the touches and the result, or save them as a PDF file</source>
+        <translation>Die Berührungen und das Ergebnis drucken oder als PDF-Datei speichern</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>Driver version</source>
+        <translation>Treiberversion</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>&amp;Gerät</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>&amp;Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>&amp;Hilfe</translation>
+    </message>
+    <message>
+        <source>&amp;Touch settings...</source>
+        <translation>&amp;Touch-Einstellungen...</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>&amp;Info</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Touch settings</source>
+        <translation>Touch-Einstellungen</translation>
+    </message>
+    <message>
+        <source>&amp;Touch</source>
+        <translation>&amp;Touch</translation>
+    </message>
+    <message>
+        <source>Touch mode</source>
+        <translation>Touch-Modus</translation>
+    </message>
+    <message>
+        <source>Click on to&amp;uch</source>
+        <translation>Klick beim &amp;Berühren</translation>
+    </message>
+    <message>
+        <source>The click happens the moment the finger lands.</source>
+        <translation>Der Klick erfolgt, sobald der Finger aufsetzt.</translation>
+    </message>
+    <message>
+        <source>Click on re&amp;lease</source>
+        <translation>Klick beim &amp;Loslassen</translation>
+    </message>
+    <message>
+        <source>The click happens when the finger is lifted, so it can still be moved.</source>
+        <translation>Der Klick erfolgt, wenn der Finger abhebt; bis dahin lässt er sich verschieben.</translation>
+    </message>
+    <message>
+        <source>Drag and right-click by &amp;press and hold</source>
+        <translation>Ziehen, Rechtsklick durch &amp;Halten</translation>
+    </message>
+    <message>
+        <source>The finger drags like a held mouse button. Holding it still gives a right click.</source>
+        <translation>Der Finger zieht wie eine gedrückte Maustaste. Ruhig gehalten, löst er einen Rechtsklick aus.</translation>
+    </message>
+    <message>
+        <source>&amp;Multi-touch</source>
+        <translation>&amp;Multi-Touch</translation>
+    </message>
+    <message>
+        <source>All fingers go to programs that understand gestures.</source>
+        <translation>Alle Finger gehen an Programme, die Gesten verstehen.</translation>
+    </message>
+    <message>
+        <source>Click ran&amp;ge</source>
+        <translation>Klickbere&amp;ich</translation>
+    </message>
+    <message>
+        <source> units</source>
+        <translation> Einheiten</translation>
+    </message>
+    <message>
+        <source>Smoot&amp;hing</source>
+        <translation>&amp;Glättung</translation>
+    </message>
+    <message>
+        <source>Only optical touchscreens have this.</source>
+        <translation>Nur bei optischen Touchscreens.</translation>
+    </message>
+    <message>
+        <source>The click range holds a shaky tap in place; 1 unit is 1/1024 of the screen. Smoothing steadies a moving finger; 0 is off.</source>
+        <translation>Der Klickbereich hält ein zittriges Tippen fest; 1 Einheit ist 1/1024 des Bildschirms. Die Glättung beruhigt einen bewegten Finger; 0 heißt aus.</translation>
+    </message>
+    <message>
+        <source>&amp;Right click</source>
+        <translation>&amp;Rechtsklick</translation>
+    </message>
+    <message>
+        <source>Press and hold gives a right clic&amp;k</source>
+        <translation>&amp;Halten löst einen Rechtsklick aus</translation>
+    </message>
+    <message>
+        <source>Available in the touch mode &quot;Drag and right-click by press and hold&quot;.</source>
+        <translation>Im Touch-Modus „Ziehen, Rechtsklick durch Halten“ verfügbar.</translation>
+    </message>
+    <message>
+        <source>&amp;Hold time</source>
+        <translation>Ha&amp;ltedauer</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> ms</translation>
+    </message>
+    <message>
+        <source>Available in the touch mode &quot;Drag and right-click by press and hold&quot;, with the right click switched on.</source>
+        <translation>Im Touch-Modus „Ziehen, Rechtsklick durch Halten“ mit eingeschaltetem Rechtsklick verfügbar.</translation>
+    </message>
+    <message>
+        <source>Allowed &amp;movement</source>
+        <translation>Erlaubte &amp;Bewegung</translation>
+    </message>
+    <message>
+        <source>The finger must rest for the hold time and move no further than the allowed movement; 1 unit is 1/1024 of the screen. Only in the touch mode &quot;Drag and right-click by press and hold&quot;.</source>
+        <translation>Der Finger muss während der Haltedauer ruhen und darf sich nur um die erlaubte Bewegung verschieben; 1 Einheit ist 1/1024 des Bildschirms. Nur im Touch-Modus „Ziehen, Rechtsklick durch Halten“.</translation>
+    </message>
+    <message>
+        <source>&amp;Double click</source>
+        <translation>&amp;Doppelklick</translation>
+    </message>
+    <message>
+        <source>Dou&amp;ble click</source>
+        <translation>Doppelkl&amp;ick</translation>
+    </message>
+    <message>
+        <source>Double click is always available.</source>
+        <translation>Der Doppelklick ist immer verfügbar.</translation>
+    </message>
+    <message>
+        <source>&amp;Longest time between taps</source>
+        <translation>Längste &amp;Zeit zwischen zwei Tipps</translation>
+    </message>
+    <message>
+        <source>Lar&amp;gest distance between taps</source>
+        <translation>Größter A&amp;bstand zweier Tipps</translation>
+    </message>
+    <message>
+        <source>Two taps within this time and distance count as a double click, for the mouse as well; 1 unit is 1/1024 of the screen.</source>
+        <translation>Zweimal Tippen innerhalb dieser Zeit und dieses Abstands zählt als Doppelklick, auch bei der Maus; 1 Einheit ist 1/1024 des Bildschirms.</translation>
+    </message>
+    <message>
+        <source>&amp;Sensitivity</source>
+        <translation>&amp;Empfindlichkeit</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter out accidental touches</source>
+        <translation>&amp;Versehentliche Berührungen ausfiltern</translation>
+    </message>
+    <message>
+        <source>S&amp;hortest time of a touch</source>
+        <translation>Kürzeste &amp;Zeit einer Berührung</translation>
+    </message>
+    <message>
+        <source>Only optical touchscreens have this, with the filter switched on.</source>
+        <translation>Nur bei optischen Touchscreens mit eingeschaltetem Filter.</translation>
+    </message>
+    <message>
+        <source>Smallest &amp;movement</source>
+        <translation>Kleinste &amp;Bewegung</translation>
+    </message>
+    <message>
+        <source>A touch counts once it has lasted for this time or moved this far; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
+        <translation>Eine Berührung zählt, sobald sie so lange dauert oder sich so weit bewegt; 1 Einheit ist 1/1024 des Bildschirms. Nur bei optischen Touchscreens.</translation>
+    </message>
+    <message>
+        <source>&amp;Calibration</source>
+        <translation>&amp;Kalibrierung</translation>
+    </message>
+    <message>
+        <source>Number of targets</source>
+        <translation>Anzahl der Ziele</translation>
+    </message>
+    <message>
+        <source>&amp;4 targets, quick: for offset, size and tilt</source>
+        <translation>&amp;4 Ziele, schnell: für Versatz, Größe und Neigung</translation>
+    </message>
+    <message>
+        <source>&amp;25 targets, thorough: for distorted touchscreens too</source>
+        <translation>&amp;25 Ziele, gründlich: auch für verzerrte Touchscreens</translation>
+    </message>
+    <message>
+        <source>Kind of calibration</source>
+        <translation>Art der Kalibrierung</translation>
+    </message>
+    <message>
+        <source>The kind is chosen by the command: &quot;Calibrate&quot; or &quot;Calibrate region&quot;.</source>
+        <translation>Die Art wird durch den Befehl gewählt: „Kalibrieren“ oder „Bereich kalibrieren“.</translation>
+    </message>
+    <message>
+        <source>&amp;Whole screen</source>
+        <translation>&amp;Ganzer Bildschirm</translation>
+    </message>
+    <message>
+        <source>&amp;Part of the screen</source>
+        <translation>Tei&amp;l des Bildschirms</translation>
+    </message>
+    <message>
+        <source>The next calibration uses this number of targets. The kind is chosen by the command: &quot;Calibrate&quot; or &quot;Calibrate region&quot;.</source>
+        <translation>Die nächste Kalibrierung verwendet diese Anzahl von Zielen. Die Art wird durch den Befehl gewählt: „Kalibrieren“ oder „Bereich kalibrieren“.</translation>
+    </message>
+    <message>
+        <source>Restart d&amp;evice</source>
+        <translation>Gerät &amp;neu starten</translation>
+    </message>
+    <message>
+        <source>To restart a touchscreen, unplug it and plug it in again.</source>
+        <translation>Um einen Touchscreen neu zu starten, ihn abziehen und wieder anschließen.</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>&amp;Standard</translation>
+    </message>
+    <message>
+        <source>Put the default values into all controls</source>
+        <translation>Überall die Standardwerte eintragen</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>&amp;Anwenden</translation>
+    </message>
+    <message>
+        <source>Use these settings and keep the window open</source>
+        <translation>Diese Einstellungen verwenden und das Fenster offen lassen</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed.</source>
+        <translation>Es wurde nichts geändert.</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Use these settings for all touchscreens</source>
+        <translation>Diese Einstellungen für alle Touchscreens verwenden</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close without using what was changed since the last Apply</source>
+        <translation>Schließen, ohne die Änderungen seit dem letzten Anwenden zu verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatorWindow</name>
+    <message>
+        <source>Simulated touchscreens</source>
+        <translation>Simulierte Touchscreens</translation>
+    </message>
+    <message>
+        <source>Touchscreens</source>
+        <translation>Touchscreens</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>The mouse is:</source>
+        <translation>Die Maus ist:</translation>
+    </message>
+    <message>
+        <source>During a calibration it is always a finger on the touchscreen that is being calibrated, and in this window it is always a mouse.</source>
+        <translation>Beim Kalibrieren ist sie immer ein Finger auf dem Touchscreen, der kalibriert wird, und in diesem Fenster immer eine Maus.</translation>
+    </message>
+    <message>
+        <source>Last touch</source>
+        <translation>Letzte Berührung</translation>
+    </message>
+    <message>
+        <source>Touchscreen:</source>
+        <translation>Touchscreen:</translation>
+    </message>
+    <message>
+        <source>Touched pixel:</source>
+        <translation>Berührtes Pixel:</translation>
+    </message>
+    <message>
+        <source>Raw point:</source>
+        <translation>Rohpunkt:</translation>
+    </message>
+    <message>
+        <source>Calibrated point:</source>
+        <translation>Kalibrierter Punkt:</translation>
+    </message>
+    <message>
+        <source>Error before calibration:</source>
+        <translation>Fehler vor der Kalibrierung:</translation>
+    </message>
+    <message>
+        <source>Error after calibration:</source>
+        <translation>Fehler nach der Kalibrierung:</translation>
+    </message>
+</context>
+<context>
+    <name>StartUpPanel</name>
+    <message>
+        <source>Touch Panel</source>
+        <translation>Touch Panel</translation>
+    </message>
+    <message>
+        <source>Looking for touchscreens...</source>
+        <translation>Touchscreens werden gesucht...</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>No touchscreen is selected.</source>
+        <translation>Es ist kein Touchscreen gewählt.</translation>
+    </message>
+    <message>
+        <source>%1 was connected.</source>
+        <translation>%1 wurde angeschlossen.</translation>
+    </message>
+    <message>
+        <source>A touchscreen was unplugged.</source>
+        <translation>Ein Touchscreen wurde abgezogen.</translation>
+    </message>
+    <message>
+        <source>Calibration of %1 started.</source>
+        <translation>Die Kalibrierung von %1 hat begonnen.</translation>
+    </message>
+    <message>
+        <source>Region calibration of %1 started.</source>
+        <translation>Die Bereichskalibrierung von %1 hat begonnen.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 was accepted.</source>
+        <translation>Die neue Kalibrierung von %1 wurde übernommen.</translation>
+    </message>
+    <message>
+        <source>The calibration of %1 ended; nothing was written to the touchscreen.</source>
+        <translation>Die Kalibrierung von %1 wurde beendet; nichts wurde in den Touchscreen geschrieben.</translation>
+    </message>
+    <message>
+        <source>A reset of the calibration was sent to %1.</source>
+        <translation>Das Zurücksetzen der Kalibrierung wurde an %1 gesendet.</translation>
+    </message>
+    <message>
+        <source>Touch was enabled on %1.</source>
+        <translation>Touch wurde auf %1 eingeschaltet.</translation>
+    </message>
+    <message>
+        <source>Touch was disabled on %1.</source>
+        <translation>Touch wurde auf %1 ausgeschaltet.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet und gespeichert.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet und gespeichert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet, konnten aber nicht für den nächsten Start gespeichert werden.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet, konnten aber nicht für den nächsten Start gespeichert werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Settings were closed without applying changes.</source>
+        <translation>Die Einstellungen wurden ohne Änderung geschlossen.</translation>
+    </message>
+    <message>
+        <source>Touchscreens have changed; the settings shown are those of %1.</source>
+        <translation>Die Touchscreens haben sich geändert; die Einstellungen sind nun die von %1.</translation>
+    </message>
+</context>
+<context>
+    <name>TouchscreenControls</name>
+    <message>
+        <source>Fault:</source>
+        <translation>Störung:</translation>
+    </message>
+</context>
+<context>
+    <name>TryOut</name>
+    <message numerus="yes">
+        <source>Touch the marked point. The result comes after %n more touch(es).</source>
+        <translation>
+            <numerusform>Den markierten Punkt berühren. Das Ergebnis folgt nach %n weiterer Berührung.</numerusform>
+            <numerusform>Den markierten Punkt berühren. Das Ergebnis folgt nach %n weiteren Berührungen.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This is the result. More touches make it more certain.</source>
+        <translation>Das ist das Ergebnis. Weitere Berührungen machen es sicherer.</translation>
+    </message>
+    <message>
+        <source>Screen: %1 pixels; it does not tell its size in millimetres.</source>
+        <translation>Bildschirm: %1 Pixel; seine Größe in Millimetern gibt er nicht an.</translation>
+    </message>
+    <message>
+        <source>Screen: %1 pixels, %2 mm</source>
+        <translation>Bildschirm: %1 Pixel, %2 mm</translation>
+    </message>
+    <message>
+        <source>Touchscreen try-out</source>
+        <translation>Touchscreen-Probe</translation>
+    </message>
+    <message>
+        <source>Mean error: %1 pixels, %2 mm</source>
+        <translation>Mittlerer Fehler: %1 Pixel, %2 mm</translation>
+    </message>
+    <message>
+        <source>Largest error: %1 pixels, %2 mm</source>
+        <translation>Größter Fehler: %1 Pixel, %2 mm</translation>
+    </message>
+    <message>
+        <source>Touches: %1</source>
+        <translation>Berührungen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WaitNotice</name>
+    <message>
+        <source>Opening a touchscreen...</source>
+        <translation>Ein Touchscreen wird geöffnet...</translation>
+    </message>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (%n von 50)...</numerusform>
+            <numerusform>Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (%n von 50)...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A touchscreen is getting ready...</source>
+        <translation>Ein Touchscreen wird vorbereitet...</translation>
+    </message>
+    <message>
+        <source>Waiting for the touchscreen&apos;s driver...</source>
+        <translation>Warten auf den Treiber des Touchscreens...</translation>
+    </message>
+    <message>
+        <source>Reading the touchscreen&apos;s parameters...</source>
+        <translation>Die Parameter des Touchscreens werden gelesen...</translation>
+    </message>
+    <message>
+        <source>Writing to the touchscreen...</source>
+        <translation>In den Touchscreen wird geschrieben...</translation>
+    </message>
+    <message>
+        <source>A touchscreen was unplugged...</source>
+        <translation>Ein Touchscreen wurde abgezogen...</translation>
+    </message>
+</context>
+<context>
+    <name>touchpanel::demo::SimulatorWindow</name>
+    <message>
+        <source>Mouse</source>
+        <translation>Maus</translation>
+    </message>
+    <message>
+        <source>Finger on %1</source>
+        <translation>Finger auf %1</translation>
+    </message>
+    <message>
+        <source>%L1 pixels</source>
+        <translation>%L1 Pixel</translation>
+    </message>
+</context>
+<context>
+    <name>touchpanel::demo::TouchscreenControls</name>
+    <message>
+        <source>Fault of %1</source>
+        <translation>Störung von %1</translation>
+    </message>
+    <message>
+        <source>%1: plugged in</source>
+        <translation>%1: angeschlossen</translation>
+    </message>
+    <message>
+        <source>%1: unplugged</source>
+        <translation>%1: abgezogen</translation>
+    </message>
+    <message>
+        <source>Unplug</source>
+        <translation>Abziehen</translation>
+    </message>
+    <message>
+        <source>Plug in</source>
+        <translation>Anschließen</translation>
+    </message>
+    <message>
+        <source>Unplug %1</source>
+        <translation>%1 abziehen</translation>
+    </message>
+    <message>
+        <source>Plug in %1</source>
+        <translation>%1 anschließen</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,41 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en_US" sourcelanguage="en_US">
+<context>
+    <name>StatusLine</name>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved.</source>
+        <translation>
+            <numerusform>Settings were sent to %n touchscreen and saved.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens and saved.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start.</source>
+        <translation>
+            <numerusform>Settings were sent to %n touchscreen, but could not be saved for the next start.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens, but could not be saved for the next start.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TryOut</name>
+    <message numerus="yes">
+        <source>Touch the marked point. The result comes after %n more touch(es).</source>
+        <translation>
+            <numerusform>Touch the marked point. The result comes after %n more touch.</numerusform>
+            <numerusform>Touch the marked point. The result comes after %n more touches.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>WaitNotice</name>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</numerusform>
+            <numerusform>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>

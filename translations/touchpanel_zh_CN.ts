@@ -1,0 +1,963 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en_US">
+<context>
+    <name>AboutSheet</name>
+    <message>
+        <source>About Touch Panel</source>
+        <translation>关于 Touch Panel</translation>
+    </message>
+    <message>
+        <source>Touch Panel</source>
+        <translation>Touch Panel</translation>
+    </message>
+    <message>
+        <source>Calibrates USB touchscreens and sets how touches act.</source>
+        <translation>校准 USB 触摸屏，并设置触摸的作用方式。</translation>
+    </message>
+    <message>
+        <source>Driver version</source>
+        <translation>驱动程序版本</translation>
+    </message>
+    <message>
+        <source>Build version</source>
+        <translation>程序版本</translation>
+    </message>
+    <message>
+        <source>Licence</source>
+        <translation>许可证</translation>
+    </message>
+    <message>
+        <source>&amp;Libraries and their licences</source>
+        <translation>使用的库及其许可证(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Libraries and their licences</source>
+        <translation>使用的库及其许可证</translation>
+    </message>
+    <message>
+        <source>Copy &amp;diagnostics report</source>
+        <translation>复制诊断报告(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Copy versions, touchscreens, driver state and the last diagnostic lines, to send to support</source>
+        <translation>复制版本、触摸屏、驱动程序状态和最近的诊断信息，以便发送给技术支持</translation>
+    </message>
+    <message>
+        <source>Outcome of copying</source>
+        <translation>复制结果</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>The report is on the clipboard.</source>
+        <translation>报告已复制到剪贴板。</translation>
+    </message>
+</context>
+<context>
+    <name>Alert</name>
+    <message>
+        <source>Warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Not found touch device.</source>
+        <translation>未找到触摸设备。</translation>
+    </message>
+    <message>
+        <source>To get the device parameters failed, please try again.</source>
+        <translation>获取设备参数失败，请重试。</translation>
+    </message>
+    <message>
+        <source>Unable to open device: %1.</source>
+        <translation>无法打开设备：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>CalibrationScreen</name>
+    <message>
+        <source>Note:
+1. When calibrating, to get better calibration result, the user&apos;s head should keep still;
+2. The calibration coordinates are detemined by the point where the finger leaves the touchscreen;
+3. The bull&apos;s eye is only for reference, it&apos;s not neccessarily the optimal calibration point, the user should
+     aim the bull&apos;s eye the first calibration, if the result is not satisfying, the user can recalibrate and
+     deliberately move slightly apart from the bull&apos;s eye.
+</source>
+        <translation>注意：
+1. 校准时请保持头部不动，以获得更好的校准效果；
+2. 校准坐标以手指离开触摸屏时的位置为准；
+3. 靶心仅供参考，不一定是最佳校准点。首次校准时请对准靶心，
+     如果对结果不满意，可以重新校准，
+     并有意稍微偏离靶心。
+</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>ReCalibrate</source>
+        <translation>重新校准</translation>
+    </message>
+</context>
+<context>
+    <name>Controls</name>
+    <message>
+        <source>Disable Touch</source>
+        <translation>禁用触摸</translation>
+    </message>
+    <message>
+        <source>Enable Touch</source>
+        <translation>启用触摸</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceTable</name>
+    <message>
+        <source>Serial number</source>
+        <translation>序列号</translation>
+    </message>
+    <message>
+        <source>Firmware</source>
+        <translation>固件</translation>
+    </message>
+    <message>
+        <source>Calibrated</source>
+        <translation>已校准</translation>
+    </message>
+    <message>
+        <source>Monitor</source>
+        <translation>显示器</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>YES</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>NO</source>
+        <translation>否</translation>
+    </message>
+</context>
+<context>
+    <name>FaultTexts</name>
+    <message>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Answers every command as it should.</source>
+        <translation>正常应答每条命令。</translation>
+    </message>
+    <message>
+        <source>Ignores a command</source>
+        <translation>忽略一条命令</translation>
+    </message>
+    <message>
+        <source>Never answers one command; its reply stays the one before.</source>
+        <translation>从不应答某条命令，应答仍是前一条。</translation>
+    </message>
+    <message>
+        <source>Code of the command</source>
+        <translation>命令代码</translation>
+    </message>
+    <message>
+        <source>Echoes wrongly</source>
+        <translation>回显错误</translation>
+    </message>
+    <message>
+        <source>Answers with the code of another command.</source>
+        <translation>以另一条命令的代码应答。</translation>
+    </message>
+    <message>
+        <source>Wrong kind of reply</source>
+        <translation>应答类型错误</translation>
+    </message>
+    <message>
+        <source>Answers with a reply code of another class.</source>
+        <translation>以另一类应答代码应答。</translation>
+    </message>
+    <message>
+        <source>Answers late</source>
+        <translation>应答迟缓</translation>
+    </message>
+    <message>
+        <source>Answers each command only when asked several times.</source>
+        <translation>每条命令询问多次后才应答。</translation>
+    </message>
+    <message>
+        <source>Times it must be asked</source>
+        <translation>需要询问的次数</translation>
+    </message>
+    <message>
+        <source> times</source>
+        <translation> 次</translation>
+    </message>
+    <message>
+        <source>Dies</source>
+        <translation>停止工作</translation>
+    </message>
+    <message>
+        <source>Stops working after some packets, until it is plugged in again.</source>
+        <translation>若干数据包后停止工作，直到重新插入。</translation>
+    </message>
+    <message>
+        <source>Packets that it still answers</source>
+        <translation>仍会应答的数据包数</translation>
+    </message>
+    <message>
+        <source> packets</source>
+        <translation> 个数据包</translation>
+    </message>
+    <message>
+        <source>Refuses everything</source>
+        <translation>全部拒绝</translation>
+    </message>
+    <message>
+        <source>Refuses every request.</source>
+        <translation>拒绝所有请求。</translation>
+    </message>
+    <message>
+        <source>Garbled replies</source>
+        <translation>应答出错</translation>
+    </message>
+    <message>
+        <source>Its replies arrive with flipped bits.</source>
+        <translation>应答到达时有比特翻转。</translation>
+    </message>
+    <message>
+        <source>Short replies</source>
+        <translation>应答过短</translation>
+    </message>
+    <message>
+        <source>Only the first bytes of each reply arrive.</source>
+        <translation>每条应答只有前几个字节到达。</translation>
+    </message>
+    <message>
+        <source>Bytes that arrive</source>
+        <translation>到达的字节数</translation>
+    </message>
+    <message>
+        <source> bytes</source>
+        <translation> 字节</translation>
+    </message>
+    <message>
+        <source>Odd version</source>
+        <translation>异常版本</translation>
+    </message>
+    <message>
+        <source>Its version has a length that no rule covers.</source>
+        <translation>其版本长度不符合任何规则。</translation>
+    </message>
+    <message>
+        <source>Endless bar code</source>
+        <translation>无结尾条码</translation>
+    </message>
+    <message>
+        <source>Its bar code fills the reply without an end mark.</source>
+        <translation>其条码占满应答而没有结束符。</translation>
+    </message>
+</context>
+<context>
+    <name>IntegerField</name>
+    <message>
+        <source>%1 to %2%3</source>
+        <translation>%1 至 %2%3</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>Touch Panel</source>
+        <translation>Touch Panel</translation>
+    </message>
+    <message>
+        <source>&amp;Touchscreens</source>
+        <translation>触摸屏(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Touchscreens</source>
+        <translation>触摸屏</translation>
+    </message>
+    <message>
+        <source>No touchscreen found</source>
+        <translation>未找到触摸屏</translation>
+    </message>
+    <message>
+        <source>Plug a touchscreen in. It appears here after a few seconds.</source>
+        <translation>请插入触摸屏，几秒后会显示在这里。</translation>
+    </message>
+    <message>
+        <source>&amp;Calibrate</source>
+        <translation>校准(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Calibrate the selected touchscreen over the whole screen</source>
+        <translation>在整个屏幕上校准所选触摸屏</translation>
+    </message>
+    <message>
+        <source>Not while the settings are open.</source>
+        <translation>设置打开时不可用。</translation>
+    </message>
+    <message>
+        <source>Calibrate re&amp;gion</source>
+        <translation>区域校准(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Calibrate the selected touchscreen in a part of the screen that you draw</source>
+        <translation>在您画出的屏幕区域内校准所选触摸屏</translation>
+    </message>
+    <message>
+        <source>&amp;Reset</source>
+        <translation>重置(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Discard the calibration of the selected touchscreen</source>
+        <translation>放弃所选触摸屏的校准</translation>
+    </message>
+    <message>
+        <source>The selected touchscreen holds no calibration.</source>
+        <translation>所选触摸屏未校准。</translation>
+    </message>
+    <message>
+        <source>Disable Touch</source>
+        <translation>禁用触摸</translation>
+    </message>
+    <message>
+        <source>Switch touch input off or on</source>
+        <translation>关闭或打开触摸输入</translation>
+    </message>
+    <message>
+        <source>&amp;Mapping</source>
+        <translation>映射(&amp;M)</translation>
+    </message>
+    <message>
+        <source>Choose the monitor that a touchscreen belongs to</source>
+        <translation>选择触摸屏所属的显示器</translation>
+    </message>
+    <message>
+        <source>Touchscreens cannot be assigned to monitors here.</source>
+        <translation>此处不能为触摸屏指定显示器。</translation>
+    </message>
+    <message>
+        <source>S&amp;ettings</source>
+        <translation>设置(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Change how touches act</source>
+        <translation>更改触摸的作用方式</translation>
+    </message>
+    <message>
+        <source>A&amp;bout</source>
+        <translation>关于(&amp;B)</translation>
+    </message>
+    <message>
+        <source>What this program is, and a report for support</source>
+        <translation>关于本程序，以及供技术支持使用的报告</translation>
+    </message>
+    <message>
+        <source>E&amp;xit</source>
+        <translation>退出(&amp;X)</translation>
+    </message>
+    <message>
+        <source>End the program</source>
+        <translation>结束程序</translation>
+    </message>
+    <message>
+        <source>Tr&amp;y out</source>
+        <translation>触摸测试(&amp;Y)</translation>
+    </message>
+    <message>
+        <source>Surface to touch</source>
+        <translation>触摸区域</translation>
+    </message>
+    <message>
+        <source>What to do</source>
+        <translation>操作说明</translation>
+    </message>
+    <message>
+        <source>Touches</source>
+        <translation>触摸次数</translation>
+    </message>
+    <message>
+        <source>pixels</source>
+        <translation>像素</translation>
+    </message>
+    <message>
+        <source>mm</source>
+        <translation>毫米</translation>
+    </message>
+    <message>
+        <source>Mean error</source>
+        <translation>平均误差</translation>
+    </message>
+    <message>
+        <source>Mean error in pixels</source>
+        <translation>平均误差（像素）</translation>
+    </message>
+    <message>
+        <source>Mean error in millimetres</source>
+        <translation>平均误差（毫米）</translation>
+    </message>
+    <message>
+        <source>Largest error</source>
+        <translation>最大误差</translation>
+    </message>
+    <message>
+        <source>Largest error in pixels</source>
+        <translation>最大误差（像素）</translation>
+    </message>
+    <message>
+        <source>Largest error in millimetres</source>
+        <translation>最大误差（毫米）</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>屏幕</translation>
+    </message>
+    <message>
+        <source>Trying out changes nothing. A larger window covers more of the screen.</source>
+        <translation>测试不会更改任何内容。窗口越大，覆盖的屏幕越多。</translation>
+    </message>
+    <message>
+        <source>Start &amp;over</source>
+        <translation>重新开始(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Forget all touches and begin with the first point</source>
+        <translation>清除所有触摸，从第一个点重新开始</translation>
+    </message>
+    <message>
+        <source>There are no touches yet.</source>
+        <translation>还没有触摸。</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>打印(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Print the touches and the result, or save them as a PDF file</source>
+        <translation>打印触摸和结果，或保存为 PDF 文件</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Driver version</source>
+        <translation>驱动程序版本</translation>
+    </message>
+    <message>
+        <source>&amp;Device</source>
+        <translation>设备(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Settings</source>
+        <translation>设置(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Help</source>
+        <translation>帮助(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Touch settings...</source>
+        <translation>触摸设置(&amp;T)...</translation>
+    </message>
+    <message>
+        <source>&amp;About</source>
+        <translation>关于(&amp;A)</translation>
+    </message>
+</context>
+<context>
+    <name>SettingsSheet</name>
+    <message>
+        <source>Touch settings</source>
+        <translation>触摸设置</translation>
+    </message>
+    <message>
+        <source>&amp;Touch</source>
+        <translation>触摸(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Touch mode</source>
+        <translation>触摸模式</translation>
+    </message>
+    <message>
+        <source>Click on to&amp;uch</source>
+        <translation>触摸时单击(&amp;U)</translation>
+    </message>
+    <message>
+        <source>The click happens the moment the finger lands.</source>
+        <translation>手指一触到屏幕即单击。</translation>
+    </message>
+    <message>
+        <source>Click on re&amp;lease</source>
+        <translation>松开时单击(&amp;L)</translation>
+    </message>
+    <message>
+        <source>The click happens when the finger is lifted, so it can still be moved.</source>
+        <translation>手指抬起时单击，此前仍可移动位置。</translation>
+    </message>
+    <message>
+        <source>Drag and right-click by &amp;press and hold</source>
+        <translation>拖动，长按为右键单击(&amp;P)</translation>
+    </message>
+    <message>
+        <source>The finger drags like a held mouse button. Holding it still gives a right click.</source>
+        <translation>手指如同按住的鼠标按键拖动，按住不动则为右键单击。</translation>
+    </message>
+    <message>
+        <source>&amp;Multi-touch</source>
+        <translation>多点触摸(&amp;M)</translation>
+    </message>
+    <message>
+        <source>All fingers go to programs that understand gestures.</source>
+        <translation>所有手指都传给支持手势的程序。</translation>
+    </message>
+    <message>
+        <source>Click ran&amp;ge</source>
+        <translation>单击范围(&amp;G)</translation>
+    </message>
+    <message>
+        <source> units</source>
+        <translation> 单位</translation>
+    </message>
+    <message>
+        <source>Smoot&amp;hing</source>
+        <translation>平滑(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Only optical touchscreens have this.</source>
+        <translation>仅光学触摸屏支持。</translation>
+    </message>
+    <message>
+        <source>The click range holds a shaky tap in place; 1 unit is 1/1024 of the screen. Smoothing steadies a moving finger; 0 is off.</source>
+        <translation>单击范围使抖动的点击保持不动；1 单位为屏幕的 1/1024。平滑使移动的手指更稳定；0 为关闭。</translation>
+    </message>
+    <message>
+        <source>&amp;Right click</source>
+        <translation>右键单击(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Press and hold gives a right clic&amp;k</source>
+        <translation>长按为右键单击(&amp;K)</translation>
+    </message>
+    <message>
+        <source>Available in the touch mode &quot;Drag and right-click by press and hold&quot;.</source>
+        <translation>仅在触摸模式“拖动，长按为右键单击”下可用。</translation>
+    </message>
+    <message>
+        <source>&amp;Hold time</source>
+        <translation>按住时间(&amp;H)</translation>
+    </message>
+    <message>
+        <source> ms</source>
+        <translation> 毫秒</translation>
+    </message>
+    <message>
+        <source>Available in the touch mode &quot;Drag and right-click by press and hold&quot;, with the right click switched on.</source>
+        <translation>仅在触摸模式“拖动，长按为右键单击”下且启用右键单击时可用。</translation>
+    </message>
+    <message>
+        <source>Allowed &amp;movement</source>
+        <translation>允许的移动(&amp;M)</translation>
+    </message>
+    <message>
+        <source>The finger must rest for the hold time and move no further than the allowed movement; 1 unit is 1/1024 of the screen. Only in the touch mode &quot;Drag and right-click by press and hold&quot;.</source>
+        <translation>手指须在按住时间内静止，移动不得超过允许的移动；1 单位为屏幕的 1/1024。仅用于触摸模式“拖动，长按为右键单击”。</translation>
+    </message>
+    <message>
+        <source>&amp;Double click</source>
+        <translation>双击(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Dou&amp;ble click</source>
+        <translation>双击(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Double click is always available.</source>
+        <translation>双击始终可用。</translation>
+    </message>
+    <message>
+        <source>&amp;Longest time between taps</source>
+        <translation>两次点击的最长间隔(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Lar&amp;gest distance between taps</source>
+        <translation>两次点击的最大距离(&amp;G)</translation>
+    </message>
+    <message>
+        <source>Two taps within this time and distance count as a double click, for the mouse as well; 1 unit is 1/1024 of the screen.</source>
+        <translation>在此时间和距离内的两次点击视为双击，鼠标也是如此；1 单位为屏幕的 1/1024。</translation>
+    </message>
+    <message>
+        <source>&amp;Sensitivity</source>
+        <translation>灵敏度(&amp;S)</translation>
+    </message>
+    <message>
+        <source>F&amp;ilter out accidental touches</source>
+        <translation>过滤误触(&amp;I)</translation>
+    </message>
+    <message>
+        <source>S&amp;hortest time of a touch</source>
+        <translation>最短触摸时间(&amp;H)</translation>
+    </message>
+    <message>
+        <source>Only optical touchscreens have this, with the filter switched on.</source>
+        <translation>仅光学触摸屏在启用过滤时支持。</translation>
+    </message>
+    <message>
+        <source>Smallest &amp;movement</source>
+        <translation>最小移动(&amp;M)</translation>
+    </message>
+    <message>
+        <source>A touch counts once it has lasted for this time or moved this far; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
+        <translation>触摸持续达到此时间或移动达到此距离后才有效；1 单位为屏幕的 1/1024。仅限光学触摸屏。</translation>
+    </message>
+    <message>
+        <source>&amp;Calibration</source>
+        <translation>校准(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Number of targets</source>
+        <translation>目标点数量</translation>
+    </message>
+    <message>
+        <source>&amp;4 targets, quick: for offset, size and tilt</source>
+        <translation>&amp;4 点，快速：用于偏移、缩放和倾斜</translation>
+    </message>
+    <message>
+        <source>&amp;25 targets, thorough: for distorted touchscreens too</source>
+        <translation>&amp;25 点，精细：也适用于有畸变的触摸屏</translation>
+    </message>
+    <message>
+        <source>Kind of calibration</source>
+        <translation>校准类型</translation>
+    </message>
+    <message>
+        <source>The kind is chosen by the command: &quot;Calibrate&quot; or &quot;Calibrate region&quot;.</source>
+        <translation>校准类型由命令决定：“校准”或“区域校准”。</translation>
+    </message>
+    <message>
+        <source>&amp;Whole screen</source>
+        <translation>整个屏幕(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Part of the screen</source>
+        <translation>部分屏幕(&amp;P)</translation>
+    </message>
+    <message>
+        <source>The next calibration uses this number of targets. The kind is chosen by the command: &quot;Calibrate&quot; or &quot;Calibrate region&quot;.</source>
+        <translation>下次校准使用此数量的目标点。校准类型由命令决定：“校准”或“区域校准”。</translation>
+    </message>
+    <message>
+        <source>Restart d&amp;evice</source>
+        <translation>重启设备(&amp;E)</translation>
+    </message>
+    <message>
+        <source>To restart a touchscreen, unplug it and plug it in again.</source>
+        <translation>要重启触摸屏，请拔下后重新插入。</translation>
+    </message>
+    <message>
+        <source>De&amp;fault</source>
+        <translation>默认值(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Put the default values into all controls</source>
+        <translation>将所有项恢复为默认值</translation>
+    </message>
+    <message>
+        <source>&amp;Apply</source>
+        <translation>应用(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Use these settings and keep the window open</source>
+        <translation>使用这些设置并保持窗口打开</translation>
+    </message>
+    <message>
+        <source>Nothing has been changed.</source>
+        <translation>没有更改。</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Use these settings for all touchscreens</source>
+        <translation>将这些设置用于所有触摸屏</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Close without using what was changed since the last Apply</source>
+        <translation>关闭，不使用上次应用之后的更改</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatorWindow</name>
+    <message>
+        <source>Simulated touchscreens</source>
+        <translation>模拟触摸屏</translation>
+    </message>
+    <message>
+        <source>Touchscreens</source>
+        <translation>触摸屏</translation>
+    </message>
+    <message>
+        <source>Mouse</source>
+        <translation>鼠标</translation>
+    </message>
+    <message>
+        <source>The mouse is:</source>
+        <translation>鼠标用作：</translation>
+    </message>
+    <message>
+        <source>During a calibration it is always a finger on the touchscreen that is being calibrated, and in this window it is always a mouse.</source>
+        <translation>校准期间，它始终是正在校准的触摸屏上的手指；在此窗口中，它始终是鼠标。</translation>
+    </message>
+    <message>
+        <source>Last touch</source>
+        <translation>上次触摸</translation>
+    </message>
+    <message>
+        <source>Touchscreen:</source>
+        <translation>触摸屏：</translation>
+    </message>
+    <message>
+        <source>Touched pixel:</source>
+        <translation>触摸的像素：</translation>
+    </message>
+    <message>
+        <source>Raw point:</source>
+        <translation>原始点：</translation>
+    </message>
+    <message>
+        <source>Calibrated point:</source>
+        <translation>校准后的点：</translation>
+    </message>
+    <message>
+        <source>Error before calibration:</source>
+        <translation>校准前误差：</translation>
+    </message>
+    <message>
+        <source>Error after calibration:</source>
+        <translation>校准后误差：</translation>
+    </message>
+</context>
+<context>
+    <name>StartUpPanel</name>
+    <message>
+        <source>Touch Panel</source>
+        <translation>Touch Panel</translation>
+    </message>
+    <message>
+        <source>Looking for touchscreens...</source>
+        <translation>正在查找触摸屏...</translation>
+    </message>
+</context>
+<context>
+    <name>StatusLine</name>
+    <message>
+        <source>No touchscreen is selected.</source>
+        <translation>未选择触摸屏。</translation>
+    </message>
+    <message>
+        <source>%1 was connected.</source>
+        <translation>%1 已连接。</translation>
+    </message>
+    <message>
+        <source>A touchscreen was unplugged.</source>
+        <translation>一个触摸屏已拔下。</translation>
+    </message>
+    <message>
+        <source>Calibration of %1 started.</source>
+        <translation>%1 的校准已开始。</translation>
+    </message>
+    <message>
+        <source>Region calibration of %1 started.</source>
+        <translation>%1 的区域校准已开始。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 was accepted.</source>
+        <translation>%1 的新校准已采用。</translation>
+    </message>
+    <message>
+        <source>The calibration of %1 ended; nothing was written to the touchscreen.</source>
+        <translation>%1 的校准已结束，未写入触摸屏。</translation>
+    </message>
+    <message>
+        <source>A reset of the calibration was sent to %1.</source>
+        <translation>已向 %1 发送校准重置命令。</translation>
+    </message>
+    <message>
+        <source>Touch was enabled on %1.</source>
+        <translation>已在 %1 上启用触摸。</translation>
+    </message>
+    <message>
+        <source>Touch was disabled on %1.</source>
+        <translation>已在 %1 上禁用触摸。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏并已保存。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏，但未能保存供下次启动使用。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Settings were closed without applying changes.</source>
+        <translation>设置已关闭，未应用更改。</translation>
+    </message>
+    <message>
+        <source>Touchscreens have changed; the settings shown are those of %1.</source>
+        <translation>触摸屏已变化；现在显示的是 %1 的设置。</translation>
+    </message>
+</context>
+<context>
+    <name>TouchscreenControls</name>
+    <message>
+        <source>Fault:</source>
+        <translation>故障：</translation>
+    </message>
+</context>
+<context>
+    <name>TryOut</name>
+    <message numerus="yes">
+        <source>Touch the marked point. The result comes after %n more touch(es).</source>
+        <translation>
+            <numerusform>请触摸标记的点。再触摸 %n 次后显示结果。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This is the result. More touches make it more certain.</source>
+        <translation>这是测试结果。多触摸几次会更可靠。</translation>
+    </message>
+    <message>
+        <source>Screen: %1 pixels; it does not tell its size in millimetres.</source>
+        <translation>屏幕：%1 像素；未提供以毫米为单位的尺寸。</translation>
+    </message>
+    <message>
+        <source>Screen: %1 pixels, %2 mm</source>
+        <translation>屏幕：%1 像素，%2 毫米</translation>
+    </message>
+    <message>
+        <source>Touchscreen try-out</source>
+        <translation>触摸屏测试</translation>
+    </message>
+    <message>
+        <source>Mean error: %1 pixels, %2 mm</source>
+        <translation>平均误差：%1 像素，%2 毫米</translation>
+    </message>
+    <message>
+        <source>Largest error: %1 pixels, %2 mm</source>
+        <translation>最大误差：%1 像素，%2 毫米</translation>
+    </message>
+    <message>
+        <source>Touches: %1</source>
+        <translation>触摸次数：%1</translation>
+    </message>
+</context>
+<context>
+    <name>WaitNotice</name>
+    <message>
+        <source>Opening a touchscreen...</source>
+        <translation>正在打开触摸屏...</translation>
+    </message>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>暂时无法打开触摸屏，正在重试（第 %n 次，共 50 次）...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>A touchscreen is getting ready...</source>
+        <translation>触摸屏正在准备...</translation>
+    </message>
+    <message>
+        <source>Waiting for the touchscreen&apos;s driver...</source>
+        <translation>正在等待触摸屏驱动程序...</translation>
+    </message>
+    <message>
+        <source>Reading the touchscreen&apos;s parameters...</source>
+        <translation>正在读取触摸屏参数...</translation>
+    </message>
+    <message>
+        <source>Writing to the touchscreen...</source>
+        <translation>正在写入触摸屏...</translation>
+    </message>
+    <message>
+        <source>A touchscreen was unplugged...</source>
+        <translation>触摸屏已拔下...</translation>
+    </message>
+</context>
+<context>
+    <name>touchpanel::demo::SimulatorWindow</name>
+    <message>
+        <source>Mouse</source>
+        <translation>鼠标</translation>
+    </message>
+    <message>
+        <source>Finger on %1</source>
+        <translation>%1 上的手指</translation>
+    </message>
+    <message>
+        <source>%L1 pixels</source>
+        <translation>%L1 像素</translation>
+    </message>
+</context>
+<context>
+    <name>touchpanel::demo::TouchscreenControls</name>
+    <message>
+        <source>Fault of %1</source>
+        <translation>%1 的故障</translation>
+    </message>
+    <message>
+        <source>%1: plugged in</source>
+        <translation>%1：已插入</translation>
+    </message>
+    <message>
+        <source>%1: unplugged</source>
+        <translation>%1：已拔下</translation>
+    </message>
+    <message>
+        <source>Unplug</source>
+        <translation>拔下</translation>
+    </message>
+    <message>
+        <source>Plug in</source>
+        <translation>插入</translation>
+    </message>
+    <message>
+        <source>Unplug %1</source>
+        <translation>拔下 %1</translation>
+    </message>
+    <message>
+        <source>Plug in %1</source>
+        <translation>插入 %1</translation>
+    </message>
+</context>
+</TS>
