@@ -25,6 +25,9 @@ struct PanelRig : ::testing::Test {
   using enum DeviceKind;
 
   PanelRig() {
+    // A panel that has ended in an earlier test keeps every later loop from running until this was done.
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QCoreApplication::exec();
     for (auto& model : simulated::exampleTouchscreens()) machine.add(std::move(model));
   }
 

@@ -24,12 +24,13 @@ class QtControl : public Port {
     if (label_ != nullptr) label_->setEnabled(enabled);
     explain();
   }
-  bool isEnabled() const override { return !widget_.testAttribute(Qt::WA_ForceDisabled); }
+  bool isEnabled() const override { return !isDisabled(); }
 
  private:
+  bool isDisabled() const { return widget_.testAttribute(Qt::WA_ForceDisabled); }
   void explain() {
     const QString reason = widget_.property("disabledReason").toString();
-    const bool tells = !isEnabled() && !reason.isEmpty();
+    const bool tells = isDisabled() && !reason.isEmpty();
     widget_.setToolTip(tells ? reason : toolTip_);
     widget_.setAccessibleDescription(tells ? reason : QString());
     if (label_ != nullptr) label_->setToolTip(widget_.toolTip());

@@ -5,7 +5,8 @@
 
 namespace touchpanel {
 
-/// A dialog that only its owner closes: Escape and the window's close button are passed on as a wish.
+/// A dialog that only its owner closes: Escape and the window's close button are passed on as a wish. It
+/// draws a thin frame, its only edge where there is no window manager.
 class SheetDialog final : public QDialog {
  public:
   using QDialog::QDialog;
@@ -16,6 +17,7 @@ class SheetDialog final : public QDialog {
   }
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 };
 
