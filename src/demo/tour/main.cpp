@@ -33,7 +33,8 @@ bool play(Demo& demo, Pictures& pictures) {
     Stage stage(demo, pictures);
     for (const auto& step : steps()) {
       title = step.title;
-      print(++number, title, step.play(stage));
+      ++number;
+      print(number, title, step.play(stage));
     }
     return true;
   } catch (const std::exception& failure) {
