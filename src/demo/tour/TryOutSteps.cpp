@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <algorithm>
 #include <cstdio>
 
 #include "providers/qt/TryOutSurface.h"
@@ -15,9 +16,12 @@ constexpr double kMissPixels = 8;
 /// Chooses in the simulator window what the mouse is; null for a mouse.
 void makeMouse(Stage& stage, const simulated::SimulatedTouchscreen* touchscreen) {
   auto& roles = stage.the<QComboBox>("mouseRole");
-  const auto name = touchscreen == nullptr ? std::string("Mouse") : "Finger on " + touchscreen->model().name;
-  const int row = roles.findText(QString::fromStdString(name));
-  require(row >= 0, "the mouse cannot be: " + name);
+  const auto& all = stage.demo().machine().all();
+  const auto place = std::ranges::find_if(all, [&](const auto& other) { return other.get() == touchscreen; });
+  const int row = roles.findData(place == all.end() ? -1 : static_cast<int>(place - all.begin()));
+  const auto name =
+      touchscreen == nullptr ? std::string("a mouse") : "a finger on " + touchscreen->model().name;
+  require(row >= 0, "the mouse cannot be " + name);
   stage.click("mouseRole");
   stage.until(
       [&] { return roles.view()->isVisible() && roles.view()->window()->windowHandle()->isExposed(); },
@@ -25,7 +29,7 @@ void makeMouse(Stage& stage, const simulated::SimulatedTouchscreen* touchscreen)
   const auto choice = roles.view()->visualRect(roles.model()->index(row, 0)).center();
   stage.click(roles.view()->viewport()->mapToGlobal(choice));
   stage.until([&] { return roles.currentIndex() == row && !roles.view()->isVisible(); },
-              "the mouse to be: " + name);
+              "the mouse to be " + name);
 }
 
 void tapTestPoints(Stage& stage) {
