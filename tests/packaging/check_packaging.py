@@ -64,6 +64,18 @@ class Validated(unittest.TestCase):
             self.accepted("systemd-analyze", "security", "--offline=true", "--threshold=20", unit)
 
 
+    @unittest.skipUnless(os.geteuid() == 0, "gives a directory to a group")
+    def test_the_panels_directory_is_made(self):
+        with tempfile.TemporaryDirectory() as root:
+            # Users and groups are looked up below the root, too.
+            (pathlib.Path(root) / "etc").mkdir()
+            for each in ("passwd", "group"):
+                (pathlib.Path(root) / "etc" / each).write_text(pathlib.Path("/etc", each).read_text())
+            self.accepted("systemd-tmpfiles", "--create", f"--root={root}", PACKAGING / "touchpanel.tmpfiles")
+            made = [each for each in pathlib.Path(root).rglob("*") if each.is_dir() and each.stat().st_mode & 0o2020]
+            self.assertEqual(len(made), 1, made)
+
+
 class Policy(unittest.TestCase):
     """The D-Bus policy on a bus of our own, which plays the system bus for the real service."""
 

@@ -37,7 +37,7 @@ std::shared_ptr<UsbAttachment> find(libusb_context* context, const TouchscreenId
     libusb_device_descriptor descriptor{};
     if (libusb_get_device_descriptor(device, &descriptor) != 0) continue;
     if (descriptor.idVendor != TOUCH_VENDOR_ID || descriptor.idProduct != identity.productId) continue;
-    const auto attachment = std::make_shared<UsbAttachment>(
+    auto attachment = std::make_shared<UsbAttachment>(
         UsbAttachment{LibusbDevice(libusb_ref_device(device)), descriptor.idVendor, descriptor.idProduct});
     std::uint32_t location = 0;
     LibusbDeviceInterface(attachment, 0, nullptr).getLocationID(location);

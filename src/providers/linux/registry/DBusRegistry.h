@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "driver/dbus/BusConnection.h"
@@ -40,7 +41,9 @@ class DBusRegistry final : public Registry {
   struct Place {
     std::string owner;
     std::string path;
-    auto operator<=>(const Place&) const = default;
+    bool operator<(const Place& other) const {
+      return std::tie(owner, path) < std::tie(other.owner, other.path);
+    }
   };
   class Call;
 
