@@ -111,7 +111,7 @@
     </message>
     <message>
         <source>ReCalibrate</source>
-        <translation>Erneut</translation>
+        <translation>Wiederholen</translation>
     </message>
 </context>
 <context>
