@@ -20,14 +20,16 @@ QStringList at(const QPoint& location) {
   return {QStringLiteral("mousemove"), QString::number(location.x()), QString::number(location.y())};
 }
 
-/// The window under `location`; what is above everything comes first.
+/// The window under `location`: what stays on top covers the others, and among equals what is modal. The
+/// toolkit lists its windows in no order.
 QWidget* windowAt(const QPoint& location) {
+  const auto height = [](const QWidget& window) {
+    return 2 * int{window.windowFlags().testFlag(Qt::WindowStaysOnTopHint)} + int{window.isModal()};
+  };
   QWidget* found = nullptr;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (!window->isVisible() || !window->geometry().contains(location)) continue;
-    const bool isAbove = found == nullptr || window->windowFlags().testFlag(Qt::WindowStaysOnTopHint) ||
-                         (window->isModal() && !found->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    if (isAbove) found = window;
+    if (found == nullptr || height(*window) > height(*found)) found = window;
   }
   return found;
 }
