@@ -612,24 +612,20 @@
         <translation>&amp;Empfindlichkeit</translation>
     </message>
     <message>
-        <source>F&amp;ilter out accidental touches</source>
-        <translation>&amp;Versehentliche Berührungen ausfiltern</translation>
+        <source>Hold a rest&amp;ing finger still</source>
+        <translation>Ruhenden &amp;Finger stillhalten</translation>
     </message>
     <message>
-        <source>S&amp;hortest time of a touch</source>
-        <translation>Kürzeste &amp;Zeit einer Berührung</translation>
+        <source>Time &amp;until a finger rests</source>
+        <translation>&amp;Zeit, bis ein Finger ruht</translation>
     </message>
     <message>
-        <source>Only optical touchscreens have this, with the filter switched on.</source>
-        <translation>Nur bei optischen Touchscreens mit eingeschaltetem Filter.</translation>
+        <source>Only optical touchscreens have this, while it is switched on.</source>
+        <translation>Nur bei optischen Touchscreens in eingeschaltetem Zustand.</translation>
     </message>
     <message>
-        <source>Smallest &amp;movement</source>
-        <translation>Kleinste &amp;Bewegung</translation>
-    </message>
-    <message>
-        <source>A touch counts once it has lasted for this time or moved this far; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
-        <translation>Eine Berührung zählt, sobald sie so lange dauert oder sich so weit bewegt; 1 Einheit ist 1/1024 des Bildschirms. Nur bei optischen Touchscreens.</translation>
+        <source>A finger that stays this long within the allowed movement rests: it is held there until it leaves that place; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
+        <translation>Ein Finger, der so lange innerhalb der erlaubten Bewegung bleibt, ruht: Er wird dort gehalten, bis er die Stelle verlässt; 1 Einheit ist 1/1024 des Bildschirms. Nur bei optischen Touchscreens.</translation>
     </message>
     <message>
         <source>&amp;Calibration</source>

@@ -612,24 +612,20 @@
         <translation>灵敏度(&amp;S)</translation>
     </message>
     <message>
-        <source>F&amp;ilter out accidental touches</source>
-        <translation>过滤误触(&amp;I)</translation>
+        <source>Hold a rest&amp;ing finger still</source>
+        <translation>稳定静止的手指(&amp;I)</translation>
     </message>
     <message>
-        <source>S&amp;hortest time of a touch</source>
-        <translation>最短触摸时间(&amp;H)</translation>
+        <source>Time &amp;until a finger rests</source>
+        <translation>手指静止所需时间(&amp;U)</translation>
     </message>
     <message>
-        <source>Only optical touchscreens have this, with the filter switched on.</source>
-        <translation>仅光学触摸屏在启用过滤时支持。</translation>
+        <source>Only optical touchscreens have this, while it is switched on.</source>
+        <translation>仅光学触摸屏在启用此项时支持。</translation>
     </message>
     <message>
-        <source>Smallest &amp;movement</source>
-        <translation>最小移动(&amp;M)</translation>
-    </message>
-    <message>
-        <source>A touch counts once it has lasted for this time or moved this far; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
-        <translation>触摸持续达到此时间或移动达到此距离后才有效；1 单位为屏幕的 1/1024。仅限光学触摸屏。</translation>
+        <source>A finger that stays this long within the allowed movement rests: it is held there until it leaves that place; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
+        <translation>手指在允许的移动范围内停留达到此时间即视为静止，并保持在该处直到离开；1 单位为屏幕的 1/1024。仅限光学触摸屏。</translation>
     </message>
     <message>
         <source>&amp;Calibration</source>

@@ -9,19 +9,16 @@ namespace touchpanel::driver {
 /// Mode 2: the left button follows the finger, and a finger that holds still makes a right click. The left
 /// press waits until it is clear that no right click comes of the touch, so neither ever disturbs the other.
 ///
-///     state    | land              | move within area | move beyond it          | leave               | time
-///     over
-///     ---------+-------------------+------------------+-------------------------+---------------------+-------------
-///     idle     | hold on: move     |                  |                         |                     |
-///              |  -> waiting       |                  |                         |                     |
-///              | off: press left   |                  |                         |                     |
-///              |  -> dragging      |                  |                         |                     |
-///     waiting  |                   | nothing          | press at the landing    | press and release   |
-///     right click
-///              |                   |                  | point, move -> dragging | there -> idle       |  ->
-///              spent
-///     dragging |                   | move             | move                    | release -> idle     |
-///     spent    |                   | nothing          | nothing                 | -> idle             |
+///     state    | land          | move within area | move beyond it          | leave             | time over
+///     ---------+---------------+------------------+-------------------------+-------------------+------------
+///     idle     | hold on: move |                  |                         |                   |
+///              |  -> waiting   |                  |                         |                   |
+///              | off: press    |                  |                         |                   |
+///              |  -> dragging  |                  |                         |                   |
+///     waiting  |               | nothing          | press at the landing    | press and release | right click
+///              |               |                  | point, move -> dragging | there -> idle     |  -> spent
+///     dragging |               | move             | move                    | release -> idle   |
+///     spent    |               | nothing          | nothing                 | -> idle           |
 class DragAndHold final : public TouchMode {
  public:
   explicit DragAndHold(PointerOutput& output) : output_(output) {}
