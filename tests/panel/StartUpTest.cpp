@@ -1,4 +1,5 @@
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include "PanelRig.h"
@@ -23,10 +24,14 @@ class AlertReader final : public QObject {
 
  private:
   void answer(QMessageBox& box) {
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+    const QPointer<QMessageBox> shown(&box);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
     said += box.windowTitle() + QStringLiteral(": ") + box.text();
     if (whileUp) whileUp();
     user_.click(*box.buttons().at(0));
+    const bool isGone = QTest::qWaitFor([&] { return shown.isNull() || !shown->isVisible(); });
+    EXPECT_TRUE(isGone);
+    if (!isGone) shown->done(0);  // else the test would hang
   }
   UserInput& user_;
 };

@@ -20,16 +20,14 @@ QStringList at(const QPoint& location) {
   return {QStringLiteral("mousemove"), QString::number(location.x()), QString::number(location.y())};
 }
 
-/// The window under `location`: what stays on top covers the others, and among equals what is modal. The
-/// toolkit lists its windows in no order.
+/// The window under `location`; what is above everything comes first, and a modal one before that.
 QWidget* windowAt(const QPoint& location) {
-  const auto height = [](const QWidget& window) {
-    return 2 * int{window.windowFlags().testFlag(Qt::WindowStaysOnTopHint)} + int{window.isModal()};
-  };
+  QWidget* modal = QApplication::activeModalWidget();
+  if (modal != nullptr && modal->geometry().contains(location)) return modal;
   QWidget* found = nullptr;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (!window->isVisible() || !window->geometry().contains(location)) continue;
-    if (found == nullptr || height(*window) > height(*found)) found = window;
+    if (found == nullptr || window->windowFlags().testFlag(Qt::WindowStaysOnTopHint)) found = window;
   }
   return found;
 }
