@@ -28,10 +28,10 @@ int main(int argc, char** argv) {
                       .clock = clock,
                       .diagnostics = diagnostics,
                       .paths = ConfigPaths::in(kConfigDirectory),
-                      .libraries = {{"libusb", "GNU LGPL 2.1"},
-                                    {"libplist", "GNU LGPL 2.1"},
+                      .libraries = {libusbInUse(),
+                                    files::libplistInUse(),
                                     {"sdbus-c++", "GNU LGPL 2.1 with exception"},
                                     {"libsystemd", "GNU LGPL 2.1"},
-                                    {"GLib", "GNU LGPL 2.1"}}});
+                                    linux_registry::glibInUse()}});
   return panel.run();
 }

@@ -20,6 +20,12 @@ bool isThere() {
 }
 }  // namespace
 
+LibraryInUse glibInUse() {
+  return {.name = "GLib",
+          .licence = "GNU LGPL 2.1 or later",
+          .version = versionText(glib_major_version, glib_minor_version, glib_micro_version)};
+}
+
 void GSettingsDoubleClick::Unref::operator()(_GSettings* settings) const { g_object_unref(settings); }
 
 GSettingsDoubleClick::GSettingsDoubleClick() {

@@ -2,11 +2,14 @@
 
 #include <memory>
 
+#include "platform/LibraryInUse.h"
 #include "providers/linux/registry/DesktopDoubleClick.h"
 
 struct _GSettings;  // NOLINT(bugprone-reserved-identifier): the name that GLib gives it
 
 namespace touchpanel::linux_registry {
+
+LibraryInUse glibInUse();
 
 /// Key "double-click" of org.gnome.desktop.peripherals.mouse, in desktops that have it. There is no setting
 /// for the double-click area in that schema. A change is stored in the background.

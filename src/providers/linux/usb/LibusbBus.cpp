@@ -1,7 +1,6 @@
 #include "providers/linux/usb/LibusbBus.h"
 
 #include <algorithm>
-#include <string>
 #include <utility>
 
 #include <poll.h>
@@ -16,8 +15,7 @@ LibraryInUse libusbInUse() {
   const auto* version = libusb_get_version();
   return {.name = "libusb",
           .licence = "GNU LGPL 2.1 or later",
-          .version = std::to_string(version->major) + '.' + std::to_string(version->minor) + '.' +
-                     std::to_string(version->micro)};
+          .version = versionText(version->major, version->minor, version->micro)};
 }
 
 // In the body: libusb tells of the devices already there at once, and the queue has to stand by then.
