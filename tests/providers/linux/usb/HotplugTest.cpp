@@ -51,9 +51,11 @@ TEST_F(Hotplug, DoesNotHandOutADeviceThatLeftBeforeItWasFetched) {
   auto& departures = watch(UsbEvent::Terminate, kProductInfrared0080);
   auto& quickPort = usb().createNotificationPort(1);
   auto& seenElsewhere = watchOn(quickPort, UsbEvent::FirstMatch, kProductInfrared0080);
+  auto& missedElsewhere = watchOn(quickPort, UsbEvent::Terminate, kProductInfrared0080);
   bus.plugIn("1-2", infrared);
   performUntil(quickPort, seenElsewhere, 1);
   bus.unplug("1-2");
+  performUntil(quickPort, missedElsewhere, 1);
   performUntil(departures, 1);
   EXPECT_EQ(arrivals.calls, 0);
   EXPECT_EQ(arrivals.iterator->next(), 0U);
