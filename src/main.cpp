@@ -7,8 +7,8 @@
 #include "providers/linux/registry/DesktopRegistry.h"
 #include "providers/linux/registry/GSettingsDoubleClick.h"
 #include "providers/linux/usb/LibusbBus.h"
-#include "providers/qt/BlockingClock.h"
-#include "providers/qt/StandardOutput.h"
+#include "providers/process/BlockingClock.h"
+#include "providers/process/StandardOutput.h"
 
 /// The control panel on a real machine.
 int main(int argc, char** argv) {

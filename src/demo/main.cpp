@@ -1,8 +1,8 @@
 #include <QApplication>
 
 #include "demo/Demo.h"
-#include "providers/qt/BlockingClock.h"
-#include "providers/qt/StandardOutput.h"
+#include "providers/process/BlockingClock.h"
+#include "providers/process/StandardOutput.h"
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);

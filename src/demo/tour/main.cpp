@@ -7,7 +7,7 @@
 #include "demo/tour/PicturingClock.h"
 #include "demo/tour/Step.h"
 #include "platform/RecentDiagnostics.h"
-#include "providers/qt/BlockingClock.h"
+#include "providers/process/BlockingClock.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "providers/qt/StandardOutput.h"
+#include "providers/process/StandardOutput.h"
 
 #include <cstdio>
 

@@ -1,4 +1,4 @@
-#include "providers/qt/BlockingClock.h"
+#include "providers/process/BlockingClock.h"
 
 #include <thread>
 
