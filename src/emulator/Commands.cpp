@@ -132,8 +132,8 @@ Plan plug(const Context& context) {
   if (known && known->connection) throw WordError(name + " is plugged in already");
   Touchscreen& touchscreen = known ? *known : newTouchscreen(context);
   Plan plan;
-  plan.steps.push_back([touchscreens = &context.touchscreens, &touchscreen, name, isNew = !known,
-                        patience = context.now + kPortPatience](Time now) -> Progress {
+  plan.steps.emplace_back([touchscreens = &context.touchscreens, &touchscreen, name, isNew = !known,
+                           patience = context.now + kPortPatience](Time now) -> Progress {
     PlugResult result = touchscreens->plug(touchscreen);
     if (result.outcome == PlugResult::Outcome::Plugged) return {};
     if (result.outcome == PlugResult::Outcome::PortBusy && now < patience) {
@@ -210,8 +210,8 @@ Plan await(const Context& context) {
     throw WordError("a state is configured, listening or unplugged");
   }
   Plan plan;
-  plan.steps.push_back([reached, deadline = context.now + context.time(3, kAwaitPatience),
-                        what = context.words[1] + " is not " + state](Time now) -> Progress {
+  plan.steps.emplace_back([reached, deadline = context.now + context.time(3, kAwaitPatience),
+                           what = context.words[1] + " is not " + state](Time now) -> Progress {
     if (reached()) return {};
     if (now < deadline) return {Progress::State::Waiting, deadline, {}};
     return {Progress::State::Failed, {}, what};
