@@ -25,8 +25,9 @@ LibraryInUse qtInUse() { return {.name = "Qt", .licence = "GNU LGPL 3", .version
 QString librariesText(const std::vector<LibraryInUse>& libraries) {
   QStringList lines;
   for (const auto& [name, licence, version] : libraries) {
-    const auto called = version.empty() ? name : name + ' ' + version;
-    lines += QString::fromStdString(called + ": " + licence);
+    auto line = name;
+    if (!version.empty()) line.append(" ").append(version);
+    lines += QString::fromStdString(line.append(": ").append(licence));
   }
   return lines.join(u'\n');
 }
