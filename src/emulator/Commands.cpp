@@ -22,8 +22,8 @@ using Arguments = std::vector<std::string>;
 
 constexpr Time kGestureStep = 10ms;  // the rate at which a usual touchscreen reports a moving finger
 constexpr Time kTapTime = 60ms;
-constexpr Time kPortRetry = 20ms;  // a port that becomes free tells nobody
-constexpr Time kPortPatience = 3s;
+constexpr Time kPortRetry = 20ms;    // a port that becomes free tells nobody
+constexpr Time kPortPatience = 20s;  // the kernel waits 5 s for a device that goes while it is being set up
 constexpr Time kAwaitPatience = 10s;
 constexpr std::uint64_t kLongestTimeMs = 3'600'000;
 

@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -32,48 +35,68 @@ int writeAtOnce(const std::string& path, const std::string& text) {
 }
 
 PlugResult failed(std::string reason) { return {PlugResult::Outcome::Failed, 0, std::move(reason)}; }
+PlugResult busy(std::string reason) { return {PlugResult::Outcome::PortBusy, 0, std::move(reason)}; }
+
+std::string contents(const std::filesystem::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Whether the kernel knows a device at that port of the controller's hub for devices below super speed.
+bool hasDevice(const std::filesystem::path& controller, int hubPort) {
+  constexpr std::string_view kRootHub = "usb", kHighSpeed = "480\n";
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator(controller, none)) {
+    const std::string name = entry.path().filename();
+    if (!name.starts_with(kRootHub) || contents(entry.path() / "speed") != kHighSpeed) continue;
+    return std::filesystem::exists(entry.path() /
+                                   (name.substr(kRootHub.size()) + '-' + std::to_string(hubPort)));
+  }
+  return false;
+}
 
 }  // namespace
 
-VhciBus::VhciBus(std::string controller) : controller_(std::move(controller)) {}
+VhciBus::VhciBus(std::string platform) : platform_(std::move(platform)) {}
 
 VhciBus::~VhciBus() {
   for (const Line& line : lines_) hangUp(line);
 }
 
-// The first controller's ports are in "status", those of further ones in "status.1" and so on.
-std::string VhciBus::portList() const {
-  std::stringstream all;
-  std::string path = controller_ + "/status";
-  for (int further = 1;; ++further) {
-    std::ifstream file(path);
-    if (!file) return all.str();
-    all << file.rdbuf();
-    path = controller_ + "/status." + std::to_string(further);
+std::string VhciBus::controller(int index) const { return platform_ + "/vhci_hcd." + std::to_string(index); }
+
+PlugResult VhciBus::plug(UsbIpConnection& connection, std::optional<int> wanted) {
+  // The first controller has the files of all: the list of its own ports is "status", the next one
+  // "status.1".
+  for (int index = 0;; ++index) {
+    const std::string suffix = index == 0 ? "" : "." + std::to_string(index);
+    const std::string ports = contents(controller(0) + "/status" + suffix);
+    if (ports.empty() && index == 0)
+      return failed("no virtual USB controller: is the module vhci-hcd loaded?");
+    if (ports.empty()) return busy(wanted ? "that port is taken" : "every port is taken");
+    const std::optional<VhciPort> port = freeVhciPort(ports, wanted);
+    if (!port) continue;
+    // A device that comes before the kernel has let go of the last one is taken for that one.
+    if (hasDevice(controller(index), port->hubPort)) return busy("the last device has not quite gone yet");
+    return plugAt(connection, port->port);
   }
 }
 
-PlugResult VhciBus::plug(UsbIpConnection& connection, std::optional<int> wanted) {
-  const std::string ports = portList();
-  if (ports.empty()) return failed("no virtual USB controller: is the module vhci-hcd loaded?");
-  const std::optional<int> port = freeVhciPort(ports, wanted);
-  if (!port) return {PlugResult::Outcome::PortBusy, 0, wanted ? "that port is taken" : "every port is taken"};
-
+PlugResult VhciBus::plugAt(UsbIpConnection& connection, int port) {
   std::array<int, 2> ends{};
   if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return failed(reasonOf(errno));
   const auto [ours, kernels] = ends;
-  const int deviceId = *port + 1;
+  const int deviceId = port + 1;
   std::ostringstream request;
-  request << *port << ' ' << kernels << ' ' << deviceId << ' ' << kFullSpeed;
-  const int error = writeAtOnce(controller_ + "/attach", request.str());
+  request << port << ' ' << kernels << ' ' << deviceId << ' ' << kFullSpeed;
+  const int error = writeAtOnce(controller(0) + "/attach", request.str());
   ::close(kernels);
-  if (error != 0) {
-    ::close(ours);
-    if (error == EBUSY) return {PlugResult::Outcome::PortBusy, 0, reasonOf(error)};
-    return failed(controller_ + "/attach: " + reasonOf(error));
+  if (error == 0) {
+    lines_.push_back({&connection, ours, port});
+    return {PlugResult::Outcome::Plugged, port, {}};
   }
-  lines_.push_back({&connection, ours, *port});
-  return {PlugResult::Outcome::Plugged, *port, {}};
+  ::close(ours);
+  return error == EBUSY ? busy(reasonOf(error)) : failed(controller(0) + "/attach: " + reasonOf(error));
 }
 
 void VhciBus::unplug(UsbIpConnection& connection) {
@@ -85,7 +108,7 @@ void VhciBus::unplug(UsbIpConnection& connection) {
 }
 
 void VhciBus::hangUp(const Line& line) const {
-  writeAtOnce(controller_ + "/detach", std::to_string(line.port));
+  writeAtOnce(controller(0) + "/detach", std::to_string(line.port));
   ::close(line.socket);
 }
 

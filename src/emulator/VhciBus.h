@@ -13,7 +13,8 @@ namespace touchpanel::emulator {
 /// Needs write access to the controller's files, which only root has.
 class VhciBus : public UsbBus {
  public:
-  explicit VhciBus(std::string controller = "/sys/devices/platform/vhci_hcd.0");
+  /// `platform` is where the kernel shows its controllers, "vhci_hcd.0" and so on.
+  explicit VhciBus(std::string platform = "/sys/devices/platform");
   ~VhciBus() override;
   VhciBus(const VhciBus&) = delete;
   VhciBus& operator=(const VhciBus&) = delete;
@@ -34,12 +35,13 @@ class VhciBus : public UsbBus {
     int port;
   };
 
-  std::string portList() const;
+  std::string controller(int index) const;
+  PlugResult plugAt(UsbIpConnection& connection, int port);
   void hangUp(const Line& line) const;
   static bool receive(const Line& line);
   static bool send(const Line& line);
 
-  std::string controller_;
+  std::string platform_;
   std::vector<Line> lines_;
 };
 
