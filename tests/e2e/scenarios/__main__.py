@@ -3,7 +3,8 @@
 import pathlib
 import sys
 
-from . import crash, kernel, service, system, usb
+from . import crash, kernel, panel, service, system, usb
+from .chain import Chain
 from .checks import SHARE, Report
 from .driver_service import DriverService
 from .emulator import Emulator
@@ -32,6 +33,15 @@ def main() -> int:
     XServer()
     desktop = Desktop()
     report.run(crash.loses_nothing, emulator, driver, desktop)
+
+    if (programs / "touchpanel").exists():  # without Qt there is none
+        chain = Chain(programs, emulator, driver, desktop)
+        report.run(panel.lists_three_touchscreens, chain)
+        report.run(panel.applies_settings, chain)
+        report.run(panel.calibrates_by_touch, chain)
+        report.run(panel.feels_settings, chain)
+        report.run(panel.stays_calibrated, chain)
+        report.run(panel.survives_unplugging, chain)
     return 0 if report.held() else 1
 
 

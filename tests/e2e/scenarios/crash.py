@@ -46,7 +46,7 @@ def loses_nothing(report: Report, emulator: Emulator, driver: DriverService, des
     for _ in range(CRASHES):
         path = service.instance_of(driver, "ir").path
         service.instance_of(driver, "ir").set("configration", mode=2, enableRightClick=False)
-        emulator.tell("await ir listening 60000")
+        service.wait_for_pointer(emulator, "ir", service.pointer_of("ir"))
         changes = _Changes(path, value)
         changes.start()
         emulator.tell("down ir 0 0.3 0.3")
@@ -66,8 +66,9 @@ def loses_nothing(report: Report, emulator: Emulator, driver: DriverService, des
         eventually(lambda: not desktop.buttons_held(), "the button's release when the finger leaves")
     report.note(f"{value - FIRST_VALUE} changes survived; the button was held at {pressed} of {CRASHES} crashes")
     expect(pressed > 0, "no crash happened while a button was held: nothing was shown")
-    emulator.tell("await ir listening 60000")
-    emulator.tell("tap ir 0.5 0.5")
+    service.wait_for_pointer(emulator, "ir", service.pointer_of("ir"))
+    emulator.tell("wait 100")
+    emulator.tell("tap ir 0.5 0.5 150")
 
     def at_the_mark(click) -> bool:
         return abs(click[2] - desktop.width / 2) <= 1 and abs(click[3] - desktop.height / 2) <= 1

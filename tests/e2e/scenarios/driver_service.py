@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 
 import dbus
@@ -78,6 +79,11 @@ class DriverService:
     def stop(self) -> int:
         self.process.terminate()
         return self.process.wait(20)
+
+    def forget(self) -> None:
+        """Takes away what a stopped service would find of its earlier runs."""
+        shutil.rmtree(STATE)
+        STATE.mkdir()
 
     def instances(self) -> dict[int, Instance]:
         """All driver instances by location id."""

@@ -1,5 +1,6 @@
 """Input devices as the kernel shows them: names, axes, properties, events."""
 
+import collections
 import dataclasses
 import fcntl
 import os
@@ -63,6 +64,7 @@ class InputNode:
         self.bus, self.vendor, self.product = (int((folder / "device" / "id" / name).read_text(), 16)
                                                for name in ("bustype", "vendor", "product"))
         self._file: int | None = None
+        self._unread = collections.deque()
 
     @property
     def file(self) -> int:
@@ -102,19 +104,19 @@ class InputNode:
         collected = []
         deadline = time.monotonic() + at_most_s
         while not until(collected):
-            if not select.select([self.file], [], [], max(deadline - time.monotonic(), 0))[0]:
+            if not self._unread and not select.select([self.file], [], [], max(deadline - time.monotonic(), 0))[0]:
                 raise Failed(f"{self.name} tells nothing more after {collected}")
-            for seconds, micros, kind, code, value in _EVENT.iter_unpack(os.read(self.file, _EVENT.size * 256)):
-                collected.append(Event(seconds + micros / 1e6, kind, code, value))
+            collected.append(self._next())
         return collected
 
-    def has_events(self) -> bool:
-        return bool(select.select([self.file], [], [], 0)[0])
+    def _next(self) -> Event:
+        if not self._unread:
+            self._unread.extend(_EVENT.iter_unpack(os.read(self.file, _EVENT.size * 256)))
+        seconds, micros, kind, code, value = self._unread.popleft()
+        return Event(seconds + micros / 1e6, kind, code, value)
 
-    def drop_events(self) -> None:
-        """Forgets what has come so far."""
-        while self.has_events():
-            os.read(self.file, _EVENT.size * 256)
+    def has_events(self) -> bool:
+        return bool(self._unread) or bool(select.select([self.file], [], [], 0)[0])
 
 
 def values(events: list[Event], kind: int, code: int) -> list[int]:

@@ -7,7 +7,7 @@ from .checks import Report, eventually, expect, expect_equal
 from .emulator import Emulator
 
 VENDOR = 0x6666
-PRODUCTS = {"ir": 0x0080, "opt": 0x0C20, "cfg": 0x0001}
+PRODUCTS = {"ir": 0x0080, "opt": 0x0C20, "cfg": 0x0001, "glass": 0x0085}
 KINDS = {"ir": "infrared", "opt": "optical", "cfg": "configuration-only"}
 UNDISTORTED = ("offset=0,0", "scale=1,1", "skew=0,0", "barrel=0", "noise=0")
 UNPLUG_ROUNDS = 5
