@@ -124,14 +124,15 @@ def costs_little_time(report: Report, emulator: Emulator, service: DriverService
                 f"busy machine interferes, and {ratios[1]:.2f} times in the median (all emulated, some 20 times slower)")
 
 
-def _memory_kb(process_id: int) -> dict[str, int]:
+def _memory(process_id: int) -> dict[str, int]:
     status = pathlib.Path(f"/proc/{process_id}/status").read_text()
-    return {name: int(size) for name, size in re.findall(r"(VmRSS|RssAnon):\s+(\d+) kB", status)}
+    return {name: int(size) for name, size in re.findall(r"(VmRSS|VmHWM|RssAnon|Threads):\s+(\d+)", status)}
 
 
 def _told_memory(process_id: int) -> str:
-    memory = _memory_kb(process_id)
-    return f"{memory['VmRSS']} kB resident, {memory['RssAnon']} kB of them its own"
+    eventually(lambda: _memory(process_id)["Threads"] == 1, "the end of all reading of touchscreens", 60)
+    memory = _memory(process_id)
+    return f"{memory['VmRSS']} kB resident, {memory['RssAnon']} kB of them its own; at its most {memory['VmHWM']} kB"
 
 
 def takes_little_memory(report: Report, emulator: Emulator, service: DriverService) -> None:
