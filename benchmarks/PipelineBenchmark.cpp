@@ -5,8 +5,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "contract/DriverProperties.h"
 #include "driver/TouchDriver.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform_build/BuildConstants.h"
 #include "protocol/Exchange.h"
 #include "protocol/Transport.h"

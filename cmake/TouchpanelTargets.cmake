@@ -1,11 +1,10 @@
-# The compile rules that every target obeys, and the functions that declare one target per folder.
-#
-# A folder's headers are reached as "folder/Header.h" through a directory that holds a link to that folder and
-# nothing else. A target therefore sees the headers of the targets it links to, and an include that points the
-# wrong way does not compile.
+# The compile rules that every target obeys, and the functions that declare one target per folder. Includes are
+# written from src/ (in tests from tests/, too); tools/check-style holds each folder's includes against what its
+# target says it uses.
 
 add_library(touchpanel_rules INTERFACE)
 target_compile_features(touchpanel_rules INTERFACE cxx_std_20)
+target_include_directories(touchpanel_rules INTERFACE ${PROJECT_SOURCE_DIR}/src)
 # The solver's result is defined to the bit: no fused multiply-add may replace a rounded product.
 target_compile_options(touchpanel_rules INTERFACE -ffp-contract=off -Wall -Wextra -Wconversion -Wshadow
                        $<$<BOOL:${TOUCHPANEL_WERROR}>:-Werror>)
@@ -26,15 +25,6 @@ endif()
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
-# touchpanel_expose(TARGET FOLDER SCOPE): make SOURCE_DIR reachable as "FOLDER/..." for users of TARGET.
-function(touchpanel_expose target folder source_dir scope)
-  set(root ${CMAKE_BINARY_DIR}/include/${target})
-  get_filename_component(parent ${root}/${folder} DIRECTORY)
-  file(MAKE_DIRECTORY ${parent})
-  file(CREATE_LINK ${source_dir} ${root}/${folder} SYMBOLIC)
-  target_include_directories(${target} ${scope} ${root})
-endfunction()
-
 # touchpanel_library(FOLDER [SOURCES file...] [USES target...]): the static library of src/FOLDER, called
 # touchpanel_FOLDER with slashes turned to underscores. Without sources it is a header library.
 function(touchpanel_library folder)
@@ -48,17 +38,23 @@ function(touchpanel_library folder)
     set(scope INTERFACE)
   endif()
   target_link_libraries(${name} ${scope} touchpanel_rules ${ARG_USES})
-  touchpanel_expose(${name} ${folder} ${CMAKE_CURRENT_SOURCE_DIR} ${scope})
 endfunction()
 
-# touchpanel_tests(NAME SOURCES file... USES target... [ENVIRONMENT VAR=VALUE...]): one GoogleTest program and
-# one CTest entry of the same name.
+# touchpanel_tests(NAME USES target... [SOURCES file...] [ENVIRONMENT VAR=VALUE...]): the GoogleTest program
+# NAME_tests and a CTest entry NAME. Folders add to it by touchpanel_test_files.
 function(touchpanel_tests name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES;ENVIRONMENT" ${ARGN})
   add_executable(${name}_tests ${ARG_SOURCES})
-  target_link_libraries(${name}_tests PRIVATE touchpanel_test_support ${ARG_USES} GTest::gmock_main)
+  target_link_libraries(${name}_tests PRIVATE touchpanel_test_support ${ARG_USES})
   add_test(NAME ${name} COMMAND ${name}_tests)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${ARG_ENVIRONMENT}")
+endfunction()
+
+# touchpanel_test_files(NAME SOURCES file... USES target...): this folder's part of the program NAME_tests.
+function(touchpanel_test_files name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
+  target_sources(${name}_tests PRIVATE ${ARG_SOURCES})
+  target_link_libraries(${name}_tests PRIVATE ${ARG_USES})
 endfunction()
 
 # touchpanel_benchmark(NAME SOURCES file... USES target...): one Google Benchmark program, run by hand.

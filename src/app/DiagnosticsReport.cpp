@@ -4,7 +4,7 @@
 #include <cstdio>
 
 #include "app/CellText.h"
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel {
 namespace {

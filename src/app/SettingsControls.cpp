@@ -1,6 +1,6 @@
 #include "app/SettingsControls.h"
 
-#include "protocol/ProductId.h"
+#include "contract/ProductId.h"
 
 namespace touchpanel {
 namespace {

@@ -1,6 +1,6 @@
 #include "calibration/CalibrationGrid.h"
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel {
 

@@ -6,7 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {

@@ -4,7 +4,7 @@
 #include <QPointer>
 #include <QWindow>
 
-#include "driver/Frames.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::demo {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "protocol/ProductId.h"
+#include "contract/ProductId.h"
 
 namespace touchpanel {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <utility>
 
+#include "contract/ProductId.h"
 #include "discovery/DeviceEntryBuilder.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel {
 

@@ -3,9 +3,9 @@
 #include <string>
 #include <string_view>
 
+#include "contract/DriverProperties.h"
+#include "contract/ProductId.h"
 #include "discovery/Pairing.h"
-#include "platform/DriverProperties.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel {
 

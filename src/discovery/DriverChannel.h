@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform/Registry.h"
 #include "protocol/DeviceContext.h"
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel {
 

@@ -2,13 +2,13 @@
 
 #include <chrono>
 
+#include "contract/DriverProperties.h"
+#include "contract/ProductId.h"
 #include "discovery/DeviceList.h"
 #include "discovery/Pairing.h"
 #include "discovery/StatusText.h"
-#include "platform/DriverProperties.h"
 #include "platform_build/BuildConstants.h"
 #include "protocol/Exchange.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel {
 

@@ -3,8 +3,8 @@
 #include <cstdint>
 
 #include "driver/CalibrationSettings.h"
-#include "driver/Frames.h"
 #include "driver/Point.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform/Status.h"
 #include "platform/Value.h"
 #include "protocol/DeviceContext.h"

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "driver/Frames.h"
 #include "driver/PrimaryFinger.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

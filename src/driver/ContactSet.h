@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "driver/Frames.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

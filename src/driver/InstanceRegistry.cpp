@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel::driver {
 

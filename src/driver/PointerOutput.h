@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include "driver/Frames.h"
 #include "driver/Point.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "driver/Frames.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include "driver/ContactSet.h"
-#include "driver/Frames.h"
 #include "driver/Point.h"
 #include "driver/TouchSettings.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

@@ -3,8 +3,8 @@
 #include <chrono>
 
 #include "driver/ContactSet.h"
-#include "driver/Frames.h"
 #include "driver/TouchSettings.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

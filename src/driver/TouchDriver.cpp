@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "contract/DriverProperties.h"
 #include "driver/Point.h"
 #include "driver/TouchPipeline.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::driver {
 

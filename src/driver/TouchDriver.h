@@ -6,12 +6,12 @@
 #include <optional>
 #include <string_view>
 
+#include "contract/ProductId.h"
 #include "driver/CalibrationSettings.h"
-#include "driver/Frames.h"
 #include "driver/TouchSettings.h"
 #include "platform/Status.h"
+#include "platform/TouchFrames.h"
 #include "platform/Value.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel::driver {
 

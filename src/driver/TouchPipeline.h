@@ -4,14 +4,14 @@
 #include <functional>
 #include <optional>
 
+#include "contract/ProductId.h"
 #include "driver/CalibrationCurve.h"
 #include "driver/Capture.h"
-#include "driver/Frames.h"
 #include "driver/PointerOutput.h"
 #include "driver/SensitivityFilter.h"
 #include "driver/SinglePointer.h"
 #include "driver/Smoothing.h"
-#include "protocol/ProductId.h"
+#include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 

@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "contract/DriverProperties.h"
 #include "driver/PropertyField.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::driver {
 

@@ -7,8 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "emulator/Commands.h"
-#include "emulator/Server.h"
+#include "emulator/console/Commands.h"
+#include "emulator/console/Server.h"
 
 namespace {
 

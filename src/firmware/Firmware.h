@@ -7,9 +7,9 @@
 #include <span>
 #include <vector>
 
+#include "contract/ProductId.h"
 #include "protocol/CommandTable.h"
 #include "protocol/DeviceContext.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel::firmware {
 

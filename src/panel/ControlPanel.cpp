@@ -4,9 +4,9 @@
 #include <QClipboard>
 
 #include "app/VersionLabel.h"
+#include "panel/PanelStyle.h"
 #include "panel/RunningSystem.h"
 #include "platform_build/BuildConstants.h"
-#include "providers/qt/PanelStyle.h"
 
 namespace touchpanel {
 namespace {

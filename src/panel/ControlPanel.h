@@ -5,6 +5,9 @@
 #include "app/MyController.h"
 #include "panel/PanelControls.h"
 #include "panel/PanelPlatform.h"
+#include "panel/QtStatusLine.h"
+#include "panel/QtWaitNotice.h"
+#include "panel/Translations.h"
 #include "panel/TryOutPage.h"
 #include "platform/RecentDiagnostics.h"
 #include "providers/qt/QtAlerts.h"
@@ -13,10 +16,7 @@
 #include "providers/qt/QtRunLoop.h"
 #include "providers/qt/QtScreen.h"
 #include "providers/qt/QtSheets.h"
-#include "providers/qt/QtStatusLine.h"
-#include "providers/qt/QtWaitNotice.h"
 #include "providers/qt/SheetDialog.h"
-#include "providers/qt/Translations.h"
 
 namespace touchpanel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Outlets.h"
-#include "providers/qt/MainWindowWidget.h"
+#include "panel/MainWindowWidget.h"
 #include "providers/qt/QtButton.h"
 #include "providers/qt/QtCheckBox.h"
 #include "providers/qt/QtIntegerControl.h"

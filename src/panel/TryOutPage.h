@@ -3,8 +3,8 @@
 #include <QPointF>
 
 #include "app/TryOut.h"
+#include "panel/MainWindowWidget.h"
 #include "panel/TryOutReport.h"
-#include "providers/qt/MainWindowWidget.h"
 #include "providers/qt/QtButton.h"
 
 namespace touchpanel {

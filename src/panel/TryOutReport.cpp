@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QPrinter>
 
-#include "providers/qt/Themes.h"
+#include "panel/Themes.h"
 
 namespace touchpanel {
 namespace {

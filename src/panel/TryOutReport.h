@@ -8,7 +8,7 @@
 #include <optional>
 
 #include "app/TryOut.h"
-#include "providers/qt/TryOutPicture.h"
+#include "panel/TryOutPicture.h"
 
 class QPrinter;
 

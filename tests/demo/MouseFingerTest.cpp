@@ -1,4 +1,3 @@
-#include <QApplication>
 #include <QMouseEvent>
 #include <QScreen>
 #include <QTest>
@@ -8,8 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include "contract/DriverProperties.h"
 #include "demo/MouseFinger.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {
@@ -158,9 +157,3 @@ TEST_F(MouseFingerTest, ReachesNoWindowBehindAModalOne) {
 
 }  // namespace
 }  // namespace touchpanel::demo
-
-int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  testing::InitGoogleMock(&argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "contract/DriverProperties.h"
 #include "driver/TouchDriver.h"
-#include "platform/DriverProperties.h"
 #include "support/AllocationCount.h"
 
 namespace touchpanel::testing {

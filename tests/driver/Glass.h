@@ -3,8 +3,8 @@
 #include <sstream>
 #include <string>
 
+#include "contract/DriverProperties.h"
 #include "driver/TouchDriver.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::testing {
 

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "emulator/Session.h"
+#include "emulator/console/Session.h"
 
 namespace touchpanel::emulator {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "emulator/TouchReports.h"
+#include "emulator/device/TouchReports.h"
 
 namespace touchpanel::emulator {
 namespace {

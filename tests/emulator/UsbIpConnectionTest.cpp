@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "emulator/UsbIpConnection.h"
+#include "emulator/usbip/UsbIpConnection.h"
 
 namespace touchpanel::emulator {
 namespace {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "emulator/UsbTouchscreen.h"
+#include "emulator/device/UsbTouchscreen.h"
 #include "platform_build/BuildConstants.h"
 
 namespace touchpanel::emulator {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "emulator/VhciPorts.h"
+#include "emulator/usbip/VhciPorts.h"
 
 namespace touchpanel::emulator {
 namespace {

@@ -2,10 +2,10 @@
 #include <QDir>
 #include <QPainter>
 
-#include "../providers/qt/ClippedTexts.h"
+#include "ClippedTexts.h"
 #include "PanelRig.h"
-#include "providers/qt/PanelStyle.h"
-#include "providers/qt/Themes.h"
+#include "panel/PanelStyle.h"
+#include "panel/Themes.h"
 
 namespace touchpanel::testing {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform/Registry.h"
 
 namespace touchpanel::testing {

@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform/Usb.h"
 #include "support/FakeUsbDevice.h"
 

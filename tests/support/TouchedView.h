@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform/View.h"
 #include "providers/simulated/SimulatedTouchscreen.h"
 #include "support/FakeScreen.h"

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "contract/DriverProperties.h"
 #include "driver/CalibrationCurve.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {

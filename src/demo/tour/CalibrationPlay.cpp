@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "calibration/CalibrationGrid.h"
+#include "contract/DriverProperties.h"
 #include "demo/CalibrationOnScreen.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {

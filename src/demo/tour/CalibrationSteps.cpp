@@ -3,10 +3,10 @@
 #include <cstdio>
 
 #include "calibration/CalibrationGrid.h"
+#include "contract/DriverProperties.h"
 #include "demo/measure/AccuracyProbe.h"
 #include "demo/tour/CalibrationPlay.h"
 #include "demo/tour/SettingsSteps.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {

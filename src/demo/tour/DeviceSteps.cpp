@@ -3,8 +3,8 @@
 #include <QTableView>
 #include <cstdio>
 
+#include "contract/DriverProperties.h"
 #include "demo/measure/AccuracyProbe.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {

@@ -6,8 +6,8 @@
 #include <set>
 
 #include "calibration/CalibrationGrid.h"
+#include "contract/DriverProperties.h"
 #include "demo/ValueText.h"
-#include "platform/DriverProperties.h"
 
 namespace touchpanel::demo {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "providers/qt/Themes.h"
+#include "panel/Themes.h"
 
 namespace touchpanel::demo {
 

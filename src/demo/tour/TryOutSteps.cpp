@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "providers/qt/TryOutSurface.h"
+#include "panel/TryOutSurface.h"
 
 namespace touchpanel::demo {
 namespace {

@@ -3,8 +3,8 @@
 #include <functional>
 #include <memory>
 
-#include "driver/service/TouchscreenIdentity.h"
 #include "platform/Status.h"
+#include "platform/TouchscreenIdentity.h"
 #include "protocol/DeviceContext.h"
 
 namespace touchpanel::driver {

@@ -1,7 +1,7 @@
 #include "driver/service/DeviceReading.h"
 
+#include "contract/ProductId.h"
 #include "protocol/Exchange.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel::driver {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "driver/service/TouchscreenIdentity.h"
 #include "platform/Clock.h"
 #include "platform/Diagnostics.h"
+#include "platform/TouchscreenIdentity.h"
 #include "platform/Usb.h"
 #include "protocol/DeviceContext.h"
 

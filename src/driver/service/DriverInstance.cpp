@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdio>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel::driver {
 

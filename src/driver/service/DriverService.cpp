@@ -1,6 +1,6 @@
 #include "driver/service/DriverService.h"
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel::driver {
 

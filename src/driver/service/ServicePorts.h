@@ -1,10 +1,10 @@
 #pragma once
 
 #include "driver/service/CalibrationReader.h"
-#include "driver/service/PointerDevices.h"
-#include "driver/service/Timers.h"
-#include "driver/service/TouchInputs.h"
 #include "platform/Diagnostics.h"
+#include "platform/PointerDevices.h"
+#include "platform/Timers.h"
+#include "platform/TouchInputs.h"
 
 namespace touchpanel::driver {
 

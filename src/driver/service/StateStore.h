@@ -3,8 +3,8 @@
 #include <string>
 
 #include "driver/HidSystem.h"
-#include "driver/service/TouchscreenIdentity.h"
 #include "platform/PropertyListFiles.h"
+#include "platform/TouchscreenIdentity.h"
 #include "platform/Trouble.h"
 
 namespace touchpanel::driver {

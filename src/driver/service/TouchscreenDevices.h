@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "driver/service/PointerDevices.h"
-#include "driver/service/Timers.h"
-#include "driver/service/TouchInputs.h"
+#include "platform/PointerDevices.h"
+#include "platform/Timers.h"
+#include "platform/TouchInputs.h"
 #include "platform/Trouble.h"
 
 namespace touchpanel::driver {

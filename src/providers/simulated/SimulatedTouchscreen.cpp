@@ -1,6 +1,6 @@
 #include "providers/simulated/SimulatedTouchscreen.h"
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 
 namespace touchpanel::simulated {
 

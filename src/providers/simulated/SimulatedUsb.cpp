@@ -7,7 +7,7 @@
 #include <sys/eventfd.h>
 #include <unistd.h>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform_build/BuildConstants.h"
 
 namespace touchpanel::simulated {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
+#include "contract/ProductId.h"
 #include "driver/service/DeviceReading.h"
-#include "protocol/ProductId.h"
 #include "support/FakeClock.h"
 #include "support/FakeUsbDevice.h"
 #include "support/RecordingDiagnostics.h"

@@ -1,13 +1,13 @@
 // The service's own life: touchscreens come and go, things are refused and recovered, state is kept.
 #include <gtest/gtest.h>
 
-#include "FakeCalibrationReader.h"
-#include "FakePointerDevices.h"
-#include "FakeTimers.h"
-#include "FakeTouchInputs.h"
+#include "contract/DriverProperties.h"
 #include "driver/service/DriverService.h"
-#include "platform/DriverProperties.h"
+#include "support/FakeCalibrationReader.h"
+#include "support/FakePointerDevices.h"
 #include "support/FakePropertyListFiles.h"
+#include "support/FakeTimers.h"
+#include "support/FakeTouchInputs.h"
 #include "support/RecordingDiagnostics.h"
 
 namespace touchpanel::testing {

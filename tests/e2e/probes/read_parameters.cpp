@@ -6,11 +6,11 @@
 #include <string>
 #include <thread>
 
+#include "contract/ProductId.h"
 #include "platform/Clock.h"
 #include "platform/Diagnostics.h"
 #include "platform_build/BuildConstants.h"
 #include "protocol/Exchange.h"
-#include "protocol/ProductId.h"
 #include "providers/linux/usb/LibusbBus.h"
 
 namespace {

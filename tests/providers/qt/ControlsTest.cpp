@@ -11,14 +11,14 @@
 
 #include <gtest/gtest.h>
 
+#include "panel/QtStatusLine.h"
+#include "panel/QtWaitNotice.h"
 #include "providers/qt/QtButton.h"
 #include "providers/qt/QtCheckBox.h"
 #include "providers/qt/QtIntegerControl.h"
 #include "providers/qt/QtRadioGroup.h"
 #include "providers/qt/QtSheets.h"
-#include "providers/qt/QtStatusLine.h"
 #include "providers/qt/QtTable.h"
-#include "providers/qt/QtWaitNotice.h"
 #include "providers/qt/QtWindow.h"
 #include "providers/qt/SheetDialog.h"
 #include "support/FakeApplication.h"

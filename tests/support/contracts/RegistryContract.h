@@ -10,7 +10,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "platform/Registry.h"
 
 // What every provider of the Registry port must do, whatever stands behind it. A provider's test program

@@ -10,9 +10,9 @@
 
 #include <gmock/gmock.h>
 
+#include "contract/ProductId.h"
 #include "platform/Usb.h"
 #include "platform_build/BuildConstants.h"
-#include "protocol/ProductId.h"
 
 // What every provider of the USB ports must do, whatever bus stands behind it. A provider's test program
 // includes this, describes its world and instantiates the suite:

@@ -6,7 +6,7 @@
 #include <poll.h>
 #include <sys/time.h>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel {

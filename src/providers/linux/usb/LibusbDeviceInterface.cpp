@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "platform/LocationId.h"
+#include "contract/LocationId.h"
 #include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel {

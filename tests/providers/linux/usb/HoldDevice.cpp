@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "providers/linux/usb/LibusbBus.h"
 
 int main(int count, char** arguments) {

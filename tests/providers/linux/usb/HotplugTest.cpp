@@ -1,5 +1,5 @@
 #include "UsbOnMockBus.h"
-#include "platform/LocationId.h"
+#include "contract/LocationId.h"
 
 namespace touchpanel::testing {
 namespace {

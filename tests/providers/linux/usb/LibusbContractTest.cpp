@@ -5,7 +5,7 @@
 
 #include <poll.h>
 
-#include "protocol/ProductId.h"
+#include "contract/ProductId.h"
 #include "providers/linux/usb/LibusbBus.h"
 #include "support/MockUsbBus.h"
 #include "support/contracts/UsbContract.h"

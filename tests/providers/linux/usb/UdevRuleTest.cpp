@@ -4,8 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include "contract/ProductId.h"
 #include "platform_build/BuildConstants.h"
-#include "protocol/ProductId.h"
 
 namespace touchpanel::testing {
 namespace {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <poll.h>
 
-#include "platform/DriverProperties.h"
+#include "contract/DriverProperties.h"
 #include "providers/linux/usb/LibusbBus.h"
 #include "support/MockUsbBus.h"
 

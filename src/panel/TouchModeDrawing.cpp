@@ -1,0 +1,107 @@
+#include "panel/TouchModeDrawing.h"
+
+#include <QAbstractButton>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace touchpanel {
+namespace {
+
+// All drawings stand on a glass surface, a line at kGlass, in a box of 60 x 52.
+constexpr double kGlass = 42;
+constexpr double kMiddle = 30;
+constexpr double kFingerWidth = 13;
+
+class Sketch {
+ public:
+  Sketch(QPainter& painter, const QPalette& palette) : painter_(painter), palette_(palette) {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(QPen(ink(), 2, Qt::SolidLine, Qt::RoundCap));
+    painter_.drawLine(QPointF(6, kGlass + 2), QPointF(54, kGlass + 2));
+  }
+
+  /// A finger tip whose lowest point is `lift` above the glass.
+  void finger(double x, double lift) {
+    const double tip = kGlass - lift;
+    QPainterPath path;
+    path.moveTo(x - kFingerWidth / 2, tip - 26);
+    path.lineTo(x - kFingerWidth / 2, tip - kFingerWidth / 2);
+    path.arcTo(QRectF(x - kFingerWidth / 2, tip - kFingerWidth, kFingerWidth, kFingerWidth), 180, 180);
+    path.lineTo(x + kFingerWidth / 2, tip - 26);
+    painter_.setPen(QPen(ink(), 1.6));
+    painter_.setBrush(palette_.color(QPalette::Base));
+    painter_.drawPath(path);
+  }
+  /// The moment of the click: rays around the point where the finger meets the glass.
+  void click(double x) {
+    painter_.setPen(QPen(accent(), 2.2, Qt::SolidLine, Qt::RoundCap));
+    for (const double side : {-1.0, 1.0}) {
+      painter_.drawLine(QPointF(x + side * 10, kGlass - 3), QPointF(x + side * 16, kGlass - 6));
+      painter_.drawLine(QPointF(x + side * 9, kGlass - 8), QPointF(x + side * 13, kGlass - 13));
+    }
+  }
+  void arrow(QPointF from, QPointF to) {
+    painter_.setPen(QPen(accent(), 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawLine(from, to);
+    const QLineF shaft(to, from);
+    for (const double turn : {35.0, -35.0}) {
+      QLineF barb = shaft;
+      barb.setLength(6);
+      barb.setAngle(shaft.angle() + turn);
+      painter_.drawLine(barb);
+    }
+  }
+  /// A clock face: something that takes its time.
+  void clock(QPointF centre) {
+    painter_.setPen(QPen(accent(), 1.8));
+    painter_.setBrush(palette_.color(QPalette::Base));
+    painter_.drawEllipse(centre, 7, 7);
+    painter_.drawLine(centre, centre + QPointF(0, -4.5));
+    painter_.drawLine(centre, centre + QPointF(3, 1.5));
+  }
+
+ private:
+  QColor ink() const { return palette_.color(QPalette::WindowText); }
+  QColor accent() const { return palette_.color(QPalette::Highlight); }
+
+  QPainter& painter_;
+  const QPalette& palette_;
+};
+
+}  // namespace
+
+TouchModeDrawing::TouchModeDrawing(QWidget* parent) : QWidget(parent) {}
+
+void TouchModeDrawing::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  Sketch sketch(painter, palette());
+  switch (mode_) {
+    case 0:
+      sketch.finger(kMiddle, 0);
+      sketch.click(kMiddle);
+      sketch.arrow({50, 10}, {50, 24});
+      break;
+    case 1:
+      sketch.finger(kMiddle, 9);
+      sketch.click(kMiddle);
+      sketch.arrow({50, 24}, {50, 10});
+      break;
+    case 2:
+      sketch.finger(18, 0);
+      sketch.arrow({28, 34}, {52, 34});
+      sketch.clock({44, 14});
+      break;
+    default:
+      sketch.finger(20, 0);
+      sketch.finger(40, 0);
+      sketch.arrow({11, 28}, {4, 28});
+      sketch.arrow({49, 28}, {56, 28});
+      break;
+  }
+}
+
+void TouchModeDrawing::mousePressEvent(QMouseEvent* /*event*/) {
+  if (choice_ != nullptr) choice_->click();
+}
+
+}  // namespace touchpanel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Registry.h"
+#include "providers/linux/desktop/DesktopDoubleClick.h"
+
+namespace touchpanel::linux_registry {
+
+/// Another registry, whose double-click time is that of the desktop.
+///
+/// The driver service has its own, for the double-tap help; it belongs to the whole machine and knows no
+/// user's desktop. The desktop's is the user's own and is reached from the user's session only, which is
+/// where the control panel runs. So it is joined here: reading "HIDClickTime" tells the desktop's time where
+/// there is one, and writing it tells both. The area is the service's alone; desktops have no such setting.
+class DesktopRegistry final : public Registry {
+ public:
+  /// Neither is owned.
+  DesktopRegistry(Registry& service, DesktopDoubleClick& desktop) : service_(service), desktop_(desktop) {}
+
+  std::vector<RegistryObject> instancesOf(std::string_view className) override {
+    return service_.instancesOf(className);
+  }
+  std::vector<RegistryObject> childrenOf(RegistryObject parent) override {
+    return service_.childrenOf(parent);
+  }
+  bool conformsTo(RegistryObject object, std::string_view className) override {
+    return service_.conformsTo(object, className);
+  }
+  std::optional<Dictionary> properties(RegistryObject object) override;
+  Status setProperty(RegistryObject object, std::string_view name, const Value& value) override;
+
+ private:
+  Registry& service_;
+  DesktopDoubleClick& desktop_;
+};
+
+}  // namespace touchpanel::linux_registry

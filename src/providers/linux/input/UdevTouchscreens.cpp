@@ -1,0 +1,108 @@
+#include "providers/linux/input/UdevTouchscreens.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <system_error>
+
+#include <libudev.h>
+
+#include "contract/LocationId.h"
+#include "contract/ProductId.h"
+#include "platform_build/BuildConstants.h"
+
+namespace touchpanel::driver {
+
+namespace {
+constexpr char kUsb[] = "usb";
+constexpr char kUsbDevice[] = "usb_device";
+constexpr char kInput[] = "input";
+/// Room for the burst of events when a hub with many touchscreens is plugged in.
+constexpr int kReceiveBuffer = 1 << 20;
+
+std::string_view text(const char* value) { return value ? value : std::string_view(); }
+
+std::uint16_t hexAttribute(udev_device* device, const char* name) {
+  const char* value = udev_device_get_sysattr_value(device, name);
+  return value ? static_cast<std::uint16_t>(std::strtoul(value, nullptr, 16)) : std::uint16_t{0};
+}
+}  // namespace
+
+void UdevTouchscreens::Unref::operator()(udev* context) const { udev_unref(context); }
+void UdevTouchscreens::Unref::operator()(udev_monitor* monitor) const { udev_monitor_unref(monitor); }
+void UdevTouchscreens::Unref::operator()(udev_device* device) const { udev_device_unref(device); }
+
+UdevTouchscreens::UdevTouchscreens(EventLoop& loop, DriverService& service, Diagnostics& diagnostics)
+    : service_(service), diagnostics_(diagnostics), udev_(udev_new()) {
+  if (udev_) monitor_.reset(udev_monitor_new_from_netlink(udev_.get(), "udev"));
+  if (!monitor_) throw std::system_error(errno, std::generic_category(), "udev");
+  udev_monitor_filter_add_match_subsystem_devtype(monitor_.get(), kUsb, kUsbDevice);
+  udev_monitor_filter_add_match_subsystem_devtype(monitor_.get(), kInput, nullptr);
+  udev_monitor_set_receive_buffer_size(monitor_.get(),
+                                       kReceiveBuffer);  // works for root only; the default does as well
+  if (const int result = udev_monitor_enable_receiving(monitor_.get()); result < 0)
+    throw std::system_error(-result, std::generic_category(), "udev monitor");
+  watch_ = loop.watch(udev_monitor_get_fd(monitor_.get()), [this] { drain(); });
+  // Listening first: what arrives during the enumeration is told twice rather than not at all.
+  enumerate(kUsb);
+  enumerate(kInput);
+}
+
+UdevTouchscreens::~UdevTouchscreens() = default;
+
+void UdevTouchscreens::enumerate(const char* subsystem) {
+  auto* enumeration = udev_enumerate_new(udev_.get());
+  udev_enumerate_add_match_subsystem(enumeration, subsystem);
+  udev_enumerate_add_match_is_initialized(enumeration);
+  udev_enumerate_scan_devices(enumeration);
+  udev_list_entry* entry = nullptr;
+  udev_list_entry_foreach(entry, udev_enumerate_get_list_entry(enumeration)) {
+    const std::unique_ptr<udev_device, Unref> device(
+        udev_device_new_from_syspath(udev_.get(), udev_list_entry_get_name(entry)));
+    if (device) arrived(device.get());
+  }
+  udev_enumerate_unref(enumeration);
+}
+
+void UdevTouchscreens::drain() {
+  while (const auto device =
+             std::unique_ptr<udev_device, Unref>(udev_monitor_receive_device(monitor_.get()))) {
+    if (text(udev_device_get_action(device.get())) == "remove")
+      left(device.get());
+    else
+      arrived(device.get());
+  }
+}
+
+void UdevTouchscreens::arrived(udev_device* device) {
+  const auto subsystem = text(udev_device_get_subsystem(device));
+  if (subsystem == kUsb && text(udev_device_get_devtype(device)) == kUsbDevice) touchscreenArrived(device);
+  if (subsystem == kInput && text(udev_device_get_sysname(device)).starts_with("event")) nodeArrived(device);
+}
+
+void UdevTouchscreens::touchscreenArrived(udev_device* device) {
+  const auto product = hexAttribute(device, "idProduct");
+  if (hexAttribute(device, "idVendor") != TOUCH_VENDOR_ID || kindOf(product) == DeviceKind::Unknown) return;
+  const auto location = locationIdFromKernelName(text(udev_device_get_sysname(device)));
+  if (!location) return;
+  const std::string place = udev_device_get_syspath(device);
+  diagnostics_.line("Touchscreen at " + place);
+  service_.touchscreenArrived(place, {*location, product});
+}
+
+void UdevTouchscreens::nodeArrived(udev_device* device) {
+  const char* node = udev_device_get_devnode(device);
+  auto* usb = udev_device_get_parent_with_subsystem_devtype(device, kUsb, kUsbDevice);
+  if (!node || !usb || hexAttribute(usb, "idVendor") != TOUCH_VENDOR_ID) return;
+  diagnostics_.line(std::string("Input node ") + node);
+  service_.nodeArrived(udev_device_get_syspath(usb), node);
+}
+
+void UdevTouchscreens::left(udev_device* device) {
+  if (text(udev_device_get_subsystem(device)) == kUsb)
+    service_.touchscreenLeft(udev_device_get_syspath(device));
+  if (const char* node = udev_device_get_devnode(device)) service_.nodeLeft(node);
+}
+
+}  // namespace touchpanel::driver

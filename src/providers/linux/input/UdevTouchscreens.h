@@ -1,0 +1,46 @@
+#pragma once
+
+#include <memory>
+
+#include "driver/service/DriverService.h"
+#include "platform/Diagnostics.h"
+#include "providers/linux/loop/EventLoop.h"
+
+struct udev;
+struct udev_device;
+struct udev_monitor;
+
+namespace touchpanel::driver {
+
+/// Finds touchscreens, by vendor and product id, and the input nodes below them, through udev: those that are
+/// there and those that come and go. An instance is published as soon as its USB device is known, before its
+/// input nodes are.
+class UdevTouchscreens {
+ public:
+  /// Nothing is owned. Throws std::system_error when udev cannot be used.
+  UdevTouchscreens(EventLoop& loop, DriverService& service, Diagnostics& diagnostics);
+  ~UdevTouchscreens();
+  UdevTouchscreens(const UdevTouchscreens&) = delete;
+  UdevTouchscreens& operator=(const UdevTouchscreens&) = delete;
+
+ private:
+  void enumerate(const char* subsystem);
+  void drain();
+  void arrived(udev_device* device);
+  void left(udev_device* device);
+  void touchscreenArrived(udev_device* device);
+  void nodeArrived(udev_device* device);
+
+  DriverService& service_;
+  Diagnostics& diagnostics_;
+  struct Unref {
+    void operator()(udev* context) const;
+    void operator()(udev_monitor* monitor) const;
+    void operator()(udev_device* device) const;
+  };
+  std::unique_ptr<udev, Unref> udev_;
+  std::unique_ptr<udev_monitor, Unref> monitor_;
+  std::unique_ptr<EventLoop::Watch> watch_;
+};
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,132 @@
+#include "providers/linux/input/UinputDevices.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <optional>
+#include <span>
+
+#include <fcntl.h>
+#include <libevdev/libevdev-uinput.h>
+#include <libevdev/libevdev.h>
+#include <unistd.h>
+
+#include "contract/DriverProperties.h"
+#include "platform_build/BuildConstants.h"
+#include "providers/linux/input/OutputEvents.h"
+#include "providers/linux/loop/FileDescriptor.h"
+#include "providers/linux/usb/UsbStatus.h"
+
+namespace touchpanel::driver {
+
+namespace {
+constexpr char kUinputNode[] = "/dev/uinput";
+
+struct FreeEvdev {
+  void operator()(libevdev* device) const { libevdev_free(device); }
+};
+using Evdev = std::unique_ptr<libevdev, FreeEvdev>;
+
+struct DestroyUinput {
+  void operator()(libevdev_uinput* device) const { libevdev_uinput_destroy(device); }
+};
+
+void enableAxis(libevdev* device, unsigned code, std::int32_t maximum) {
+  const input_absinfo info{0, 0, maximum, 0, 0, 0};
+  libevdev_enable_event_code(device, EV_ABS, code, &info);
+}
+
+Evdev describe(const TouchscreenIdentity& identity, const char* role) {
+  Evdev device(libevdev_new());
+  std::array<char, 64> name{};
+  std::snprintf(name.data(), name.size(), "Touchscreen %08x %s", identity.locationId, role);
+  libevdev_set_name(device.get(), name.data());
+  libevdev_set_id_bustype(device.get(), BUS_VIRTUAL);
+  libevdev_set_id_vendor(device.get(), TOUCH_VENDOR_ID);
+  libevdev_set_id_product(device.get(), identity.productId);
+  enableAxis(device.get(), ABS_X, kLogicalMaximum);
+  enableAxis(device.get(), ABS_Y, kLogicalMaximum);
+  return device;
+}
+
+Evdev describePointer(const TouchscreenIdentity& identity) {
+  auto device = describe(identity, "pointer");
+  libevdev_enable_event_code(device.get(), EV_KEY, BTN_LEFT, nullptr);
+  libevdev_enable_event_code(device.get(), EV_KEY, BTN_RIGHT, nullptr);
+  return device;
+}
+
+Evdev describeMultiTouch(const TouchscreenIdentity& identity) {
+  auto device = describe(identity, "multi-touch");
+  libevdev_enable_property(device.get(), INPUT_PROP_DIRECT);
+  libevdev_enable_event_code(device.get(), EV_KEY, BTN_TOUCH, nullptr);
+  enableAxis(device.get(), ABS_MT_SLOT, static_cast<std::int32_t>(kMaximumContacts) - 1);
+  enableAxis(device.get(), ABS_MT_TRACKING_ID, 0xFFFF);
+  enableAxis(device.get(), ABS_MT_POSITION_X, kLogicalMaximum);
+  enableAxis(device.get(), ABS_MT_POSITION_Y, kLogicalMaximum);
+  return device;
+}
+
+/// One device of the kernel's, for as long as it lives here.
+class UinputDevice {
+ public:
+  static Status create(const libevdev* description, std::optional<UinputDevice>& device) {
+    FileDescriptor file(::open(kUinputNode, O_RDWR | O_NONBLOCK | O_CLOEXEC));
+    if (!file) return statusOfOpening(errno);
+    libevdev_uinput* made = nullptr;
+    if (const int result = libevdev_uinput_create_from_device(description, file.get(), &made); result < 0)
+      return statusOfErrno(-result);
+    device.emplace(UinputDevice(std::move(file), made));
+    return kSuccess;
+  }
+  Status write(std::span<const input_event> events) {
+    if (events.empty()) return kSuccess;
+    const auto size = static_cast<ssize_t>(events.size_bytes());
+    return ::write(file_.get(), events.data(), events.size_bytes()) == size ? kSuccess : statusOfErrno(errno);
+  }
+
+ private:
+  UinputDevice(FileDescriptor file, libevdev_uinput* device) : file_(std::move(file)), device_(device) {}
+  static Status statusOfOpening(int code) {
+    return code == ENOENT || code == ENODEV || code == ENXIO ? kErrorNotFound : statusOfErrno(code);
+  }
+
+  FileDescriptor file_;
+  std::unique_ptr<libevdev_uinput, DestroyUinput> device_;
+};
+
+class UinputPointer final : public PointerDevice {
+ public:
+  UinputPointer(const TouchscreenIdentity& identity, UinputDevice pointer)
+      : identity_(identity), pointer_(std::move(pointer)) {}
+
+  Status write(const OutputFrame& frame) override {
+    const auto status = pointer_.write(pointerEvents_.next(frame));
+    if (status != kSuccess || !multiTouch_) return status;
+    return multiTouch_->write(contactEvents_.next(frame));
+  }
+  Status setMultiTouch(bool wanted) override {
+    if (wanted == multiTouch_.has_value()) return kSuccess;
+    contactEvents_ = {};
+    if (wanted) return UinputDevice::create(describeMultiTouch(identity_).get(), multiTouch_);
+    multiTouch_.reset();
+    return kSuccess;
+  }
+
+ private:
+  TouchscreenIdentity identity_;
+  UinputDevice pointer_;
+  PointerEvents pointerEvents_;
+  std::optional<UinputDevice> multiTouch_;
+  ContactEvents contactEvents_;
+};
+}  // namespace
+
+Status UinputDevices::create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) {
+  std::optional<UinputDevice> pointer;
+  const auto status = UinputDevice::create(describePointer(identity).get(), pointer);
+  if (status == kSuccess) device = std::make_unique<UinputPointer>(identity, std::move(*pointer));
+  return status;
+}
+
+}  // namespace touchpanel::driver

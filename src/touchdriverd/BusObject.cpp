@@ -1,0 +1,88 @@
+#include "touchdriverd/BusObject.h"
+
+#include "providers/linux/dbus/BusNames.h"
+#include "providers/linux/dbus/BusValue.h"
+
+namespace touchpanel::driver {
+
+namespace {
+std::vector<sdbus::ObjectPath> pathsOf(const std::vector<RegistryObject>& objects) {
+  std::vector<sdbus::ObjectPath> paths;
+  paths.reserve(objects.size());
+  for (const auto object : objects) paths.emplace_back(busPathOf(object));
+  return paths;
+}
+
+void throwUnless(Status status, const std::string& name) {
+  switch (status) {
+    case kSuccess:
+      return;
+    case kErrorBadArgument:
+      throw sdbus::Error(
+          bus_name::kBadArgumentError,
+          "Property \"" + name + "\" was refused: a type, size, range or key is wrong. Nothing is changed.");
+    case kErrorUnsupported:
+      throw sdbus::Error(bus_name::kUnsupportedError,
+                         "This object has no property \"" + name + "\" to write.");
+    case kErrorNoDevice:
+      throw sdbus::Error(bus_name::kNoDeviceError, "The touchscreen is gone.");
+    default:
+      throw sdbus::Error(bus_name::kFailedError, "Property \"" + name + "\" could not be written.");
+  }
+}
+}  // namespace
+
+std::string busPathOf(RegistryObject object) {
+  return std::string(bus_name::kObjectsPath) + "/" + std::to_string(object);
+}
+
+BusObject::BusObject(sdbus::IConnection& connection, DriverService& service, RegistryObject object)
+    : AdaptorInterfaces(connection, busPathOf(object)), service_(service), handle_(object) {
+  registerAdaptor();
+}
+
+BusObject::~BusObject() { unregisterAdaptor(); }
+
+std::vector<sdbus::ObjectPath> BusObject::Children() {
+  return pathsOf(service_.registry().childrenOf(handle_));
+}
+
+bool BusObject::ConformsTo(const std::string& className) {
+  return service_.registry().conformsTo(handle_, className);
+}
+
+std::map<std::string, sdbus::Variant> BusObject::Properties() {
+  const auto properties = service_.registry().properties(handle_);
+  if (!properties) throwUnless(kErrorNoDevice, "");
+  return toBus(*properties);
+}
+
+void BusObject::SetProperty(const std::string& name, const sdbus::Variant& value) {
+  const auto known = fromBus(value);
+  if (!known) throwUnless(kErrorBadArgument, name);
+  const auto client = getObject().getCurrentlyProcessedMessage()->getSender();
+  throwUnless(service_.setProperty(handle_, name, *known, client), name);
+}
+
+std::string BusObject::ClassName() { return std::string(service_.registry().classOf(handle_)); }
+
+BusRegistry::BusRegistry(sdbus::IConnection& connection, DriverService& service)
+    : AdaptorInterfaces(connection, bus_name::kRootPath), service_(service) {
+  registerAdaptor();
+}
+
+BusRegistry::~BusRegistry() { unregisterAdaptor(); }
+
+std::vector<sdbus::ObjectPath> BusRegistry::InstancesOf(const std::uint32_t& interfaceVersion,
+                                                        const std::string& className) {
+  if (interfaceVersion != bus_name::kInterfaceVersion)
+    throw sdbus::Error(bus_name::kInterfaceVersionError,
+                       "The touch driver service speaks interface version " +
+                           std::to_string(bus_name::kInterfaceVersion) + ", the caller version " +
+                           std::to_string(interfaceVersion) + ". Install both from the same release.");
+  return pathsOf(service_.registry().instancesOf(className));
+}
+
+std::uint32_t BusRegistry::InterfaceVersion() { return bus_name::kInterfaceVersion; }
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,73 @@
+#include "touchdriverd/BusService.h"
+
+#include <utility>
+
+#include "providers/linux/dbus/BusNames.h"
+
+namespace touchpanel::driver {
+
+namespace {
+/// Names that nobody has any more: arg2, the new owner, is empty.
+constexpr char kClientLeft[] =
+    "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+    "member='NameOwnerChanged',arg2=''";
+}  // namespace
+
+BusService::BusService(DriverService& service, Bus bus, std::string name, Diagnostics& diagnostics)
+    : service_(service), bus_(bus), name_(std::move(name)), trouble_(diagnostics) {}
+
+BusService::~BusService() { disconnect(); }
+
+bool BusService::connect() {
+  disconnect();
+  try {
+    connection_ =
+        bus_ == Bus::System ? sdbus::createSystemBusConnection() : sdbus::createSessionBusConnection();
+    publishAll();
+    connection_->requestName(name_);
+  } catch (const sdbus::Error& error) {
+    disconnect();
+    trouble_.begin("D-Bus cannot be served as " + name_ + ": " + error.getMessage() +
+                   ". Touches go on; settings cannot be changed.");
+    return false;
+  }
+  trouble_.end("D-Bus is served again.");
+  return true;
+}
+
+void BusService::publishAll() {
+  clients_ = connection_->addMatch(kClientLeft, [this](sdbus::Message& message) {
+    std::string client;
+    message >> client;
+    service_.clientLeft(client);
+  });
+  registry_ = std::make_unique<BusRegistry>(*connection_, service_);
+  service_.setObjectListener(this);
+}
+
+void BusService::disconnect() {
+  service_.setObjectListener(nullptr);
+  objects_.clear();
+  registry_.reset();
+  clients_.reset();
+  connection_.reset();
+}
+
+bool BusService::process() {
+  try {
+    while (connection_->processPendingRequest()) {
+    }
+    return true;
+  } catch (const sdbus::Error& error) {
+    disconnect();
+    trouble_.begin("The connection to D-Bus is lost: " + error.getMessage() +
+                   ". Touches go on; settings cannot be changed.");
+    return false;
+  }
+}
+
+void BusService::published(RegistryObject object) {
+  objects_.emplace(object, std::make_unique<BusObject>(*connection_, service_, object));
+}
+
+}  // namespace touchpanel::driver

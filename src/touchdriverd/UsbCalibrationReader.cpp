@@ -1,0 +1,96 @@
+#include "touchdriverd/UsbCalibrationReader.h"
+
+#include <cerrno>
+#include <span>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include <libusb.h>
+#include <sys/eventfd.h>
+
+#include "driver/service/DeviceReading.h"
+#include "platform_build/BuildConstants.h"
+#include "providers/linux/loop/FileDescriptor.h"
+#include "providers/linux/usb/LibusbDeviceInterface.h"
+#include "providers/linux/usb/UsbStatus.h"
+#include "touchdriverd/StoppableClock.h"
+#include "touchdriverd/StoppableDevice.h"
+
+namespace touchpanel::driver {
+
+namespace {
+struct ExitLibusb {
+  void operator()(libusb_context* context) const { libusb_exit(context); }
+};
+struct FreeList {
+  void operator()(libusb_device** list) const { libusb_free_device_list(list, 1); }
+};
+
+/// The touchscreen at that place; null when it is gone.
+std::shared_ptr<UsbAttachment> find(libusb_context* context, const TouchscreenIdentity& identity) {
+  libusb_device** raw = nullptr;
+  const auto count = libusb_get_device_list(context, &raw);
+  if (count < 0) return nullptr;
+  const std::unique_ptr<libusb_device*, FreeList> list(raw);
+  for (auto* device : std::span(raw, static_cast<std::size_t>(count))) {
+    libusb_device_descriptor descriptor{};
+    if (libusb_get_device_descriptor(device, &descriptor) != 0) continue;
+    if (descriptor.idVendor != TOUCH_VENDOR_ID || descriptor.idProduct != identity.productId) continue;
+    auto attachment = std::make_shared<UsbAttachment>(
+        UsbAttachment{LibusbDevice(libusb_ref_device(device)), descriptor.idVendor, descriptor.idProduct});
+    std::uint32_t location = 0;
+    LibusbDeviceInterface(attachment, 0, nullptr).getLocationID(location);
+    if (location == identity.locationId) return attachment;
+  }
+  return nullptr;
+}
+
+Status read(const TouchscreenIdentity& identity, _DEVICT_CONTEXT& context, Diagnostics& details,
+            const std::stop_token& stop) {
+  libusb_context* raw = nullptr;
+  if (const auto status = statusOfLibusb(libusb_init(&raw)); status != kSuccess) return status;
+  const std::unique_ptr<libusb_context, ExitLibusb> usb(raw);
+  const auto attachment = find(usb.get(), identity);
+  if (!attachment) return kErrorNoDevice;
+  LibusbDeviceInterface device(attachment, 0, nullptr);
+  StoppableDevice stoppable(device, stop);
+  StoppableClock clock(stop);
+  return readCalibration(stoppable, identity.productId, context, clock, details);
+}
+
+class Reading final : public CalibrationReading {
+ public:
+  Reading(EventLoop& loop, Diagnostics& details, const TouchscreenIdentity& identity,
+          const _DEVICT_CONTEXT& held, CalibrationReader::Done done)
+      : context_(held), done_(std::move(done)), finished_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    if (!finished_) throw std::system_error(errno, std::generic_category(), "eventfd");
+    watch_ = loop.watch(finished_.get(), [this] { finish(); });
+    thread_ = std::jthread([this, &details, identity](const std::stop_token& stop) {
+      status_ = read(identity, context_, details, stop);
+      ::eventfd_write(finished_.get(), 1);
+    });
+  }
+
+ private:
+  void finish() {
+    watch_->stop();
+    thread_.join();
+    done_(status_, context_);
+  }
+
+  _DEVICT_CONTEXT context_;  ///< the thread's own until it has finished, as is status_
+  Status status_ = kErrorGeneral;
+  CalibrationReader::Done done_;
+  FileDescriptor finished_;
+  std::unique_ptr<EventLoop::Watch> watch_;
+  std::jthread thread_;
+};
+}  // namespace
+
+std::unique_ptr<CalibrationReading> UsbCalibrationReader::start(const TouchscreenIdentity& identity,
+                                                                const _DEVICT_CONTEXT& held, Done done) {
+  return std::make_unique<Reading>(loop_, details_, identity, held, std::move(done));
+}
+
+}  // namespace touchpanel::driver

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "driver/service/CalibrationReader.h"
+#include "platform/Diagnostics.h"
+#include "providers/linux/loop/EventLoop.h"
+
+namespace touchpanel::driver {
+
+/// Reads touchscreens over USB, each in a short-lived thread of its own, so that the others' touches go on.
+/// An abandoned read ends after the transfer that it is in.
+class UsbCalibrationReader final : public CalibrationReader {
+ public:
+  /// `details` hears the exchange's own lines, from those threads.
+  UsbCalibrationReader(EventLoop& loop, Diagnostics& details) : loop_(loop), details_(details) {}
+  std::unique_ptr<CalibrationReading> start(const TouchscreenIdentity& identity, const _DEVICT_CONTEXT& held,
+                                            Done done) override;
+
+ private:
+  EventLoop& loop_;
+  Diagnostics& details_;
+};
+
+}  // namespace touchpanel::driver

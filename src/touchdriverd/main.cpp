@@ -1,0 +1,76 @@
+// Composition root of the touch driver service; no logic.
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <system_error>
+
+#include <malloc.h>
+
+#include "driver/service/DriverService.h"
+#include "providers/files/LibplistFiles.h"
+#include "providers/linux/dbus/BusNames.h"
+#include "providers/linux/input/EvdevInputs.h"
+#include "providers/linux/input/UdevTouchscreens.h"
+#include "providers/linux/input/UinputDevices.h"
+#include "providers/linux/loop/EventLoop.h"
+#include "touchdriverd/BusLoop.h"
+#include "touchdriverd/BusService.h"
+#include "touchdriverd/Options.h"
+#include "touchdriverd/StandardError.h"
+#include "touchdriverd/UsbCalibrationReader.h"
+
+using namespace touchpanel;
+using namespace touchpanel::driver;
+
+namespace {
+void blockSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int each : {SIGTERM, SIGINT}) sigaddset(&signals, each);
+  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+// A touchscreen is read on a thread of its own, for a second after its arrival. With an arena for each of
+// them a wall of 16 touchscreens would hold 6 MB more for the rest of the service's life.
+void shareOneArena() { ::mallopt(M_ARENA_MAX, 1); }
+
+int serve(const Options& options) {
+  shareOneArena();
+  blockSignals();
+  std::error_code
+      ignored;  // a directory that is not there shows when the first setting is saved, and is told then
+  std::filesystem::create_directories(options.stateDirectory, ignored);
+
+  StandardError diagnostics(true);
+  StandardError details(options.verbose);
+  EventLoop loop;
+  loop.stopOn({SIGTERM, SIGINT});
+  files::LibplistFiles files;
+  StateStore store(files, options.stateDirectory, diagnostics);
+  EvdevInputs inputs(loop, diagnostics);
+  UinputDevices pointers;
+  UsbCalibrationReader calibrations(loop, details);
+  DriverService service({inputs, pointers, loop, calibrations, diagnostics}, store);
+  UdevTouchscreens touchscreens(loop, service, details);
+  BusService bus(service, options.bus,
+                 options.bus == Bus::System ? bus_name::kService : bus_name::kDevelopmentService,
+                 diagnostics);
+  const BusLoop busLoop(loop, bus);
+  details.line("Serving.");
+  return loop.run();
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+  int exitStatus = EXIT_FAILURE;
+  const auto options = parseOptions(argc, argv, exitStatus);
+  if (!options) return exitStatus;
+  try {
+    return serve(*options);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "touchdriverd: %s\n", error.what());
+    return EXIT_FAILURE;
+  }
+}

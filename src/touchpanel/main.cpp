@@ -1,0 +1,37 @@
+#include <QApplication>
+
+#include "panel/ControlPanel.h"
+#include "platform_build/BuildConstants.h"
+#include "providers/files/LibplistFiles.h"
+#include "providers/linux/dbus/DBusRegistry.h"
+#include "providers/linux/desktop/DesktopRegistry.h"
+#include "providers/linux/desktop/GSettingsDoubleClick.h"
+#include "providers/linux/usb/LibusbBus.h"
+#include "providers/process/BlockingClock.h"
+#include "providers/process/StandardOutput.h"
+
+/// The control panel on a real machine.
+int main(int argc, char** argv) {
+  using namespace touchpanel;
+  const QApplication application(argc, argv);
+  BlockingClock clock;
+  StandardOutput diagnostics;
+  files::LibplistFiles files;
+  LibusbBus usb(TOUCH_VENDOR_ID);
+  linux_registry::DBusRegistry service(diagnostics);
+  linux_registry::GSettingsDoubleClick desktop;
+  linux_registry::DesktopRegistry registry(service, desktop);
+  ControlPanel panel({.usbNotifications = usb,
+                      .usbServices = usb,
+                      .registry = registry,
+                      .files = files,
+                      .clock = clock,
+                      .diagnostics = diagnostics,
+                      .paths = ConfigPaths::in(kConfigDirectory),
+                      .libraries = {libusbInUse(),
+                                    files::libplistInUse(),
+                                    {"sdbus-c++", "GNU LGPL 2.1 with exception"},
+                                    {"libsystemd", "GNU LGPL 2.1"},
+                                    linux_registry::glibInUse()}});
+  return panel.run();
+}

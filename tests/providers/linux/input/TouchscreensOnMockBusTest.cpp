@@ -1,0 +1,131 @@
+// udev and libusb for real, on a mock USB bus with the firmware model behind it.
+#include <gtest/gtest.h>
+
+#include "contract/DriverProperties.h"
+#include "contract/LocationId.h"
+#include "providers/linux/input/UdevTouchscreens.h"
+#include "providers/linux/loop/EventLoop.h"
+#include "providers/linux/usb/DeviceLock.h"
+#include "support/FakePointerDevices.h"
+#include "support/FakePropertyListFiles.h"
+#include "support/FakeTouchInputs.h"
+#include "support/MockUsbBus.h"
+#include "support/RecordingDiagnostics.h"
+#include "touchdriverd/UsbCalibrationReader.h"
+
+namespace touchpanel::testing {
+namespace {
+
+using firmware::Firmware;
+
+firmware::DeviceDescription calibrated(DeviceKind kind) {
+  auto description = firmware::exampleDevice(kind);
+  description.deviceConfig.CalibrateStatus = 1;
+  description.calibParams.X.A10 = description.calibParams.Y.A01 = 0.5F;
+  return description;
+}
+
+class TouchscreensOnMockBus : public ::testing::Test {
+ protected:
+  void start() { touchscreens = std::make_unique<driver::UdevTouchscreens>(loop, service, details); }
+  template <typename Condition>
+  bool happens(Condition condition) {
+    const auto end = loop.now() + std::chrono::seconds(20);
+    while (!condition() && loop.now() < end) loop.runOnce(std::chrono::milliseconds(100));
+    return condition();
+  }
+  std::vector<RegistryObject> drivers() { return service.registry().instancesOf(class_name::kTouchDriver); }
+  Dictionary calibration(RegistryObject object) {
+    return *service.registry().properties(object)->dictionary(property::kCalibration);
+  }
+  bool isCalibrated(RegistryObject object) { return calibration(object).boolean("calibrateStatus"); }
+  std::uint32_t locationOf(RegistryObject driver) {
+    return static_cast<std::uint32_t>(
+        service.registry().properties(driver + 1)->longInteger(property::kLocationID));
+  }
+
+  Firmware infrared{calibrated(DeviceKind::Infrared)};
+  Firmware optical{calibrated(DeviceKind::Optical)};
+  MockUsbBus bus;
+  driver::EventLoop loop;
+  FakeTouchInputs inputs;
+  FakePointerDevices pointers;
+  RecordingDiagnostics diagnostics;
+  RecordingDiagnostics details;
+  FakePropertyListFiles files;
+  driver::StateStore store{files, "/state", diagnostics};
+  driver::UsbCalibrationReader reader{loop, details};
+  driver::DriverService service{{inputs, pointers, loop, reader, diagnostics}, store};
+  std::unique_ptr<driver::UdevTouchscreens> touchscreens;
+};
+
+TEST_F(TouchscreensOnMockBus, ArePublishedAtOnceAndCalibratedOutOfTheDevice) {
+  bus.plugIn("1-2", infrared);
+  bus.plugIn("1-3.1", optical);
+  start();
+  ASSERT_EQ(drivers().size(), 2U);
+  std::set<std::uint32_t> places;
+  for (const auto driver : drivers()) {
+    EXPECT_FALSE(isCalibrated(driver)) << "published before it is read";
+    places.insert(locationOf(driver));
+  }
+  EXPECT_EQ(places, (std::set{*locationIdFromKernelName("1-2"), *locationIdFromKernelName("1-3.1")}));
+  for (const auto driver : drivers()) {
+    EXPECT_TRUE(happens([&] { return isCalibrated(driver); }));
+    const auto params = imageOf(infrared.stored().calibParams);
+    EXPECT_EQ(*calibration(driver).bytes("calibParams"), Bytes(params.begin(), params.end()));
+  }
+  EXPECT_TRUE(diagnostics.lines.empty());
+}
+
+TEST_F(TouchscreensOnMockBus, ComeAndGo) {
+  start();
+  for (int round = 0; round < 3; ++round) {
+    bus.plugIn("1-2", infrared);
+    ASSERT_TRUE(happens([&] { return drivers().size() == 1; }));
+    const bool pulledOutWhileItIsRead = round == 0;
+    ASSERT_TRUE(pulledOutWhileItIsRead || happens([&] { return isCalibrated(drivers()[0]); }));
+    bus.unplug("1-2");
+    ASSERT_TRUE(happens([&] { return drivers().empty(); }));
+  }
+}
+
+TEST_F(TouchscreensOnMockBus, OfOtherMakesAreNoneOfOurs) {
+  auto foreign = firmware::exampleDevice(DeviceKind::Infrared);
+  foreign.productId = 0x0099;
+  Firmware otherProduct(foreign);
+  bus.plugIn("1-2", otherProduct);
+  bus.plugIn("1-3", infrared, 1, 0x1234);
+  start();
+  bus.plugIn("1-4", optical);
+  ASSERT_TRUE(happens([&] { return !drivers().empty(); }));
+  EXPECT_EQ(drivers().size(), 1U);
+}
+
+TEST_F(TouchscreensOnMockBus, AreReadOnceTheControlPanelHasClosedThem) {
+  bus.plugIn("1-2", infrared);
+  DeviceLock panel;
+  unsigned usbBus = 0;
+  unsigned number = 0;
+  ASSERT_EQ(std::sscanf(bus.nodeOf("1-2").c_str(), "/dev/bus/usb/%u/%u", &usbBus, &number), 2);
+  ASSERT_EQ(panel.take(static_cast<std::uint8_t>(usbBus), static_cast<std::uint8_t>(number)), kSuccess);
+  start();
+  const auto driver = drivers().at(0);
+  EXPECT_EQ(service.setProperty(driver, property::kConfigration, Dictionary{{"smoothness", 3}}, ":1.1"),
+            kSuccess)
+      << "the service answers while it waits for the device";
+  EXPECT_EQ(infrared.packetsReceived(), 0U);
+  panel.release();
+  EXPECT_TRUE(happens([&] { return isCalibrated(driver); }));
+}
+
+TEST_F(TouchscreensOnMockBus, ThatDoNotAnswerKeepWhatIsRemembered) {
+  infrared.setFault({firmware::Fault::Stalls, 0});
+  bus.plugIn("1-2", infrared);
+  start();
+  EXPECT_TRUE(happens([&] { return !diagnostics.lines.empty(); }));
+  EXPECT_FALSE(isCalibrated(drivers().at(0)));
+}
+
+}  // namespace
+}  // namespace touchpanel::testing

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "platform/TouchInputs.h"
+
+namespace touchpanel::testing {
+
+/// Input nodes by path, whose touches the test makes up.
+class FakeTouchInputs final : public driver::TouchInputs {
+ public:
+  struct Node {
+    Status openResult = kSuccess;
+    bool touches = true;
+    bool held = false;
+    int attempts = 0;
+    driver::FrameListener* listener = nullptr;
+  };
+
+  Status open(const std::string& path, std::unique_ptr<driver::TouchInput>& input) override {
+    auto& node = nodes[path];
+    ++node.attempts;
+    if (node.openResult == kSuccess) input = std::make_unique<Input>(node);
+    return node.openResult;
+  }
+  void touch(const std::string& path, const driver::RawFrame& frame) {
+    if (nodes[path].listener) nodes[path].listener->frame(frame);
+  }
+
+  std::map<std::string, Node> nodes;
+
+ private:
+  class Input final : public driver::TouchInput {
+   public:
+    explicit Input(Node& node) : node_(node) { node_.held = true; }
+    ~Input() override {
+      node_.held = false;
+      node_.listener = nullptr;
+    }
+    bool reportsTouches() const override { return node_.touches; }
+    void listen(driver::FrameListener& listener) override { node_.listener = &listener; }
+
+   private:
+    Node& node_;
+  };
+};
+
+}  // namespace touchpanel::testing
