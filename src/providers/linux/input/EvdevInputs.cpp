@@ -11,8 +11,8 @@
 
 #include "platform/Trouble.h"
 #include "providers/linux/input/FrameAssembler.h"
+#include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
-#include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel::driver {
 

@@ -14,8 +14,8 @@
 #include "contract/DriverProperties.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/linux/input/OutputEvents.h"
+#include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
-#include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel::driver {
 

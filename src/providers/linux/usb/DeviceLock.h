@@ -3,6 +3,7 @@
 #include <cstdint>
 
 #include "platform/Status.h"
+#include "providers/linux/loop/FileDescriptor.h"
 
 namespace touchpanel {
 
@@ -12,18 +13,13 @@ namespace touchpanel {
 /// however that ends, and cannot outlive the device, whose next stay has a new node.
 class DeviceLock {
  public:
-  DeviceLock() = default;
-  ~DeviceLock() { release(); }
-  DeviceLock(const DeviceLock&) = delete;
-  DeviceLock& operator=(const DeviceLock&) = delete;
-
   /// Takes the lock of a device that it does not hold yet. Does not wait: kErrorExclusiveAccess while another
   /// has it, kErrorNoDevice when there is no such node, kErrorNotPermitted when it may not be opened.
   Status take(std::uint8_t bus, std::uint8_t deviceNumber);
-  void release();
+  void release() { node_ = driver::FileDescriptor(); }
 
  private:
-  int node_ = -1;
+  driver::FileDescriptor node_;
 };
 
 }  // namespace touchpanel

@@ -1,7 +1,5 @@
 #include "providers/linux/usb/UsbStatus.h"
 
-#include <cerrno>
-
 #include <libusb.h>
 
 namespace touchpanel {
@@ -31,25 +29,6 @@ Status statusOfLibusb(int code) {
       return kErrorNoMemory;
     case LIBUSB_ERROR_NOT_SUPPORTED:
       return kErrorUnsupported;
-    default:
-      return kErrorGeneral;
-  }
-}
-
-Status statusOfErrno(int code) {
-  switch (code) {
-    case ENOENT:
-    case ENODEV:
-    case ENXIO:
-      return kErrorNoDevice;
-    case EACCES:
-    case EPERM:
-      return kErrorNotPermitted;
-    case EWOULDBLOCK:
-    case EBUSY:
-      return kErrorExclusiveAccess;
-    case ENOMEM:
-      return kErrorNoMemory;
     default:
       return kErrorGeneral;
   }

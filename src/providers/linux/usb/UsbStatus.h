@@ -4,10 +4,7 @@
 
 namespace touchpanel {
 
-/// The one translation of libusb's codes: 0 and above is success, an unknown code is kErrorGeneral.
+/// The status of a libusb code: 0 and above is success, an unknown code is kErrorGeneral.
 Status statusOfLibusb(int code);
-
-/// The same for an errno of the calls made beside libusb, on a device's node. Never success.
-Status statusOfErrno(int code);
 
 }  // namespace touchpanel

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <libusb.h>
 
+#include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel {
