@@ -1,12 +1,10 @@
-#include "demo/tour/CalibrationSteps.h"
-
 #include <cstdio>
 
 #include "calibration/CalibrationGrid.h"
 #include "contract/DriverProperties.h"
 #include "demo/measure/AccuracyProbe.h"
 #include "demo/tour/CalibrationPlay.h"
-#include "demo/tour/SettingsSteps.h"
+#include "demo/tour/Steps.h"
 
 namespace touchpanel::demo {
 namespace {

@@ -1,10 +1,9 @@
-#include "demo/tour/DeviceSteps.h"
-
 #include <QTableView>
 #include <cstdio>
 
 #include "contract/DriverProperties.h"
 #include "demo/measure/AccuracyProbe.h"
+#include "demo/tour/Steps.h"
 
 namespace touchpanel::demo {
 namespace {

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 #include "demo/tour/StepFailed.h"
-#include "demo/tour/Theme.h"
+#include "panel/Themes.h"
 
 namespace touchpanel::demo {
 
@@ -19,8 +19,10 @@ void Pictures::take(const std::string& name) {
 
 void Pictures::takeInBothThemes(const std::string& name) {
   take(name + "-light");
-  const DarkTheme dark;
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(darkPalette());
   take(name + "-dark");
+  QApplication::setPalette(before);
 }
 
 void Pictures::takeAsItIs(const std::string& name) {

@@ -5,11 +5,14 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
+#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 
 namespace touchpanel::demo {
 namespace {
+
+constexpr std::chrono::seconds kPatience(30);
 
 QWidget* visibleWidget(const QString& name) {
   for (auto* window : QApplication::topLevelWidgets()) {
@@ -28,7 +31,31 @@ bool isOnScreen(const QWidget& widget) {
 
 }  // namespace
 
-Stage::Stage(Demo& demo, Pictures& pictures) : demo_(demo), wait_(demo.application()), pictures_(pictures) {}
+void Stage::until(const std::function<bool()>& condition, const std::string& what) const {
+  bool isOver = false;
+  std::string inTheWay;
+  QTimer timer;
+  timer.setSingleShot(true);
+  QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+    isOver = true;
+    // A window with a loop of its own would keep us from ever coming back.
+    if (auto* window = QApplication::activeModalWidget(); window != nullptr) {
+      inTheWay = "; in the way: \"" + window->windowTitle().toStdString() + "\"";
+      window->close();
+    }
+  });
+  timer.start(kPatience);
+  while (!condition()) {
+    if (isOver)
+      throw StepFailed(std::string("waited ")
+                           .append(std::to_string(kPatience.count()))
+                           .append(" s in vain for ")
+                           .append(what)
+                           .append(inTheWay));
+    if (demo_.application().isEnding()) throw StepFailed("the panel ended while waiting for " + what);
+    QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+  }
+}
 
 QWidget& Stage::widget(const char* name) const {
   QWidget* found = nullptr;

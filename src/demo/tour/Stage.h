@@ -2,15 +2,13 @@
 
 #include <QPoint>
 #include <QWidget>
+#include <functional>
 #include <string>
 
 #include "demo/Demo.h"
-#include "demo/tour/EventWait.h"
 #include "demo/tour/InjectedInput.h"
 #include "demo/tour/Pictures.h"
 #include "demo/tour/StepFailed.h"
-
-class QTabWidget;
 
 namespace touchpanel::demo {
 
@@ -18,14 +16,15 @@ namespace touchpanel::demo {
 /// widgets are; what they do to them goes the long way through the X server.
 class Stage {
  public:
-  Stage(Demo& demo, Pictures& pictures);
+  Stage(Demo& demo, Pictures& pictures) : demo_(demo), pictures_(pictures) {}
 
   Demo& demo() { return demo_; }
   InjectedInput& input() { return input_; }
   Pictures& pictures() { return pictures_; }
-  void until(const std::function<bool()>& condition, const std::string& what) const {
-    wait_.until(condition, what);
-  }
+  /// Serves events until `condition` holds, which is looked at after every batch of events and never at fixed
+  /// times. StepFailed, naming `what`, when that has not come about after half a minute or cannot any more
+  /// because the program is ending; a modal window that is in the way by then is named and closed.
+  void until(const std::function<bool()>& condition, const std::string& what) const;
 
   /// The visible widget of that object name in any window; StepFailed when there is none after waiting.
   QWidget& widget(const char* name) const;
@@ -53,7 +52,6 @@ class Stage {
 
   Demo& demo_;
   InjectedInput input_;
-  EventWait wait_;
   Pictures& pictures_;
 };
 

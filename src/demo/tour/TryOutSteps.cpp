@@ -1,10 +1,9 @@
-#include "demo/tour/TryOutSteps.h"
-
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <algorithm>
 #include <cstdio>
 
+#include "demo/tour/Steps.h"
 #include "panel/TryOutSurface.h"
 
 namespace touchpanel::demo {

@@ -4,8 +4,7 @@
 #include <cstdio>
 #include <exception>
 
-#include "demo/tour/PicturingClock.h"
-#include "demo/tour/Step.h"
+#include "demo/tour/Steps.h"
 #include "platform/RecentDiagnostics.h"
 #include "providers/process/BlockingClock.h"
 
@@ -13,6 +12,42 @@ namespace {
 
 using namespace touchpanel;
 using namespace touchpanel::demo;
+
+struct Step {
+  const char* title;
+  std::string (*play)(Stage&);
+};
+
+/// In this order; the last one ends the panel.
+constexpr Step kSteps[] = {
+    {"list the touchscreens", listDevices},
+    {"show what this is", showAbout},
+    {"change settings and apply them", applySettings},
+    {"try out the infrared one", tryOutBeforeCalibration},
+    {"calibrate the infrared one with 25 targets", calibrateInfraredWith25Targets},
+    {"try out the infrared one again", tryOutAfterCalibration},
+    {"calibrate the optical one with 4 targets", calibrateOpticalWith4Targets},
+    {"calibrate the configuration-only one in a region", calibrateConfigurationOnlyInRegion},
+    {"unplug the optical one and plug it in again", replugOptical},
+    {"reset the infrared one", resetInfrared},
+    {"unplug all", unplugAll},
+};
+
+/// The real clock, and a picture of what the user sees while it makes the panel wait for the first time.
+class PicturingClock final : public Clock {
+ public:
+  PicturingClock(Clock& clock, Pictures& pictures) : clock_(clock), pictures_(pictures) {}
+  void sleep(std::chrono::milliseconds duration) override {
+    if (!isTaken_) pictures_.takeAsItIs("start-up");
+    isTaken_ = true;
+    clock_.sleep(duration);
+  }
+
+ private:
+  Clock& clock_;
+  Pictures& pictures_;
+  bool isTaken_ = false;
+};
 
 /// Takes the panel's lines away from standard output, where each step has its own.
 class Unheard final : public Diagnostics {
@@ -31,7 +66,7 @@ bool play(Demo& demo, Pictures& pictures) {
   std::size_t number = 0;
   try {
     Stage stage(demo, pictures);
-    for (const auto& step : steps()) {
+    for (const auto& step : kSteps) {
       title = step.title;
       ++number;
       print(number, title, step.play(stage));

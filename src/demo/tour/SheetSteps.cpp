@@ -1,5 +1,4 @@
-#include "demo/tour/SettingsSteps.h"
-
+#include <QLabel>
 #include <QSpinBox>
 #include <algorithm>
 #include <map>
@@ -7,10 +6,33 @@
 
 #include "calibration/CalibrationGrid.h"
 #include "contract/DriverProperties.h"
-#include "demo/ValueText.h"
+#include "demo/tour/Steps.h"
 
 namespace touchpanel::demo {
 namespace {
+
+/// A value in a line for people: {mode: 2, enableTouch: true, calibParams: 116 bytes}.
+std::string textOf(const Value& value);
+
+struct Writer {
+  std::string operator()(bool value) const { return value ? "true" : "false"; }
+  std::string operator()(const std::string& value) const { return '"' + value + '"'; }
+  std::string operator()(const Bytes& value) const { return std::to_string(value.size()) + " bytes"; }
+  std::string operator()(const Array& value) const {
+    std::string text;
+    for (const auto& element : value) text += (text.empty() ? "" : ", ") + textOf(element);
+    return '[' + text + ']';
+  }
+  std::string operator()(const Dictionary& value) const {
+    std::string text;
+    for (const auto& [key, element] : value)
+      text += (text.empty() ? "" : ", ") + key + ": " + textOf(element);
+    return '{' + text + '}';
+  }
+  std::string operator()(auto number) const { return std::to_string(number); }
+};
+
+std::string textOf(const Value& value) { return std::visit(Writer{}, value.storage()); }
 
 void openSettings(Stage& stage) {
   stage.click("btnSettings");
@@ -95,6 +117,17 @@ std::string applySettings(Stage& stage) {
   stage.untilHidden("SettingsWindow");
   stage.pictures().takeInBothThemes("main-window-settings-saved");
   return told(messages);
+}
+
+std::string showAbout(Stage& stage) {
+  stage.click("btnAbout");
+  stage.untilShown("AboutWindow");
+  const auto version = stage.the<QLabel>("lbAboutDriverVersion").text().toStdString();
+  require(version == "15.1.3.0004", "the About sheet tells version \"" + version + "\"");
+  stage.pictures().takeInBothThemes("about");
+  stage.click("btnAboutClose");
+  stage.untilHidden("AboutWindow");
+  return "driver version " + version;
 }
 
 }  // namespace touchpanel::demo

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+#include "demo/tour/Stage.h"
+
+namespace touchpanel::demo {
+
+// The steps of the tour. Each plays its part, sees that it came out as it should and returns what there is to
+// report in a line; StepFailed otherwise.
+
+/// Sees that all three kinds are in the table.
+std::string listDevices(Stage& stage);
+/// Opens the About sheet and closes it.
+std::string showAbout(Stage& stage);
+/// Changes settings and applies them, reports the messages that every driver instance got, and goes back to
+/// the default settings.
+std::string applySettings(Stage& stage);
+/// Touches the test points of the try-out page with a finger on the infrared touchscreen. Out of the box it
+/// misses them by much.
+std::string tryOutBeforeCalibration(Stage& stage);
+/// The same once it is calibrated: it hits them.
+std::string tryOutAfterCalibration(Stage& stage);
+/// Calibrates by touches alone, OK included, and compares how well the touchscreen hits before and after, on
+/// points that were no targets.
+std::string calibrateInfraredWith25Targets(Stage& stage);
+std::string calibrateOpticalWith4Targets(Stage& stage);
+/// Calibrates the touchscreen that keeps its calibration in a file, in a part of the screen that is then
+/// spread over all of it.
+std::string calibrateConfigurationOnlyInRegion(Stage& stage);
+/// Unplugs the calibrated optical touchscreen and plugs it in again: it still hits.
+std::string replugOptical(Stage& stage);
+/// Resets the infrared touchscreen's calibration.
+std::string resetInfrared(Stage& stage);
+/// Unplugs one after the other; with the last one the panel ends.
+std::string unplugAll(Stage& stage);
+
+/// Opens the settings sheet, chooses a grid of `targets`, 4 or 25, and accepts. A part of other steps.
+void chooseCalibrationMode(Stage& stage, int targets);
+
+}  // namespace touchpanel::demo
