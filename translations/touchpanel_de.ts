@@ -760,7 +760,7 @@
     </message>
 </context>
 <context>
-    <name>StartUpPanel</name>
+    <name>StartUpWindow</name>
     <message>
         <source>Touch Panel</source>
         <translation>Touch Panel</translation>

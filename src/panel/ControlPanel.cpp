@@ -31,7 +31,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       diagnostics_(platform_.diagnostics),
       gate_(application_, diagnostics_),
       runLoop_(gate_),
-      alerts_(gate_, cursor_),
+      alerts_(gate_, cursor_, &alertText),
       screen_(gate_),
       settingsSheet_(&mainWindow_),
       settings_(laidOut<Ui::SettingsSheet>(settingsSheet_)),

@@ -5,18 +5,15 @@
 #include "app/MyController.h"
 #include "panel/PanelControls.h"
 #include "panel/PanelPlatform.h"
-#include "panel/QtStatusLine.h"
-#include "panel/QtWaitNotice.h"
+#include "panel/SheetDialog.h"
+#include "panel/StatusArea.h"
 #include "panel/Translations.h"
 #include "panel/TryOutPage.h"
 #include "platform/RecentDiagnostics.h"
 #include "providers/qt/QtAlerts.h"
 #include "providers/qt/QtApplication.h"
-#include "providers/qt/QtPresentation.h"
 #include "providers/qt/QtRunLoop.h"
 #include "providers/qt/QtScreen.h"
-#include "providers/qt/QtSheets.h"
-#include "providers/qt/SheetDialog.h"
 
 namespace touchpanel {
 
@@ -62,15 +59,15 @@ class ControlPanel {
   QtPresentation presentation_;
   ProcessState process_;
 
-  StartUpPanel startUp_;
+  StartUpWindow startUp_;
   MainWindowWidget mainWindow_;
   SheetDialog settingsSheet_;
   Ui::SettingsSheet settings_;
   SheetDialog aboutSheet_;
   Ui::AboutSheet about_;
   StatusArea statusArea_;
-  QtStatusLine statusLine_;
-  QtWaitNotice waitNotice_;
+  TranslatedStatusLine statusLine_;
+  TranslatedWaitNotice waitNotice_;
   TryOutPage tryOutPage_;
   PanelControls controls_;
   MyController controller_;

@@ -1,10 +1,33 @@
 #include "panel/PanelControls.h"
 
+#include <QCoreApplication>
+
 namespace touchpanel {
+namespace {
+
+/// Gives the texts of the list their place in the catalogues.
+class DeviceTable {
+  Q_DECLARE_TR_FUNCTIONS(DeviceTable)
+};
+
+[[maybe_unused]] constexpr const char* kWords[] = {QT_TRANSLATE_NOOP("DeviceTable", "YES"),
+                                                   QT_TRANSLATE_NOOP("DeviceTable", "NO")};
+
+/// The columns of the list of touchscreens.
+std::vector<QtTable::Column> deviceColumns() {
+  const auto word = [](const std::string& english) { return DeviceTable::tr(english.c_str()); };
+  return {{"SN", DeviceTable::tr("Serial number")},
+          {"FirmwareVersion", DeviceTable::tr("Firmware")},
+          {"CalibrateStatus", DeviceTable::tr("Calibrated"), word},
+          {"MonitorID", DeviceTable::tr("Monitor")},
+          {"LocationID", DeviceTable::tr("Location")}};
+}
+
+}  // namespace
 
 PanelControls::PanelControls(MainWindowWidget& main, QDialog& settingsSheet,
                              const Ui::SettingsSheet& settings, QDialog& aboutSheet, CallbackGate& gate)
-    : deviceTableView(*main.ui().deviceTableView, gate),
+    : deviceTableView(*main.ui().deviceTableView, deviceColumns(), gate),
       btnRegionCalibrate(*main.ui().btnRegionCalibrate, {main.ui().actionRegionCalibrate}),
       btnCalibrate(*main.ui().btnCalibrate, {main.ui().actionCalibrate}, &btnRegionCalibrate),
       btnMapping(*main.ui().btnMapping),

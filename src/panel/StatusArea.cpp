@@ -1,5 +1,8 @@
 #include "panel/StatusArea.h"
 
+#include "panel/Translations.h"
+#include "providers/qt/ViewSurface.h"
+
 namespace touchpanel {
 
 void StatusArea::setOutcome(const QString& text) {
@@ -13,6 +16,24 @@ void StatusArea::setWait(const QString& text) {
   label_.repaint();
 }
 
-void StatusArea::show() { label_.setText(wait_.isEmpty() ? outcome_ : wait_); }
+void TranslatedStatusLine::show(const StatusMessage& message) {
+  QString text = translatedCount("StatusLine", statusTemplate(message.text), message.count);
+  text.replace(QStringLiteral("%1"), QString::fromStdString(message.device));
+  area_.setOutcome(text);
+}
+
+void TranslatedWaitNotice::waitingFor(const WaitMessage& message) {
+  const QString text = translatedCount("WaitNotice", waitTemplate(message.text), message.attempt);
+  cursor_.setBusy(true);
+  if (auto* surface = ViewSurface::shown()) return surface->setBanner(text);
+  if (startUp_.isVisible()) return startUp_.setText(text);
+  area_.setWait(text);
+}
+
+void TranslatedWaitNotice::done() {
+  cursor_.setBusy(false);
+  if (auto* surface = ViewSurface::shown()) surface->setBanner({});
+  area_.setWait({});
+}
 
 }  // namespace touchpanel

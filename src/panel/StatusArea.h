@@ -2,6 +2,11 @@
 
 #include <QLabel>
 
+#include "panel/StartUpWindow.h"
+#include "platform/StatusLine.h"
+#include "platform/WaitNotice.h"
+#include "providers/qt/QtCursor.h"
+
 namespace touchpanel {
 
 /// The main window's line of text: what was done last or, while the program blocks, what it waits for.
@@ -13,11 +18,36 @@ class StatusArea {
   void setWait(const QString& text);
 
  private:
-  void show();
+  void show() { label_.setText(wait_.isEmpty() ? outcome_ : wait_); }
 
   QLabel& label_;
   QString outcome_;
   QString wait_;
+};
+
+/// The last thing done, in the user's language.
+class TranslatedStatusLine final : public StatusLine {
+ public:
+  explicit TranslatedStatusLine(StatusArea& area) : area_(area) {}
+  void show(const StatusMessage& message) override;
+
+ private:
+  StatusArea& area_;
+};
+
+/// What the program waits for, wherever the user is looking: on the full-screen view, on the start-up window
+/// or on the status line; and a busy cursor over all of them.
+class TranslatedWaitNotice final : public WaitNotice {
+ public:
+  TranslatedWaitNotice(QtCursor& cursor, StatusArea& area, StartUpWindow& startUp)
+      : cursor_(cursor), area_(area), startUp_(startUp) {}
+  void waitingFor(const WaitMessage& message) override;
+  void done() override;
+
+ private:
+  QtCursor& cursor_;
+  StatusArea& area_;
+  StartUpWindow& startUp_;
 };
 
 }  // namespace touchpanel

@@ -2,6 +2,7 @@
 
 #include <QLocale>
 #include <QTranslator>
+#include <string_view>
 
 namespace touchpanel {
 
@@ -23,5 +24,9 @@ class Translations {
 
 /// The translation of `english` in `context`, with `count` in the place of "%n" where there is one.
 QString translatedCount(const char* context, const char* english, int count);
+
+/// `english`, a text of an alert as the logic gives it, in the user's language. A text that is in no
+/// catalogue is shown as it is.
+QString alertText(std::string_view english);
 
 }  // namespace touchpanel

@@ -5,7 +5,7 @@
 #include "app/TryOut.h"
 #include "panel/MainWindowWidget.h"
 #include "panel/TryOutReport.h"
-#include "providers/qt/QtButton.h"
+#include "providers/qt/QtControls.h"
 
 namespace touchpanel {
 

@@ -7,11 +7,10 @@
 #include <gtest/gtest.h>
 
 #include "UserInput.h"
-#include "calibration/Calibration.h"
 #include "calibration/CalibrationGrid.h"
 #include "calibration/RegionCalibration.h"
+#include "demo/CalibrationOnScreen.h"
 #include "panel/ControlPanel.h"
-#include "providers/qt/ViewSurface.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/FakeClock.h"
 #include "support/FakePropertyListFiles.h"
@@ -71,20 +70,15 @@ struct PanelRig : ::testing::Test {
   /// The run that covers the screen; null when there is none.
   static const CalibrationRun* run() {
     const auto* surface = ViewSurface::shown();
-    if (surface == nullptr) return nullptr;
-    if (const auto* whole = dynamic_cast<const Calibration*>(surface->view())) return &whole->run();
-    const auto* region = dynamic_cast<const RegionCalibration*>(surface->view());
-    return region == nullptr ? nullptr : &region->run();
+    return surface == nullptr ? nullptr : demo::runOn(*surface);
   }
   static QPoint onScreen(const Point& location) {
     const int height = QGuiApplication::primaryScreen()->size().height();
     return {static_cast<int>(std::lround(location.x)), height - static_cast<int>(std::lround(location.y))};
   }
-  static Point target(int index) {
+  static Size wholeScreen() {
     const QSize size = QGuiApplication::primaryScreen()->size();
-    const Size box{static_cast<float>(size.width()), static_cast<float>(size.height())};
-    return run()->mode() == kFourTargets ? fourPointTarget(index, box)
-                                         : gridTarget(index / 5 + 1, index % 5, box);
+    return {static_cast<float>(size.width()), static_cast<float>(size.height())};
   }
   /// Starts a calibration of the selected touchscreen over the whole screen.
   void startCalibration(std::int32_t mode) {
@@ -94,11 +88,13 @@ struct PanelRig : ::testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(ViewSurface::shown()));
     ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
   }
-  /// Touches every target that is left.
-  void collect(Kind kind) {
+  /// Touches every target that is left in `box`, at the lower left of the screen.
+  void collect(Kind kind, Size box = wholeScreen()) {
     while (run()->isCollecting()) {
       const int index = run()->touches().iTouchIndex;
-      tap(touchscreen(kind), onScreen(target(index)));
+      const bool isSmall = run()->mode() == kFourTargets;
+      tap(touchscreen(kind),
+          onScreen(isSmall ? fourPointTarget(index, box) : gridTarget(index / 5 + 1, index % 5, box)));
       ASSERT_TRUE(QTest::qWaitFor([&] { return run()->touches().iTouchIndex == index + 1; }))
           << "target " << index;
       ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));

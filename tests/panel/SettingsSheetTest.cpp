@@ -2,6 +2,7 @@
 #include <QSpinBox>
 
 #include "PanelRig.h"
+#include "app/SettingsValues.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -41,102 +42,85 @@ struct SettingsSheetTest : PanelRig {
   }
 };
 
-TEST_F(SettingsSheetTest, AppliesWhatTheMouseChoseToEveryTouchscreenAndToTheFile) {
-  open(Infrared);
+TEST_F(SettingsSheetTest, AppliesWhatTheUserGaveEachControlToEveryTouchscreenAndToTheFile) {
+  open(Optical);
   EXPECT_FALSE(widget("btnApply").isEnabled());
-  EXPECT_FALSE(panel.mainWindow().ui().btnCalibrate->isEnabled());
-  click("touchMode1");
+  const auto& main = panel.mainWindow().ui();
+  for (const bool isUsable : {main.btnCalibrate->isEnabled(), main.actionCalibrate->isEnabled(),
+                              main.btnRegionCalibrate->isEnabled()})
+    EXPECT_FALSE(isUsable);
+  const std::pair<int, const char*> choices[] = {
+      {1, "enableRightClick"}, {3, "enableTouchSensitivity"}, {4, "calibMode1"}, {0, "touchModeDrawing1"}};
+  for (const auto& [page, control] : choices) {
+    showPage(page);
+    click(control);
+  }
+  int steps = 0;
+  for (const char* field :
+       {"singleClickArea", "smoothness", "rightClickTime", "rightClickArea", "doubleClickTime",
+        "doubleClickArea", "touchSensitivityTime", "touchSensitivityArea"})
+    widget<IntegerField>(field).spinBox().stepBy(++steps);
+  const SettingsValues chosen{.touchMode = 1,
+                              .clickRange = 1,
+                              .smoothness = 3,
+                              .calibrateMode = 25,
+                              .calibrateType = 0,
+                              .enableRightClick = false,
+                              .rightClickTime = 1300,
+                              .rightClickArea = 9,
+                              .doubleClickTime = 750,
+                              .doubleClickArea = 11,
+                              .enableTouchSensitivity = false,
+                              .touchSensitivityTime = 170,
+                              .touchSensitivityArea = 13};
   EXPECT_TRUE(QTest::qWaitFor([&] { return widget("btnApply").isEnabled(); }));
   click("btnApply");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !widget("btnApply").isEnabled(); }));
+  EXPECT_EQ(settingsOf(selected()), chosen);
+  EXPECT_EQ(files.files.at(ConfigPaths::in("/etc/panel").driverConfig).integer(settings_key::kTouchMode), 1);
   for (const Kind kind : {Infrared, Optical, ConfigurationOnly})
     EXPECT_EQ(published(kind, property::kConfigration).integer(configration_key::kMode), 1);
-  EXPECT_EQ(files.files.at(ConfigPaths::in("/etc/panel").driverConfig).integer(settings_key::kTouchMode), 1);
   click("btnOk");
   EXPECT_TRUE(closes());
-  EXPECT_TRUE(panel.mainWindow().ui().btnCalibrate->isEnabled());
+  EXPECT_TRUE(main.btnCalibrate->isEnabled());
 }
 
-TEST_F(SettingsSheetTest, ChoosesATouchModeByItsDrawing) {
-  open(Infrared);
-  click("touchModeDrawing3");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return widget<QAbstractButton>("touchMode3").isChecked(); }));
-  EXPECT_TRUE(widget("btnApply").isEnabled());
-}
-
-TEST_F(SettingsSheetTest, EnablesWhatTheModeAndTheDeviceHaveAndSaysWhyForTheRest) {
+TEST_F(SettingsSheetTest, SaysWhyAControlCannotBeUsed) {
   struct Case {
-    Kind kind;
-    const char* mode;
     const char* control;
-    bool isEnabled;
+    bool inInfrared;
+    bool inOptical;
   };
-  const Case cases[] = {
-      {Infrared, "touchMode0", "enableRightClick", false},
-      {Infrared, "touchMode1", "rightClickTime", false},
-      {Infrared, "touchMode2", "enableRightClick", true},
-      {Infrared, "touchMode2", "rightClickArea", true},
-      {Infrared, "touchMode2", "smoothness", false},
-      {Infrared, "touchMode2", "touchSensitivityTime", false},
-      {Optical, "touchMode2", "smoothness", true},
-      {Optical, "touchMode0", "enableTouchSensitivity", true},
-      {Optical, "touchMode2", "touchSensitivityArea", true},
-  };
-  for (const auto& [kind, mode, control, isEnabled] : cases) {
-    SCOPED_TRACE(std::string(mode) + " " + control);
+  const Case cases[] = {{"singleClickArea", true, true},         {"enableRightClick", false, false},
+                        {"rightClickTime", false, false},        {"smoothness", false, true},
+                        {"enableTouchSensitivity", false, true}, {"touchSensitivityArea", false, true}};
+  for (const Kind kind : {Infrared, Optical}) {
     open(kind);
-    click(mode);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return widget(control).isEnabled() == isEnabled; }));
-    EXPECT_EQ(widget(control).toolTip().contains("nly") || widget(control).toolTip().contains("Available"),
-              !isEnabled)
-        << widget(control).toolTip().toStdString();
+    click("touchMode0");
+    for (const auto& [control, inInfrared, inOptical] : cases) {
+      const bool isEnabled = kind == Infrared ? inInfrared : inOptical;
+      EXPECT_EQ(widget(control).isEnabled(), isEnabled) << control;
+      const auto reason = widget(control).property("disabledReason").toString();
+      EXPECT_EQ(widget(control).toolTip(), isEnabled ? QString() : reason) << control;
+      EXPECT_TRUE(isEnabled || !reason.isEmpty()) << control;
+    }
     user.type("Escape");
     ASSERT_TRUE(closes());
   }
 }
 
-TEST_F(SettingsSheetTest, LeavesAStoredValueOutsideItsRangeAsItIsUntilItIsEdited) {
-  selectRow(Optical);
-  auto& entry = *panel.controller().state().currentDict;
-  entry.set(settings_key::kRightClickTime, 60000);
-  entry.set(settings_key::kTouchMode, 7);
-  entry.set(settings_key::kCalibrateMode, 9);
-  panel.controller().UpdateSettings();
-  open(Optical);
-  EXPECT_EQ(widget<IntegerField>("rightClickTime").spinBox().value(), 5000);
-  for (const char* mode : {"touchMode0", "touchMode1", "touchMode2", "touchMode3"})
-    EXPECT_FALSE(widget<QAbstractButton>(mode).isChecked()) << mode;
-  EXPECT_TRUE(widget<QAbstractButton>("calibMode1").isChecked());
-  click("btnOk");
-  ASSERT_TRUE(closes());
-  EXPECT_EQ(selected().integer(settings_key::kRightClickTime), 60000);
-  EXPECT_EQ(selected().integer(settings_key::kTouchMode), 7);
-}
-
-TEST_F(SettingsSheetTest, ReloadsWhenTouchscreensComeAndGoWhileItIsOpen) {
-  open(ConfigurationOnly);
-  machine.unplug(touchscreen(ConfigurationOnly));
-  auto& rows = *panel.mainWindow().ui().deviceTableView->model();
-  ASSERT_TRUE(QTest::qWaitFor([&] { return rows.rowCount() == 2; }));
-  EXPECT_EQ(selected(), *panel.controller().state().deviceListArray.front());
-  machine.plugIn(touchscreen(ConfigurationOnly));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return rows.rowCount() == 3; }));
-  EXPECT_TRUE(panel.settingsSheet().isVisible());
-  click("btnOk");
-  EXPECT_TRUE(closes());
-}
-
-TEST_F(SettingsSheetTest, PutsDefaultsInAndCancelsWithoutUsingThem) {
-  open(Infrared);
-  click("touchMode0");
-  click("btnApply");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return selected().integer(settings_key::kTouchMode) == 0; }));
-  click("btnDefault");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return widget<QAbstractButton>("touchMode2").isChecked(); }));
-  EXPECT_TRUE(widget("btnApply").isEnabled());
-  click("btnCancel");
-  ASSERT_TRUE(closes());
-  EXPECT_EQ(selected().integer(settings_key::kTouchMode), 0);
+TEST_F(SettingsSheetTest, ChangesNothingWhenItIsLeft) {
+  const std::function<void()> ways[] = {[&] { click("btnCancel"); }, [&] { user.type("Escape"); },
+                                        [&] { panel.settingsSheet().close(); }};
+  for (const auto& leave : ways) {
+    open(Infrared);
+    click("touchMode3");
+    leave();
+    ASSERT_TRUE(closes());
+    EXPECT_TRUE(status().contains("without applying")) << status().toStdString();
+    EXPECT_EQ(selected().integer(settings_key::kTouchMode), 2);
+    EXPECT_TRUE(panel.mainWindow().ui().btnCalibrate->isEnabled());
+  }
 }
 
 }  // namespace

@@ -39,11 +39,28 @@ class AlertReader final : public QObject {
 struct StartUpTest : PanelRig {
   static QString startUpText() {
     for (const QWidget* window : QApplication::topLevelWidgets())
-      if (dynamic_cast<const StartUpPanel*>(window) != nullptr && window->isVisible())
+      if (dynamic_cast<const StartUpWindow*>(window) != nullptr && window->isVisible())
         return window->findChildren<QLabel*>().last()->text();
     return {};
   }
 };
+
+TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain) {
+  QLabel label;
+  StatusArea area(label);
+  StartUpWindow startUp;
+  QtCursor cursor;
+  TranslatedStatusLine status(area);
+  TranslatedWaitNotice notice(cursor, area, startUp);
+  notice.waitingFor({WaitText::TouchscreenInUse, 7});
+  EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << label.text().toStdString();
+  EXPECT_EQ(PanelRig::cursorShape(), Qt::WaitCursor);
+  status.show({StatusText::TouchEnabled, "TS-1"});
+  EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << "the wait goes on";
+  notice.done();
+  EXPECT_EQ(label.text(), "Touch was enabled on TS-1.");
+  EXPECT_EQ(PanelRig::cursorShape(), Qt::ArrowCursor);
+}
 
 TEST_F(StartUpTest, EndsWithoutAWindowWhenThereIsNoDriver) {
   AlertReader reader(user);
@@ -53,7 +70,7 @@ TEST_F(StartUpTest, EndsWithoutAWindowWhenThereIsNoDriver) {
   EXPECT_FALSE(panel.mainWindow().isVisible());
 }
 
-TEST_F(StartUpTest, TellsWhatItWaitsForWhileTouchscreensAreRead) {
+TEST_F(StartUpTest, SaysWhatItWaitsForWhileTouchscreensAreRead) {
   plugInAll();
   QStringList told;
   clock.onSleep = [&](std::chrono::milliseconds) {
@@ -65,27 +82,6 @@ TEST_F(StartUpTest, TellsWhatItWaitsForWhileTouchscreensAreRead) {
   EXPECT_TRUE(told.contains("Reading the touchscreen's parameters...")) << told.join(" | ").toStdString();
   EXPECT_TRUE(startUpText().isEmpty()) << "it has gone";
   EXPECT_EQ(cursorShape(), Qt::ArrowCursor);
-}
-
-TEST_F(StartUpTest, TellsOnTheStatusLineWhatItWaitsForLater) {
-  plugInAll();
-  start();
-  selectRow(Infrared);
-  startCalibration(kFourTargets);
-  collect(Infrared);
-  user.click(okButton());
-  expectClosed();
-  QString told;
-  Qt::CursorShape shape{};
-  clock.onSleep = [&](std::chrono::milliseconds) {
-    told = status();
-    shape = cursorShape();
-  };
-  user.click(*panel.mainWindow().ui().btnReset);
-  ASSERT_TRUE(QTest::qWaitFor([&] { return selected().text(entry_key::kCalibrateStatus) == "NO"; }));
-  EXPECT_EQ(told, "Writing to the touchscreen...");
-  EXPECT_EQ(shape, Qt::WaitCursor);
-  EXPECT_TRUE(status().contains("reset")) << status().toStdString();
 }
 
 TEST_F(StartUpTest, EndsWithTheMainWindow) {

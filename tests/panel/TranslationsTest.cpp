@@ -1,14 +1,14 @@
 #include <QCoreApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QProcess>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
 
-#include "panel/QtStatusLine.h"
+#include "panel/StatusArea.h"
 #include "panel/Translations.h"
 #include "platform/WaitNotice.h"
-#include "providers/qt/AlertTexts.h"
 
 namespace touchpanel {
 namespace {
@@ -17,25 +17,26 @@ QString statusIn(const char* locale, const StatusMessage& message) {
   const Translations translations{QLocale(QString::fromUtf8(locale))};
   QLabel label;
   StatusArea area(label);
-  QtStatusLine(area).show(message);
+  TranslatedStatusLine(area).show(message);
   return label.text();
 }
 
-TEST(Translations, TellStatusWithAndWithoutANumberInEveryLanguage) {
+TEST(Translations, GiveTheStatusWithAndWithoutANumberInEveryLanguage) {
   const StatusMessage connected{.text = StatusText::DeviceConnected, .device = "IR-1"};
-  EXPECT_EQ(statusIn("en", connected), "IR-1 was connected.");
-  EXPECT_EQ(statusIn("de_AT", connected), "IR-1 wurde angeschlossen.");
-  EXPECT_EQ(statusIn("zh_CN", connected), "IR-1 已连接。");
-  EXPECT_EQ(statusIn("fr", connected), "IR-1 was connected.");
-
   const auto saved = [](int count) {
     return StatusMessage{.text = StatusText::SettingsSaved, .device = {}, .count = count};
   };
-  EXPECT_EQ(statusIn("en", saved(1)), "Settings were sent to 1 touchscreen and saved.");
-  EXPECT_EQ(statusIn("en", saved(3)), "Settings were sent to 3 touchscreens and saved.");
-  EXPECT_EQ(statusIn("de", saved(1)), "Die Einstellungen wurden an 1 Touchscreen gesendet und gespeichert.");
-  EXPECT_EQ(statusIn("de", saved(0)), "Die Einstellungen wurden an 0 Touchscreens gesendet und gespeichert.");
-  EXPECT_EQ(statusIn("zh_CN", saved(3)), "设置已发送到 3 个触摸屏并已保存。");
+  const std::tuple<const char*, StatusMessage, const char*> cases[] = {
+      {"en", connected, "IR-1 was connected."},
+      {"de_AT", connected, "IR-1 wurde angeschlossen."},
+      {"zh_CN", connected, "IR-1 已连接。"},
+      {"fr", connected, "IR-1 was connected."},
+      {"en", saved(1), "Settings were sent to 1 touchscreen and saved."},
+      {"en", saved(3), "Settings were sent to 3 touchscreens and saved."},
+      {"de", saved(1), "Die Einstellungen wurden an 1 Touchscreen gesendet und gespeichert."},
+      {"de", saved(0), "Die Einstellungen wurden an 0 Touchscreens gesendet und gespeichert."},
+      {"zh_CN", saved(3), "设置已发送到 3 个触摸屏并已保存。"}};
+  for (const auto& [locale, message, expected] : cases) EXPECT_EQ(statusIn(locale, message), expected);
 }
 
 TEST(Translations, ReachAlertsWaitsAndTheToolkitsOwnDialogs) {
@@ -47,17 +48,29 @@ TEST(Translations, ReachAlertsWaitsAndTheToolkitsOwnDialogs) {
   EXPECT_EQ(box.button(QDialogButtonBox::Cancel)->text().remove(u'&'), "Abbrechen");
 }
 
-TEST(Translations, LeaveNothingBehind) {
-  { const Translations translations{QLocale(QStringLiteral("de"))}; }
-  EXPECT_EQ(alertText("Error"), "Error");
-}
-
-/// What the environment says is read once in a process: the runs of this test differ in theirs.
 TEST(Translations, FollowTheOrderOfTheUsersLanguages) {
-  const auto expected = qEnvironmentVariable("EXPECTED_ERROR_TITLE");
-  if (expected.isEmpty()) GTEST_SKIP() << "only in runs with an environment of their own";
-  const Translations translations{QLocale::system()};
-  EXPECT_EQ(alertText("Error"), expected);
+  // What the environment says is read once in a process: the cases run in processes of their own.
+  if (const auto expected = qEnvironmentVariable("EXPECTED_ERROR_TITLE"); !expected.isEmpty()) {
+    {
+      const Translations translations{QLocale::system()};
+      EXPECT_EQ(alertText("Error"), expected);
+    }
+    EXPECT_EQ(alertText("Error"), "Error") << "nothing is left behind";
+    return;
+  }
+  const std::pair<const char*, const char*> cases[] = {
+      {"de:en", "Fehler"}, {"en:de", "Error"}, {"zh_CN", "错误"}, {"fr:de", "Fehler"}};
+  for (const auto& [languages, expected] : cases) {
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", "en_US.UTF-8");
+    environment.insert("LANGUAGE", languages);
+    environment.insert("EXPECTED_ERROR_TITLE", expected);
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationFilePath(), {"--gtest_filter=Translations.FollowTheOrder*"});
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
+  }
 }
 
 }  // namespace

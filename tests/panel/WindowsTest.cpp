@@ -1,8 +1,11 @@
+#include <QAccessible>
 #include <QClipboard>
 #include <QDir>
+#include <QMenuBar>
 #include <QPainter>
+#include <map>
+#include <set>
 
-#include "ClippedTexts.h"
 #include "PanelRig.h"
 #include "panel/PanelStyle.h"
 #include "panel/Themes.h"
@@ -13,19 +16,82 @@ namespace {
 /// Of 100: hardly compressed, since there are hundreds of pictures.
 constexpr int kQuickly = 85;
 
-struct Look {
-  const char* name;
-  QPalette palette;
-};
-
-std::vector<Look> looks() {
-  return {{"light", lightPalette()}, {"dark", darkPalette()}, {"contrast", highContrastPalette()}};
+/// The texts in `window` that are not shown whole.
+QStringList clippedTexts(const QWidget& window) {
+  QStringList clipped;
+  for (const auto* label : window.findChildren<QLabel*>()) {
+    if (!label->isVisibleTo(&window) || label->text().isEmpty()) continue;
+    const QSize hint = label->sizeHint();
+    const bool fits = label->wordWrap() ? label->heightForWidth(label->width()) <= label->height()
+                                        : hint.width() <= label->width() && hint.height() <= label->height();
+    if (!fits) clipped += label->text();
+  }
+  for (const auto* button : window.findChildren<QAbstractButton*>())
+    if (button->isVisibleTo(&window) && !button->text().isEmpty() &&
+        button->sizeHint().width() > button->width())
+      clipped += button->text();
+  return clipped;
 }
 
-using LanguageParameter = ::testing::WithParamInterface<const char*>;
+/// The widgets that the tabulator key reaches, in its order.
+std::vector<QWidget*> focusChain(QWidget& window) {
+  std::vector<QWidget*> chain;
+  for (QWidget* widget = window.nextInFocusChain(); widget != &window; widget = widget->nextInFocusChain())
+    if (widget->isVisibleTo(&window) && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
+        widget->focusProxy() == nullptr)
+      chain.push_back(widget);
+  return chain;
+}
+
+/// What takes the keyboard and has no name for assistive technology.
+QStringList unnamed(QWidget& window) {
+  QStringList found;
+  for (QWidget* widget : focusChain(window))
+    if (qobject_cast<QTabBar*>(widget) == nullptr &&
+        QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name).isEmpty())
+      found += widget->objectName() + u' ' + QString::fromLatin1(widget->metaObject()->className());
+  return found;
+}
+
+/// The commands that share their letter with another one.
+QStringList ambiguous(const QWidget& window) {
+  std::map<QString, std::set<QString>> owners;
+  const auto note = [&](const QString& text) {
+    if (const auto key = QKeySequence::mnemonic(text); !key.isEmpty()) owners[key.toString()].insert(text);
+  };
+  for (const auto* button : window.findChildren<QAbstractButton*>())
+    if (button->isVisibleTo(&window)) note(button->text());
+  for (const auto* label : window.findChildren<QLabel*>())
+    if (label->isVisibleTo(&window) && label->buddy() != nullptr) note(label->text());
+  if (const auto* bar = window.findChild<QMenuBar*>())
+    for (const auto* action : bar->actions()) note(action->text());
+  if (const auto* tabs = window.findChild<QTabWidget*>())
+    for (int tab = 0; tab < tabs->count(); ++tab) note(tabs->tabText(tab));
+  QStringList found;
+  for (const auto& [key, texts] : owners)
+    if (texts.size() > 1) found += *texts.begin() + u'/' + *texts.rbegin();
+  return found;
+}
+
+/// Where the keyboard moves against the order of reading.
+QStringList leaps(QWidget& window) {
+  QStringList found;
+  const QWidget* before = nullptr;
+  for (const QWidget* widget : focusChain(window)) {
+    if (before != nullptr && before->parentWidget() == widget->parentWidget()) {
+      const QPoint from = before->geometry().center();
+      const QPoint to = widget->geometry().center();
+      const bool isOneLine = std::abs(from.y() - to.y()) < 10;
+      if (!(isOneLine ? from.x() < to.x() : from.y() < to.y() || from.x() < to.x()))
+        found += before->objectName() + u'>' + widget->objectName();
+    }
+    before = widget;
+  }
+  return found;
+}
 
 /// Before any window is made: its texts in the language that the test is about.
-struct InLanguage : LanguageParameter {
+struct InLanguage : ::testing::WithParamInterface<const char*> {
   InLanguage() { QLocale::setDefault(QLocale(QString::fromUtf8(GetParam()))); }
   ~InLanguage() override { QLocale::setDefault(before); }
   QLocale before;
@@ -37,19 +103,31 @@ struct WindowsTest : InLanguage, PanelRig {
   WindowsTest() { QApplication::setStyle(new PanelStyle("fusion")); }
   ~WindowsTest() override { QApplication::setPalette(QPalette()); }
 
-  /// Shows `window` to the tests and to people, in every theme.
+  /// Shows `window` to the tests, and to people in every theme; at last to the tests on a small screen.
   void look(QWidget& window, const QString& name) {
-    for (const auto& [theme, palette] : looks()) {
-      QApplication::setPalette(palette);
-      QCoreApplication::processEvents();
-      EXPECT_EQ(clippedTexts(window).join(QStringLiteral(" | ")), "") << name.toStdString();
+    expectWellMade(window, name);
+    const std::pair<const char*, QPalette> themes[] = {
+        {"light", lightPalette()}, {"dark", darkPalette()}, {"contrast", highContrastPalette()}};
+    for (const auto& [theme, palette] : themes) {
       // Colours are the same in every language: the theme that few use is pictured in one.
       if (QLatin1String(theme) == QLatin1String("contrast") &&
           QLatin1String(GetParam()) != QLatin1String("en"))
         continue;
+      QApplication::setPalette(palette);
+      QCoreApplication::processEvents();
       for (const int scale : {1, 2}) save(window, name, theme, scale);
     }
     QApplication::setPalette(lightPalette());
+    const QSize size = window.size();
+    window.resize(780, 440);
+    expectWellMade(window, name);
+    EXPECT_EQ(window.size().boundedTo({800, 480}), window.size()) << name.toStdString();
+    window.resize(size);
+  }
+  static void expectWellMade(QWidget& window, const QString& name) {
+    QCoreApplication::processEvents();
+    for (const auto& faults : {clippedTexts(window), unnamed(window), ambiguous(window), leaps(window)})
+      EXPECT_EQ(faults.join(QStringLiteral(" | ")).toStdString(), "") << name.toStdString();
   }
   static void save(QWidget& window, const QString& name, const char* theme, int scale) {
     if (folder().isEmpty()) return;
@@ -148,13 +226,13 @@ TEST_P(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
     user.click(ui.tryOutSurface->mapToGlobal(landed));
     ASSERT_TRUE(QTest::qWaitFor([&] { return panel.tryOutPage().tryOut().taps().size() == tap + 1; }));
   }
-  look(panel.mainWindow(), "try-out-result");
   QImage paper(1123, 794, QImage::Format_RGB32);  // A4 at 96 dots to the inch
   paper.fill(Qt::white);
   QPainter painter(&paper);
   paint(painter, QRectF(paper.rect()).adjusted(40, 40, -40, -40), 96 / 72.0, panel.tryOutPage().report());
   painter.end();
   save(QPixmap::fromImage(paper), "try-out-printed", "paper", 1);
+  look(panel.mainWindow(), "try-out-result");
 }
 
 TEST_P(WindowsTest, AboutSheet) {

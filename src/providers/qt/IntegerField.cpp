@@ -2,12 +2,11 @@
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QSignalBlocker>
 #include <QSlider>
 #include <QSpinBox>
 
-#include "providers/qt/BuddyLabel.h"
+#include "providers/qt/QtControls.h"
 
 namespace touchpanel {
 

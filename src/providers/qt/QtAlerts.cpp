@@ -4,7 +4,6 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-#include "providers/qt/AlertTexts.h"
 #include "providers/qt/ViewSurface.h"
 
 namespace touchpanel {
@@ -54,9 +53,9 @@ void QtAlerts::show(std::string_view title, std::string_view message, std::strin
   const QtCursor::Plain plain(cursor_);
   QMessageBox box(windowInView());
   box.setIcon(QMessageBox::Warning);
-  box.setWindowTitle(alertText(title));
-  box.setText(alertText(message));
-  box.addButton(alertText(button), QMessageBox::AcceptRole)->setMinimumSize(96, 40);  // a finger's width
+  box.setWindowTitle(translated_(title));
+  box.setText(translated_(message));
+  box.addButton(translated_(button), QMessageBox::AcceptRole)->setMinimumSize(96, 40);  // a finger's width
   const InFrontOfShield inFront(box);
   box.exec();
 }

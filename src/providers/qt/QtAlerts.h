@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QString>
+#include <functional>
+
 #include "platform/Application.h"
 #include "providers/qt/CallbackGate.h"
 #include "providers/qt/QtCursor.h"
@@ -10,12 +13,17 @@ namespace touchpanel {
 /// above everything gives way to it.
 class QtAlerts final : public Alerts {
  public:
-  QtAlerts(CallbackGate& gate, QtCursor& cursor) : gate_(gate), cursor_(cursor) {}
+  /// A text of the logic in the user's language.
+  using Translation = std::function<QString(std::string_view english)>;
+
+  QtAlerts(CallbackGate& gate, QtCursor& cursor, Translation translated)
+      : gate_(gate), cursor_(cursor), translated_(std::move(translated)) {}
   void show(std::string_view title, std::string_view message, std::string_view button) override;
 
  private:
   CallbackGate& gate_;
   QtCursor& cursor_;
+  Translation translated_;
 };
 
 }  // namespace touchpanel

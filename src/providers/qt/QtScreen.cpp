@@ -1,10 +1,11 @@
 #include "providers/qt/QtScreen.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QPointer>
 #include <QScreen>
 #include <cmath>
 
-#include "providers/qt/QtFullScreenWindow.h"
+#include "providers/qt/ViewSurface.h"
 
 namespace touchpanel {
 namespace {
@@ -13,6 +14,67 @@ QRect mainScreenGeometry() {
   const QScreen* screen = QGuiApplication::primaryScreen();
   return screen == nullptr ? QRect() : screen->geometry();
 }
+
+/// Only X11 lets a window go past its manager; elsewhere the window asks to be full screen.
+bool positionsOwnWindows() { return !QGuiApplication::platformName().startsWith("wayland"); }
+
+/// A borderless window, sized from the screen's geometry and not left to a window manager. The widget behind
+/// it goes only when control is back in the event loop.
+class QtFullScreenWindow final : public FullScreenWindow {
+ public:
+  QtFullScreenWindow(CallbackGate& gate, const QRect& geometry, const WindowBehaviour& behaviour)
+      : surface_(new ViewSurface(gate)), behaviour_(behaviour) {
+    surface_->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    surface_->setGeometry(geometry);
+  }
+  ~QtFullScreenWindow() override { destroy(); }
+
+  void setNeedsDisplay() override {
+    if (surface_) surface_->requestDisplay();
+  }
+  void close() override { destroy(); }
+  void setContentView(View& view) override {
+    if (surface_) surface_->setView(&view);
+  }
+  void setShieldingLevel() override {
+    if (!surface_) return;
+    surface_->setWindowFlag(Qt::WindowStaysOnTopHint);
+    surface_->setWindowFlag(Qt::X11BypassWindowManagerHint);
+  }
+  void makeKeyAndOrderFront() override {
+    if (!surface_) return;
+    if (positionsOwnWindows())
+      surface_->show();
+    else
+      surface_->showFullScreen();
+    surface_->raise();
+    if (behaviour_.canBecomeKeyWindow()) takeKeyboard();
+  }
+  void setInitialFirstResponder(View& view) override {
+    if (surface_ && surface_->view() == &view && view.acceptsFirstResponder()) surface_->setFocus();
+  }
+
+ private:
+  void destroy() {
+    if (!surface_) return;
+    surface_->setView(nullptr);
+    if (QWidget::keyboardGrabber() == surface_) surface_->releaseKeyboard();
+    surface_->hide();
+    surface_->deleteLater();
+    surface_ = nullptr;
+    if (keyboardBefore_ && keyboardBefore_->isVisible()) keyboardBefore_->activateWindow();
+  }
+  /// A window that its manager does not know is never given the keyboard by it, so it is taken.
+  void takeKeyboard() {
+    keyboardBefore_ = QApplication::activeWindow();
+    surface_->activateWindow();
+    surface_->grabKeyboard();
+  }
+
+  QPointer<ViewSurface> surface_;
+  const WindowBehaviour& behaviour_;
+  QPointer<QWidget> keyboardBefore_;  ///< the window that gets the keyboard back
+};
 
 }  // namespace
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Application.h"
 #include "platform/View.h"
 #include "providers/qt/CallbackGate.h"
 
@@ -15,6 +16,13 @@ class QtScreen final : public Screen {
 
  private:
   CallbackGate& gate_;
+};
+
+/// The desktops served here have no system-wide presentation mode: a full-screen window that lies above
+/// panels and docks needs none, and leaves nothing behind that would have to be put back.
+class QtPresentation final : public Presentation {
+ public:
+  void setSystemUIMode(int /*mode*/, int /*options*/) override {}
 };
 
 }  // namespace touchpanel

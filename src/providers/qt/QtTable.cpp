@@ -1,13 +1,50 @@
 #include "providers/qt/QtTable.h"
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QScopedValueRollback>
 #include <QTableView>
 
-#include "providers/qt/DeviceRows.h"
-
 namespace touchpanel {
+
+/// A copy of the source's texts.
+class QtTable::Rows final : public QAbstractTableModel {
+ public:
+  explicit Rows(std::vector<Column> columns) : columns_(std::move(columns)) {}
+
+  void reload(TableSource& source) {
+    std::vector<QStringList> rows;
+    const auto count = source.numberOfRows();
+    for (std::int32_t row = 0; row < count; ++row) {
+      auto& cells = rows.emplace_back();
+      for (const auto& column : columns_) cells += column.shown(source.objectValue(column.identifier, row));
+    }
+    beginResetModel();
+    rows_ = std::move(rows);
+    endResetModel();
+  }
+  int rowCount(const QModelIndex& parent = {}) const override {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  }
+  int columnCount(const QModelIndex& parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
+  }
+  QVariant data(const QModelIndex& index, int role) const override {
+    if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
+    return rows_.at(static_cast<std::size_t>(index.row())).at(index.column());
+  }
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole) return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole) return {};
+    return columns_.at(static_cast<std::size_t>(section)).title;
+  }
+
+ private:
+  std::vector<Column> columns_;
+  std::vector<QStringList> rows_;
+};
 
 /// Turns what the user selects into a question to the table's source; only the table itself selects.
 class QtTable::AskingSelection final : public QItemSelectionModel {
@@ -43,11 +80,11 @@ class QtTable::AskingSelection final : public QItemSelectionModel {
   bool isOwn_ = false;
 };
 
-QtTable::QtTable(QTableView& view, CallbackGate& gate)
+QtTable::QtTable(QTableView& view, std::vector<Column> columns, CallbackGate& gate)
     : QtControl(view),
       view_(view),
       gate_(gate),
-      rows_(std::make_unique<DeviceRows>()),
+      rows_(std::make_unique<Rows>(std::move(columns))),
       selection_(std::make_unique<AskingSelection>(rows_.get(), *this)) {
   view_.setModel(rows_.get());
   view_.setSelectionModel(selection_.get());

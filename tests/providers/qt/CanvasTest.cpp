@@ -31,29 +31,30 @@ QRect inked(const QImage& image) {
   return found;
 }
 
-StyledText text(std::string words, float size = 12) {
-  return {std::move(words), "Arial", size, color::kWhite};
-}
+StyledText text(std::string words) { return {std::move(words), "Arial", 12, color::kWhite}; }
 
 TEST(QtCanvas, PutsTheOriginIntoTheLowerLeftCorner) {
-  struct Case {
-    const char* what;
-    std::function<void(QtCanvas&)> draw;
-  };
   const Rect rect{10, 20, 30, 40};
-  const Case cases[] = {
+  const std::pair<const char*, std::function<void(QtCanvas&)>> cases[] = {
       {"fillRect", [&](QtCanvas& canvas) { canvas.fillRect(rect, color::kWhite); }},
       {"fillOval", [&](QtCanvas& canvas) { canvas.fillOval(rect, color::kWhite); }},
       {"strokeRect", [&](QtCanvas& canvas) { canvas.strokeRect(rect, color::kWhite); }},
-      {"a rectangle dragged upwards to the left",
-       [&](QtCanvas& canvas) {
+      {"dragged upwards to the left",
+       [](QtCanvas& canvas) {
          canvas.fillRect({40, 60, -30, -40}, color::kWhite);
        }},
   };
   for (const auto& [what, draw] : cases) {
-    SCOPED_TRACE(what);
-    EXPECT_EQ(inked(drawn(1, draw)), QRect(10, 40, 30, 40));
-    EXPECT_EQ(inked(drawn(2, draw)), QRect(20, 80, 60, 80));
+    EXPECT_EQ(inked(drawn(1, draw)), QRect(10, 40, 30, 40)) << what;
+    EXPECT_EQ(inked(drawn(2, draw)), QRect(20, 80, 60, 80)) << what;
+    EXPECT_TRUE(inked(drawn(1,
+                            [&draw = draw](QtCanvas& canvas) {
+                              canvas.stop();
+                              draw(canvas);
+                              canvas.drawText(text("words"), {0, 0});
+                            }))
+                    .isNull())
+        << what;
   }
 }
 
@@ -67,50 +68,28 @@ TEST(QtCanvas, PinsColourComponentsAndBlendsByAlpha) {
   EXPECT_NEAR(pixel.blue(), 102, 1);
 }
 
-TEST(QtCanvas, PutsALinesLowerLeftCornerAtThePoint) {
-  // "g" reaches down to the line's descent, "H" stands on the base line above it.
-  const QRect hanging = inked(drawn(1, [](QtCanvas& canvas) { canvas.drawText(text("Hg", 30), {50, 40}); }));
-  EXPECT_NEAR(hanging.left(), 52, 2);
-  EXPECT_LE(hanging.bottom(), 60);
-  EXPECT_GE(hanging.bottom(), 56);
-  EXPECT_NEAR(hanging.top(), 60 - 30, 6);
-}
-
 TEST(QtCanvas, GrowsABlockOfLinesUpwardsFromThePoint) {
-  const auto inkOf = [](const char* words) {
-    return inked(drawn(1, [&](QtCanvas& canvas) { canvas.drawText(text(words), {20, 10}); }));
+  const auto inkOf = [](const char* words, int scale = 1) {
+    return inked(drawn(scale, [&](QtCanvas& canvas) { canvas.drawText(text(words), {20, 10}); }));
   };
+  // "g" reaches down to the line's descent, "H" stands on the base line above it.
   const QRect one = inkOf("Hg");
+  EXPECT_NEAR(one.left(), 21, 2);
+  EXPECT_NEAR(one.bottom(), kHeight - 10 - 1, 2);
+  EXPECT_NEAR(one.top(), kHeight - 10 - 12, 3);
   const QRect three = inkOf("Hg\nHg\nHg");
   EXPECT_EQ(three.bottom(), one.bottom());
   EXPECT_EQ(three.left(), one.left());
-  EXPECT_GE(three.top(), one.top() - 2 * 16);
-  EXPECT_LE(three.top(), one.top() - 2 * 12);
   const int lineHeight = one.bottom() - inkOf("Hg\n").bottom();
   EXPECT_NEAR(lineHeight, 14, 2) << "a line end at the end opens an empty line below";
+  EXPECT_EQ(three.top(), one.top() - 2 * lineHeight);
   EXPECT_EQ(inkOf("Hg\nHg\nHg\n"), three.translated(0, -lineHeight));
   EXPECT_EQ(inkOf("     Hg").bottom(), one.bottom());
   EXPECT_GT(inkOf("     Hg").left(), one.left() + 10) << "spaces at the start of a line count";
-}
 
-TEST(QtCanvas, MeasuresTextInPointsAtEveryScale) {
-  const auto draw = [](QtCanvas& canvas) { canvas.drawText(text("ReCalibrate"), {20, 10}); };
-  const QRect once = inked(drawn(1, draw));
-  const QRect twice = inked(drawn(2, draw));
-  EXPECT_NEAR(twice.width(), 2 * once.width(), 4);
-  EXPECT_NEAR(twice.bottom(), 2 * once.bottom(), 3);
-  EXPECT_LT(once.width(), 80) << "must fit its button";
-}
-
-TEST(QtCanvas, DrawsNothingOnceStopped) {
-  const QImage image = drawn(1, [](QtCanvas& canvas) {
-    canvas.stop();
-    canvas.fillRect({0, 0, 50, 50}, color::kWhite);
-    canvas.fillOval({0, 0, 50, 50}, color::kWhite);
-    canvas.strokeRect({0, 0, 50, 50}, color::kWhite);
-    canvas.drawText(text("words"), {0, 0});
-  });
-  EXPECT_TRUE(inked(image).isNull());
+  const QRect label = inkOf("ReCalibrate");
+  EXPECT_LT(label.width(), 80) << "must fit its button";
+  EXPECT_NEAR(inkOf("ReCalibrate", 2).width(), 2 * label.width(), 4) << "points at every scale";
 }
 
 }  // namespace

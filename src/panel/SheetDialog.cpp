@@ -1,4 +1,4 @@
-#include "providers/qt/SheetDialog.h"
+#include "panel/SheetDialog.h"
 
 #include <QCloseEvent>
 #include <QPainter>

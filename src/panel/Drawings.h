@@ -10,7 +10,7 @@ namespace touchpanel {
 /// the mode.
 class TouchModeDrawing final : public QWidget {
  public:
-  explicit TouchModeDrawing(QWidget* parent = nullptr);
+  explicit TouchModeDrawing(QWidget* parent = nullptr) : QWidget(parent) {}
 
   /// Row of the touch mode, 0 to 3.
   void setMode(int mode) { mode_ = mode; }
@@ -26,6 +26,17 @@ class TouchModeDrawing final : public QWidget {
   QAbstractButton* choice_ = nullptr;
 };
 
+/// A screen with its plug pulled, for a list without touchscreens.
+class EmptyDrawing final : public QWidget {
+ public:
+  explicit EmptyDrawing(QWidget* parent = nullptr) : QWidget(parent) {}
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+};
+
 }  // namespace touchpanel
 
-using touchpanel::TouchModeDrawing;  // Designer's files know no namespaces
+// Designer's files know no namespaces.
+using touchpanel::EmptyDrawing;
+using touchpanel::TouchModeDrawing;

@@ -1,4 +1,4 @@
-#include "panel/StartUpPanel.h"
+#include "panel/StartUpWindow.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -9,15 +9,15 @@
 
 namespace touchpanel {
 
-StartUpPanel::StartUpPanel() : message_(new QLabel) {
+StartUpWindow::StartUpWindow() : message_(new QLabel) {
   setFrameStyle(QFrame::StyledPanel | QFrame::Plain);  // its only border where there is no window manager
-  setWindowTitle(QCoreApplication::translate("StartUpPanel", "Touch Panel"));
+  setWindowTitle(QCoreApplication::translate("StartUpWindow", "Touch Panel"));
   auto* title = new QLabel(windowTitle());
   QFont large = title->font();
   large.setPointSize(18);
   large.setBold(true);
   title->setFont(large);
-  message_->setText(QCoreApplication::translate("StartUpPanel", "Looking for touchscreens..."));
+  message_->setText(QCoreApplication::translate("StartUpWindow", "Looking for touchscreens..."));
   message_->setWordWrap(true);
   message_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   message_->setMinimumHeight(2 * message_->fontMetrics().lineSpacing());
@@ -29,7 +29,7 @@ StartUpPanel::StartUpPanel() : message_(new QLabel) {
   setFixedSize(440, 140);
 }
 
-void StartUpPanel::open() {
+void StartUpWindow::open() {
   if (const auto* screen = QGuiApplication::primaryScreen())
     move(screen->geometry().center() - rect().center());
   show();
@@ -40,7 +40,7 @@ void StartUpPanel::open() {
   repaint();
 }
 
-void StartUpPanel::tell(const QString& text) {
+void StartUpWindow::setText(const QString& text) {
   message_->setText(text);
   repaint();
 }
