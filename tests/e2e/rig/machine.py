@@ -9,15 +9,22 @@ import shutil
 import signal
 import socket
 import subprocess
+import tempfile
 import threading
 import time
 
-from . import initrd, kernel
-from .skip import CannotRun
-
+HERE = pathlib.Path(__file__).resolve().parent
+KERNEL = HERE.parents[2] / "build" / "e2e-cache" / "kernel"
 # The HPET, since a kernel that starts on a busy machine measures its TSC wrongly: its seconds would be anything.
 KERNEL_LINE = ("console=ttyS0 quiet loglevel=4 panic=-1 mitigations=off nokaslr tsc=unstable clocksource=hpet "
                "random.trust_cpu=on net.ifnames=0")
+# What the initial file system needs to reach the host's own one. In loading order: each needs those before it.
+MODULES = ("virtio_ring", "virtio", "virtio_pci_modern_dev", "virtio_pci_legacy_dev", "virtio_pci", "virtio_mmio",
+           "9pnet", "9pnet_virtio", "netfs", "fscache", "9p", "overlay")
+
+
+class CannotRun(Exception):
+    """The rig cannot run here. Reported as a skipped test with this reason, never as a passed one."""
 
 
 @dataclasses.dataclass
@@ -28,7 +35,6 @@ class Outcome:
     output: str
     console: str
     seconds: float
-    share: pathlib.Path  # files that the guest left in /mnt/share
 
 
 class _ScreenShots(threading.Thread):
@@ -72,71 +78,84 @@ def _connected(path: pathlib.Path, process: subprocess.Popen) -> socket.socket:
             return connection
         except OSError:
             connection.close()
-            time.sleep(0.02)  # the emulator makes its sockets while it starts and tells nobody
+            time.sleep(0.02)  # qemu makes its sockets while it starts, without a sign
     raise CannotRun(f"qemu does not start: {process.stderr.read() if process.poll() is not None else 'no socket'}")
 
 
-def _qemu_command(image: pathlib.Path, first: pathlib.Path, share: pathlib.Path, memory_mb: int,
-                  display: str | None, kernel_line: str) -> list[str]:
-    qemu = shutil.which("qemu-system-x86_64")
-    if not qemu:
-        raise CannotRun("qemu-system-x86_64 is not installed")
-    command = [
-        qemu, "-M", "q35,i8042=off", "-accel", "tcg,thread=multi,tb-size=512", "-cpu", "qemu64", "-smp", "2",
-        "-m", str(memory_mb), "-kernel", str(image), "-initrd", str(first),
-        "-append", f"{KERNEL_LINE} {kernel_line}".strip(),
+def _installed(program: str) -> str:
+    found = shutil.which(program)
+    if not found:
+        raise CannotRun(f"{program} is not installed")
+    return found
+
+
+def _initial_file_system(top: pathlib.Path) -> pathlib.Path:
+    """Packs a static shell and the modules that reach the host's file system."""
+    busybox = _installed("busybox")
+    for folder in ("bin", "modules", "proc", "sys", "dev", "host", "share", "upper", "root"):
+        (top / folder).mkdir()
+    shutil.copy(busybox, top / "bin")
+    shutil.copy(HERE / "init", top)
+    (top / "init").chmod(0o755)
+    (top / "modules/order").write_text("\n".join(MODULES) + "\n")
+    for module in MODULES:
+        shutil.copy(next(KERNEL.rglob(f"{module}.ko")), top / "modules")
+    names = "\n".join(str(path.relative_to(top)) for path in top.rglob("*"))
+    archive = top / "archive"
+    with archive.open("wb") as packed:
+        subprocess.run([busybox, "cpio", "-o", "-H", "newc"], cwd=top, input=names.encode(), stdout=packed,
+                       stderr=subprocess.DEVNULL, check=True)
+    return archive
+
+
+def _qemu_command(archive: pathlib.Path, share: pathlib.Path) -> list[str]:
+    return [
+        _installed("qemu-system-x86_64"), "-M", "q35,i8042=off", "-accel", "tcg,thread=multi,tb-size=512", "-cpu", "qemu64",
+        "-smp", "2", "-m", "1536", "-kernel", str(KERNEL / "vmlinux"), "-initrd", str(archive), "-append", KERNEL_LINE,
         "-fsdev", "local,id=r,path=/,security_model=none,readonly=on,multidevs=remap",
         "-device", "virtio-9p-pci,fsdev=r,mount_tag=hostroot",
         "-fsdev", f"local,id=s,path={share},security_model=none",
         "-device", "virtio-9p-pci,fsdev=s,mount_tag=share",
-        "-nodefaults", "-no-user-config", "-no-reboot", "-display", "none",
+        "-nodefaults", "-no-user-config", "-no-reboot", "-display", "none", "-device", "bochs-display",
         "-serial", f"file:{share}/console",
         "-chardev", f"socket,id=pictures,path={share}/pictures.socket,server=on,wait=off",
         "-serial", "chardev:pictures", "-qmp", f"unix:{share}/monitor.socket,server=on,wait=off",
     ]
-    if display:
-        command += ["-device", display]
-    return command
 
 
-def run(command: list[str], *, cache: pathlib.Path, share: pathlib.Path, folder: pathlib.Path,
-        environment: dict[str, str] | None = None, timeout_s: float = 120, memory_mb: int = 1024,
-        display: str | None = None, kernel_line: str = "") -> Outcome:
+def run(command: list, *, share: pathlib.Path, folder: pathlib.Path, timeout_s: float) -> Outcome:
     """Boots, runs `command` as root inside with `folder` as its working directory, and switches off.
 
-    `share` is emptied first. Blocks for the whole run, for at most `timeout_s` after the kernel has been
-    prepared. Raises CannotRun when the machine lacks something that the rig needs.
+    `share`, /mnt/share inside, is emptied first. Blocks for the whole run, for at most `timeout_s`. Raises CannotRun
+    when the machine lacks something that the rig needs.
     """
-    linux = kernel.prepare(cache)
-    first = initrd.build(linux, cache / f"initrd.{os.getpid()}")
+    if not KERNEL.exists():
+        raise CannotRun("there is no kernel; tools/fetch-kernel fetches one")
     shutil.rmtree(share, ignore_errors=True)
     guest = share / "guest"
     guest.mkdir(parents=True)
-    shutil.copy(pathlib.Path(__file__).with_name("main"), guest / "main")
-    variables = {"GUEST_MODULES": str(linux.modules), "GUEST_FOLDER": str(folder), **(environment or {})}
-    (guest / "environment").write_text("".join(f"export {k}={shlex.quote(v)}\n" for k, v in variables.items()))
-    (guest / "command").write_text("exec " + shlex.join(command) + "\n")
-
+    shutil.copy(HERE / "main", guest)
+    (guest / "command").write_text(f"mount --bind {shlex.quote(str(KERNEL / 'lib/modules'))} /lib/modules\n"
+                                   f"cd {shlex.quote(str(folder))} || exit 1\n"
+                                   f"exec {shlex.join(map(str, command))}\n")
     started = time.monotonic()
-    process = subprocess.Popen(_qemu_command(linux.image, first, share, memory_mb, display, kernel_line),
-                               stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True,
-                               start_new_session=True)
-    try:
-        _ScreenShots(_connected(share / "pictures.socket", process), _connected(share / "monitor.socket", process),
-                     share).start()
-        process.wait(timeout_s)
-    except subprocess.TimeoutExpired:
-        pass
-    finally:
-        if process.poll() is None:
-            os.killpg(process.pid, signal.SIGKILL)
-            process.wait()
-        first.unlink(missing_ok=True)
+    with tempfile.TemporaryDirectory() as top:
+        process = subprocess.Popen(_qemu_command(_initial_file_system(pathlib.Path(top)), share), text=True,
+                                   stdin=subprocess.DEVNULL, stderr=subprocess.PIPE, start_new_session=True)
+        try:
+            _ScreenShots(_connected(share / "pictures.socket", process), _connected(share / "monitor.socket", process),
+                         share).start()
+            process.wait(timeout_s)
+        except subprocess.TimeoutExpired:
+            pass
+        finally:
+            if process.poll() is None:
+                os.killpg(process.pid, signal.SIGKILL)
+                process.wait()
 
     def left(name: str) -> str:
         file = share / name
         return file.read_text(errors="replace") if file.exists() else ""
 
     status = left("status").strip()
-    return Outcome(int(status) if status else None, left("output"), left("console"),
-                   time.monotonic() - started, share)
+    return Outcome(int(status) if status else None, left("output"), left("console"), time.monotonic() - started)

@@ -52,7 +52,7 @@ class Chain:
         self.programs, self.emulator, self.driver, self.desktop = programs, emulator, driver, desktop
         self.pictures = PictureLine()
         self.panel: subprocess.Popen | None = None
-        self.windows: Windows | None = None
+        self.windows: Windows | None = None  # of the panel
         self.shown: list[Element] = []
 
     def instance(self, name: str) -> Instance:

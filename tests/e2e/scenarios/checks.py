@@ -1,4 +1,4 @@
-"""How a scenario says what it expects, and how scenarios are run one after the other."""
+"""Expectations of scenarios, and the report of their outcomes."""
 
 import json
 import pathlib
@@ -9,7 +9,7 @@ SHARE = pathlib.Path("/mnt/share")
 
 
 class Failed(Exception):
-    """A check that did not hold. Its text tells what was expected and what was there."""
+    """A check that did not hold. Its text holds what was expected and what was there."""
 
 
 def expect(condition, what: str) -> None:

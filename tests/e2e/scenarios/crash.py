@@ -8,8 +8,7 @@ import dbus
 from . import service
 from .checks import Report, eventually, expect, expect_equal
 from .driver_service import DriverService, Instance
-from .emulator import Emulator
-from .kernel import KINDS, UNDISTORTED
+from .emulator import KINDS, UNDISTORTED, Emulator
 from .screen import Desktop
 
 CRASHES = 10

@@ -6,6 +6,9 @@ import subprocess
 
 from .checks import Failed, eventually
 
+KINDS = {"ir": "infrared", "opt": "optical", "cfg": "configuration-only"}
+UNDISTORTED = ("offset=0,0", "scale=1,1", "skew=0,0", "barrel=0", "noise=0")
+
 
 class Emulator:
     """A running touchscreen-emulator. Every command waits for its answer."""
@@ -21,7 +24,7 @@ class Emulator:
         self.lines = self.connection.makefile("rw")
 
     def tell(self, command: str) -> str:
-        """Carries one command out and returns what it has to tell."""
+        """Carries one command out and returns its answer."""
         self.lines.write(command + "\n")
         self.lines.flush()
         verdict, _, text = self.lines.readline().strip().partition(" ")
@@ -54,7 +57,3 @@ class Emulator:
     def stored(self, name: str) -> dict[str, str]:
         """What the touchscreen holds, in hexadecimal by block."""
         return dict(pair.split("=", 1) for pair in self.tell(f"dump {name}").split())
-
-    def end(self) -> None:
-        self.process.terminate()
-        self.process.wait(20)

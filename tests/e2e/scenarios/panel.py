@@ -7,7 +7,8 @@ from . import service, window
 from .chain import TARGET_RED, CALIBRATION_BLUE, TOUCH_MS, Chain, targets
 from .checks import Report, eventually, expect, expect_equal
 from .driver_service import location_of
-from .kernel import UNDISTORTED
+from .emulator import UNDISTORTED
+from .input_nodes import raw_node
 
 CONFIGURATION = pathlib.Path("/Library/VARNEXO")
 SETTINGS_FILE = CONFIGURATION / "com.VARNEXO.Driver.Config.plist"
@@ -27,7 +28,7 @@ def lists_three_touchscreens(report: Report, chain: Chain) -> None:
     chain.emulator.unplug_all()
     chain.emulator.bring({"opt": "optical", "cfg": "configuration-only"}, *UNDISTORTED)
     chain.emulator.bring({"glass": "infrared"}, "product=0x85", "serial=7")
-    places = {name: location_of(service.raw_node(name)) for name in ("cfg", "opt", "glass")}
+    places = {name: location_of(raw_node(name)) for name in ("cfg", "opt", "glass")}
     for place in places.values():
         chain.driver.instance(place)
     chain.start_panel()
@@ -68,8 +69,8 @@ def calibrates_by_touch(report: Report, chain: Chain) -> None:
     chain.emulator.tell(f"tap glass 0.5 0.5 {TOUCH_MS}")
     eventually(lambda: not chain.calibrating(), "the end of the calibration", 60)
     stored = eventually(lambda: _calibrated(chain), "the result in the touchscreen", 60)
-    used = bytes(chain.instance("glass").properties()["calibration"]["calibParams"]).hex()
-    expect_equal(used, stored["CalibParams"], "what the service uses, beside what the touchscreen holds")
+    expect_equal(service.calibration_used(chain.driver, "glass"), stored["CalibParams"],
+                 "what the service uses, beside what the touchscreen holds")
     chain.pictures.take("panel-calibrated")
     after = chain.errors("glass")
     report.note(f"before: {before}")

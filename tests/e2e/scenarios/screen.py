@@ -1,11 +1,12 @@
-"""An X server on the guest's own display, what it tells about the pointer, and pictures of it."""
+"""An X server on the guest's own display, its pointer and clicks, and pictures of it."""
 
-import ctypes
 import os
 import pathlib
 import subprocess
 import termios
 import tty
+
+from Xlib import X, display
 
 from .checks import SHARE, Failed, eventually, expect_equal
 
@@ -21,6 +22,8 @@ Section "ServerFlags"
 EndSection
 """
 PICTURE_LINE = "/dev/ttyS1"
+ANY_BUTTON = 0x1F00
+CLICKS = {X.ButtonPress: "press", X.ButtonRelease: "release"}
 
 
 class XServer:
@@ -58,86 +61,40 @@ class PictureLine:
         return SHARE / f"{name}.png"
 
 
-class _Attributes(ctypes.Structure):
-    _fields_ = [("background_pixmap", ctypes.c_ulong), ("background_pixel", ctypes.c_ulong),
-                ("border_pixmap", ctypes.c_ulong), ("border_pixel", ctypes.c_ulong), ("bit_gravity", ctypes.c_int),
-                ("win_gravity", ctypes.c_int), ("backing_store", ctypes.c_int), ("backing_planes", ctypes.c_ulong),
-                ("backing_pixel", ctypes.c_ulong), ("save_under", ctypes.c_int), ("event_mask", ctypes.c_long),
-                ("do_not_propagate_mask", ctypes.c_long), ("override_redirect", ctypes.c_int),
-                ("colormap", ctypes.c_ulong), ("cursor", ctypes.c_ulong)]
-
-
-class _ButtonEvent(ctypes.Structure):
-    _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong), ("send_event", ctypes.c_int),
-                ("display", ctypes.c_void_p), ("window", ctypes.c_ulong), ("root", ctypes.c_ulong),
-                ("subwindow", ctypes.c_ulong), ("time", ctypes.c_ulong), ("x", ctypes.c_int), ("y", ctypes.c_int),
-                ("x_root", ctypes.c_int), ("y_root", ctypes.c_int), ("state", ctypes.c_uint),
-                ("button", ctypes.c_uint), ("same_screen", ctypes.c_int)]
-
-
-class _Event(ctypes.Union):
-    _fields_ = [("type", ctypes.c_int), ("button", _ButtonEvent), ("room", ctypes.c_long * 24)]
-
-
-_BUTTON_PRESS, _BUTTON_RELEASE = 4, 5
-_INPUT_ONLY = 2
-_ANY_BUTTON = 0x1F00
-_BUTTON_EVENTS = 1 << 2 | 1 << 3
-_OVERRIDE_REDIRECT, _EVENT_MASK = 1 << 9, 1 << 11
-
-
 class Desktop:
     """What a program on the desktop gets of touches: where the pointer is, and presses and releases."""
 
     def __init__(self):
-        x = self.x = ctypes.CDLL("libX11.so.6")
-        x.XOpenDisplay.restype = ctypes.c_void_p
-        x.XDefaultRootWindow.restype = x.XCreateWindow.restype = x.XGetPixel.restype = ctypes.c_ulong
-        x.XGetImage.restype = ctypes.c_void_p
-        self.display = ctypes.c_void_p(x.XOpenDisplay(DISPLAY.encode()))
-        if not self.display:
-            raise Failed("the X server takes no connection")
-        self.root = ctypes.c_ulong(x.XDefaultRootWindow(self.display))
-        self.width, self.height = x.XDisplayWidth(self.display, 0), x.XDisplayHeight(self.display, 0)
+        self.display = display.Display(DISPLAY)
+        screen = self.display.screen()
+        self.root, self.width, self.height = screen.root, screen.width_in_pixels, screen.height_in_pixels
         self.window = None
 
     def pointer(self) -> tuple[int, int]:
         """Where the pointer is, in pixels from the upper left corner."""
-        return self._query()[:2]
-
-    def _query(self) -> tuple[int, int, int]:
-        root_x, root_y, other, mask = ctypes.c_int(), ctypes.c_int(), ctypes.c_int(), ctypes.c_uint()
-        window = ctypes.c_ulong()
-        self.x.XQueryPointer(self.display, self.root, ctypes.byref(window), ctypes.byref(window), ctypes.byref(root_x),
-                             ctypes.byref(root_y), ctypes.byref(other), ctypes.byref(other), ctypes.byref(mask))
-        return root_x.value, root_y.value, mask.value
+        found = self.root.query_pointer()
+        return found.root_x, found.root_y
 
     def buttons_held(self) -> bool:
-        """Whether the pointer holds any button down, by the X server's own account."""
-        return bool(self._query()[2] & _ANY_BUTTON)
+        """Whether the pointer holds any button down, as the X server sees it."""
+        return bool(self.root.query_pointer().mask & ANY_BUTTON)
 
     def pixel(self, x: int, y: int) -> int:
         """The colour that is shown at one place, 0xRRGGBB."""
-        image = ctypes.c_void_p(self.x.XGetImage(self.display, self.root, x, y, 1, 1, ctypes.c_ulong(0xFFFFFFFF), 2))
-        if not image:
-            raise Failed(f"no picture of {x}, {y}")
-        colour = self.x.XGetPixel(image, 0, 0) & 0xFFFFFF
-        self.x.XDestroyImage(image)
-        return colour
+        return int.from_bytes(self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFFFF).data[:3], "little")
 
     def cover(self) -> None:
         """Puts an invisible window over everything, which takes every press and release."""
-        attributes = _Attributes(override_redirect=1, event_mask=_BUTTON_EVENTS)
-        self.window = ctypes.c_ulong(self.x.XCreateWindow(
-            self.display, self.root, 0, 0, self.width, self.height, 0, 0, _INPUT_ONLY, None,
-            ctypes.c_ulong(_OVERRIDE_REDIRECT | _EVENT_MASK), ctypes.byref(attributes)))
-        self.x.XMapRaised(self.display, self.window)
-        self.x.XSync(self.display, 0)
+        self.window = self.root.create_window(
+            0, 0, self.width, self.height, 0, 0, X.InputOnly, override_redirect=True,
+            event_mask=X.ButtonPressMask | X.ButtonReleaseMask)
+        self.window.configure(stack_mode=X.Above)
+        self.window.map()
+        self.display.sync()
 
     def uncover(self) -> None:
-        self.x.XDestroyWindow(self.display, self.window)
-        self.x.XSync(self.display, 1)
-        self.window = None
+        self.window.destroy()
+        self.clicks()
 
     def clicks_until(self, last, within_s: float = 30) -> list[tuple[str, int, int, int]]:
         """clicks(), waiting until one for which `last(click)` holds is among them."""
@@ -154,12 +111,6 @@ class Desktop:
 
     def clicks(self) -> list[tuple[str, int, int, int]]:
         """Presses and releases that the cover has got since the last call: ("press", button, x, y)."""
-        self.x.XSync(self.display, 0)
-        event, taken = _Event(), []
-        names = {_BUTTON_PRESS: "press", _BUTTON_RELEASE: "release"}
-        while self.x.XPending(self.display):
-            self.x.XNextEvent(self.display, ctypes.byref(event))
-            if event.type in names:
-                button = event.button
-                taken.append((names[event.type], button.button, button.x_root, button.y_root))
-        return taken
+        self.display.sync()
+        events = [self.display.next_event() for _ in range(self.display.pending_events())]
+        return [(CLICKS[event.type], event.detail, event.root_x, event.root_y) for event in events if event.type in CLICKS]

@@ -4,36 +4,22 @@ import pathlib
 import shutil
 import subprocess
 
-from .checks import Failed
-
 MODULES = ("usbhid", "hid-generic", "hid-multitouch", "evdev", "vhci-hcd", "uinput")
 
 
-def run(*command, timeout_s: float = 60) -> str:
-    """Runs a program to its end and returns what it printed. Fails unless its status is 0."""
-    done = subprocess.run([str(word) for word in command], capture_output=True, text=True, timeout=timeout_s)
-    if done.returncode:
-        raise Failed(f"{' '.join(map(str, command))}: status {done.returncode}: {(done.stderr or done.stdout).strip()}")
-    return done.stdout
+def run(*command) -> None:
+    """Runs a program to its end. Fails unless its status is 0."""
+    subprocess.run(command, check=True, timeout=60)
 
 
-def load_modules() -> None:
-    for module in MODULES:
-        run("modprobe", module)
-
-
-def start_device_manager() -> None:
-    pathlib.Path("/run/udev").mkdir(exist_ok=True)
+def start(policies: pathlib.Path) -> None:
+    """Starts them all, the message bus with the policy files of `policies` in force."""
+    run("modprobe", "--all", *MODULES)
     run("/lib/systemd/systemd-udevd", "--daemon")
     run("udevadm", "trigger", "--action=add", "-s", "usb", "-s", "input")
     settle()
-
-
-def start_message_bus(policies: pathlib.Path) -> None:
-    """The system's message bus, with the policy files of `policies` in force."""
     for policy in policies.glob("*.conf"):
         shutil.copy(policy, "/etc/dbus-1/system.d")
-    pathlib.Path("/run/dbus").mkdir(exist_ok=True)
     run("dbus-daemon", "--system", "--fork", "--nopidfile")
 
 

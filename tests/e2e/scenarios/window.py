@@ -11,7 +11,7 @@ from .checks import Failed, eventually
 ACCESSIBLE = "org.a11y.atspi.Accessible"
 COMPONENT = "org.a11y.atspi.Component"
 ROOT = "/org/a11y/atspi/accessible/root"
-_ENABLED, _SHOWING = 8, 25  # bits of a state set
+SHOWING = 25  # bit of a state set
 TOUCHABLE = {"push button", "cell", "page tab", "radio button", "check box"}
 LEAVES = TOUCHABLE - {"page tab"}
 PASSED_OVER = {"label", "scroll bar", "spin box", "menu bar", "popup menu", "column header", "row header", "separator"}
@@ -23,12 +23,11 @@ class Element:
 
     role: str
     name: str
-    enabled: bool
     middle: tuple[int, int]
 
 
 def start_session() -> None:
-    """A message bus of the user's session, on which programs tell what their windows hold."""
+    """A message bus of the user's session, on which programs describe their windows."""
     started = subprocess.run(["dbus-daemon", "--session", "--fork", "--print-address"], check=True,
                              capture_output=True, text=True)
     os.environ["DBUS_SESSION_BUS_ADDRESS"] = started.stdout.strip()
@@ -45,13 +44,11 @@ class Windows:
         self.name = eventually(lambda: self._name_of(process_id), "the panel on the accessibility bus", 60)
 
     def _name_of(self, process_id: int) -> str | None:
-        daemon = self.bus.get_object("org.freedesktop.DBus", "/org/freedesktop/DBus", introspect=False)
-        for name in daemon.ListNames(dbus_interface="org.freedesktop.DBus"):
-            if not name.startswith(":"):
-                continue
+        daemon = self.bus.get_object(dbus.BUS_DAEMON_NAME, dbus.BUS_DAEMON_PATH, introspect=False)
+        for name in filter(lambda name: name.startswith(":"), self.bus.list_names()):
             try:
-                if daemon.GetConnectionUnixProcessID(name, dbus_interface="org.freedesktop.DBus") == process_id:
-                    return str(name)
+                if daemon.GetConnectionUnixProcessID(name, dbus_interface=dbus.BUS_DAEMON_IFACE) == process_id:
+                    return name
             except dbus.DBusException:  # gone meanwhile
                 continue
         return None
@@ -61,57 +58,42 @@ class Windows:
 
         Yields one by one, since every question to a window takes its time; stop asking once there is enough.
         """
-        try:
-            windows = self._object(ROOT).GetChildren(dbus_interface=ACCESSIBLE)
-        except dbus.DBusException:  # the program is busy, or gone
-            return
-        for _, window in reversed(windows):
-            yield from self._below(window)
+        yield from self._in(self._object(ROOT), reversed)
 
     def _object(self, path: str):
         return self.bus.get_object(self.name, path, introspect=False)
 
-    def _below(self, path: str):
-        thing = self._object(path)
+    def _in(self, thing, order=iter):
         try:
-            low, _ = thing.GetState(dbus_interface=ACCESSIBLE)
-            role = str(thing.GetRoleName(dbus_interface=ACCESSIBLE))
-            if not low >> _SHOWING & 1 or role in PASSED_OVER:
-                return
-            if role in TOUCHABLE:
-                yield self._touchable(thing, role, bool(low >> _ENABLED & 1))
-            children = [] if role in LEAVES else thing.GetChildren(dbus_interface=ACCESSIBLE)
-        except dbus.DBusException:  # closed meanwhile
+            for _, path in order(thing.GetChildren(dbus_interface=ACCESSIBLE)):
+                yield from self._below(self._object(path))
+        except dbus.DBusException:  # closed meanwhile, or busy
             return
-        for _, child in children:
-            yield from self._below(child)
 
-    @staticmethod
-    def _touchable(thing, role: str, enabled: bool) -> Element:
-        name = str(thing.Get(ACCESSIBLE, "Name", dbus_interface="org.freedesktop.DBus.Properties"))
-        x, y, width, height = map(int, thing.GetExtents(dbus.UInt32(0), dbus_interface=COMPONENT))
-        return Element(role, name, enabled, (x + width // 2, y + height // 2))
+    def _below(self, thing):
+        low, _ = thing.GetState(dbus_interface=ACCESSIBLE)
+        role = str(thing.GetRoleName(dbus_interface=ACCESSIBLE))
+        if not low >> SHOWING & 1 or role in PASSED_OVER:
+            return
+        if role in TOUCHABLE:
+            name = str(thing.Get(ACCESSIBLE, "Name", dbus_interface=dbus.PROPERTIES_IFACE))
+            x, y, width, height = map(int, thing.GetExtents(dbus.UInt32(0), dbus_interface=COMPONENT))
+            yield Element(role, name, (x + width // 2, y + height // 2))
+        if role not in LEAVES:
+            yield from self._in(thing)
 
     def find(self, role: str, name: str, within_s: float = 60) -> Element:
         """The first shown element of that role whose name begins so; waits for it."""
-        seen = {}
+        return eventually(lambda: _first(self.elements(), role, name), f"a {role} {name!r}", within_s)
 
-        def shown():
-            seen.clear()
-            for element in self.elements():
-                seen[element.role, element.name] = element
-                if element.role == role and element.name.startswith(name):
-                    return element
-            return None
-        try:
-            return eventually(shown, f"a {role} {name!r}", within_s)
-        except Failed as failure:
-            raise Failed(f"{failure}; there are {sorted(seen)}") from None
+
+def _first(elements, role: str, name: str) -> Element | None:
+    return next((each for each in elements if each.role == role and each.name.startswith(name)), None)
+
 
 def named(elements: list[Element], role: str, name: str) -> Element:
     """The element of that role whose name begins so."""
-    for element in elements:
-        if element.role == role and element.name.startswith(name):
-            return element
-    seen = ", ".join(f"{element.role} {element.name!r}" for element in elements if element.name)
-    raise Failed(f"there is no {role} {name!r}, but {seen}")
+    found = _first(elements, role, name)
+    if not found:
+        raise Failed(f"there is no {role} {name!r}, but {sorted((each.role, each.name) for each in elements)}")
+    return found

@@ -1,6 +1,5 @@
 // The least that anything can do between a touchscreen and the desktop: grab an input device, make a pointer
-// with the same absolute axes, and write every frame to it as it came. What the driver service costs is told
-// beside it.
+// with the same absolute axes, and write every frame to it as it came. "latency" compares the service with it.
 //
 // Usage: grab_and_copy /dev/input/eventN. Ends when the device is gone.
 
