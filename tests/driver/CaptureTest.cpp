@@ -103,6 +103,11 @@ TEST(Capture, AFingerThatIsDownWhenARunBeginsIsNoTouchOfIt) {
   EXPECT_EQ(read(glass.driver), (Published{0, 0, 0}));
   glass.play("100: 500,600; 108: -");
   EXPECT_EQ(read(glass.driver), (Published{500, 600, 0}));
+
+  glass.play("200: 0@9000,9000");
+  glass.driver.releaseAll();
+  glass.play("300: 1@700,800; 308: -");
+  EXPECT_EQ(read(glass.driver), (Published{700, 800, 1})) << "nor one whose sensor went away under it";
 }
 
 TEST(Capture, TwoFingersAreOneTouchOfTheFirst) {

@@ -81,6 +81,7 @@ TEST(DriverProperties, RefuseABadMessageWhole) {
       {"calibration", Dictionary{{"calibrateStatus", true}, {"calibParams", "text"}}},
       {"calibration", Dictionary{{"calibrateStatus", true}, {"maxX", 32768}}},
       {"calibration", Dictionary{{"calibrateStatus", true}, {"minY", 32767}}},
+      {"calibration", Dictionary{{"calibrateStatus", true}, {"minX", 32767}}},
       {"calibration", Dictionary{{"statCalibrate", true}, {"pointId", -1}}},
       {"calibration", Dictionary{{"statCalibrate", true}, {"x", 5}}},
       {"calibration", Dictionary{{"pointId", 3}, {"statCalibrate", 1}}}};

@@ -120,7 +120,11 @@ TEST(TouchFeel, AShakyTapStaysInPlace) {
          {"smoothing follows by 8 of 8 + 4 ms, whatever the rate, and lands where the finger lands",
           {{"mode", 2}, {"smoothness", 1}},
           "0: 3000,3000; 8: 6000,3000; 16: 6000,3000; 24: -; 32: 9000,9000; 40: -",
-          "left 3000,3000; drag 5000,3000; drag 5667,3000; up 5667,3000; left 9000,9000; up 9000,9000"}},
+          "left 3000,3000; drag 5000,3000; drag 5667,3000; up 5667,3000; left 9000,9000; up 9000,9000"},
+         {"smoothing follows a second frame of the same time exactly",
+          {{"mode", 2}, {"smoothness", 1}},
+          "8: 3000,3000; 8: 6000,3000; 16: -",
+          "left 3000,3000; drag 6000,3000; up 6000,3000"}},
         kExact);
 }
 
@@ -143,12 +147,21 @@ TEST(TouchFeel, ASecondTapNearAndSoonLandsOnTheFirstOnesPoint) {
           "left 5000,5000; up 5000,5000; left 5100,5000; up 5100,5000"},
          {"a drag is no first tap",
           {},
-          "0: 4000,4000; 20: 5000,5000; 50: -; 300: 5100,5000; 350: -",
-          "left 4000,4000; drag 5000,5000; up 5000,5000; left 5100,5000; up 5100,5000"},
+          "0: 5000,5000; 20: 6000,5000; 50: -; 300: 5100,5000; 350: -",
+          "left 5000,5000; drag 6000,5000; up 6000,5000; left 5100,5000; up 5100,5000"},
+         {"nor is a tap before a drag",
+          {},
+          "0: 5000,5000; 50: -; 100: 8000,8000; 110: 9000,8000; 150: -; 300: 5100,5000; 350: -",
+          "left 5000,5000; up 5000,5000; left 8000,8000; drag 9000,8000; up 9000,8000; left 5100,5000; up "
+          "5100,5000"},
          {"a long press is no first tap",
           {},
           "0: 5000,5000; 600: -; 700: 5100,5000; 750: -",
           "left 5000,5000; up 5000,5000; left 5100,5000; up 5100,5000"},
+         {"the second tap may tremble",
+          {},
+          "0: 5000,5000; 50: -; 300: 5100,5000; 310: 5150,4950; 350: -",
+          "left 5000,5000; up 5000,5000; left 5000,5000; up 5000,5000"},
          {"the second tap can be dragged away",
           {},
           "0: 5000,5000; 50: -; 300: 5100,5000; 310: 5300,5000; 350: -",
@@ -199,6 +212,32 @@ TEST(TouchFeel, ASettingThatChangesInTheMiddleOfATouchLeavesNothingHeld) {
   }
 }
 
+TEST(TouchFeel, ATouchAfterAChangedSettingOwesNothingToTheOneBefore) {
+  const Dictionary filters = {{"mode", 2}, {"smoothness", 5}, {"enableTouchSensitivity", true}};
+  const Dictionary noFilters = {{"smoothness", 0}, {"enableTouchSensitivity", false}};
+  struct Change {
+    const char* what;
+    const char* touch;
+    Dictionary change, back;
+  };
+  const std::vector<Change> table = {
+      {"the touch that it ends", "0: 5000,5000", {{"mode", 0}}, {{"mode", 2}}},
+      {"the tap before it", "0: 5000,5000; 8: -", {{"mode", 0}}, {{"mode", 2}}},
+      {"filters switched off and on in a touch", "-600: 5000,5000", noFilters, filters}};
+  for (const auto& row : table) {
+    SCOPED_TRACE(row.what);
+    Glass glass;
+    ASSERT_EQ(glass.configure(kExact), kSuccess);
+    ASSERT_EQ(glass.configure(filters), kSuccess);
+    glass.driver.setDoubleClick(std::chrono::milliseconds(500), 5);
+    glass.play(row.touch);
+    ASSERT_EQ(glass.configure(row.change), kSuccess);
+    glass.play("16: -");
+    ASSERT_EQ(glass.configure(row.back), kSuccess);
+    EXPECT_EQ(glass.play("100: 5100,5000; 108: -"), "left 5100,5000; up 5100,5000");
+  }
+}
+
 TEST(TouchFeel, DisabledTouchMovesNothingUntilAFreshTouchAfterEnabling) {
   Glass glass;
   ASSERT_EQ(glass.configure(kExact), kSuccess);
@@ -215,6 +254,7 @@ TEST(TouchFeel, WritingTheSameSettingsAgainDoesNotDisturbATouch) {
   glass.play("0: 100,100");
   ASSERT_EQ(glass.configure({{"mode", 2}, {"enableTouch", true}, {"clickRange", 0}}), kSuccess);
   ASSERT_EQ(glass.configure({}), kSuccess);
+  ASSERT_EQ(glass.calibrate({{"statCalibrate", false}}), kSuccess);
   EXPECT_EQ(glass.play("8: 200,200; 16: -"), "drag 200,200; up 200,200");
 }
 

@@ -3,6 +3,8 @@
 #include <optional>
 #include <vector>
 
+#include <gtest/gtest.h>
+
 #include "platform/Timers.h"
 
 namespace touchpanel::testing {
@@ -17,7 +19,9 @@ class FakeTimers final : public driver::Timers {
   /// Lets time pass and fires what comes due, in order.
   void advance(std::chrono::microseconds duration) {
     const auto end = time + duration;
+    int fired = 0;
     while (auto* next = nextDue(end)) {
+      ASSERT_LT(++fired, 1000) << "a timer is armed for the present again and again";
       time = std::max(time, *next->due);
       next->due.reset();
       next->callback();

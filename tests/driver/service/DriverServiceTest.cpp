@@ -317,6 +317,11 @@ TEST_F(Service, SharesTheDoubleClickSettingsAndKeepsThem) {
   service->touchscreenArrived("/sys/usb2", {kHere + 1, kProductConfigurationOnly});
   const auto systems = service->registry().instancesOf(class_name::kHidSystem);
   ASSERT_EQ(systems.size(), 2U);
+  const auto clickTime = [&](RegistryObject system) {
+    return service->registry().properties(system)->dictionary("HIDParameters")->longInteger("HIDClickTime");
+  };
+  EXPECT_EQ(clickTime(systems[0]), 500'000'000);
+  EXPECT_EQ(service->setProperty(systems[0], "HIDClickTime", std::int64_t{60'000'000'000}, ":1.1"), kSuccess);
   EXPECT_EQ(service->setProperty(systems[1], "HIDClickTime", 700'000'000, ":1.1"), kSuccess);
   EXPECT_EQ(service->setProperty(systems[1], "HIDClickSpace", Array{8, 9}, ":1.1"), kSuccess);
   const std::vector<std::pair<const char*, Value>> bad = {{"HIDClickTime", -1},
