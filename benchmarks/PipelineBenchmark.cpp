@@ -19,10 +19,10 @@ _CALIB_PARAMS cubic() {
 }
 
 /// A second of strokes at 125 frames a second, a lift after each tenth.
-std::vector<driver::RawFrame> strokes(std::uint8_t fingers) {
-  std::vector<driver::RawFrame> frames;
+std::vector<RawFrame> strokes(std::uint8_t fingers) {
+  std::vector<RawFrame> frames;
   for (int i = 0; i < 125; ++i) {
-    driver::RawFrame frame;
+    RawFrame frame;
     frame.count = i % 12 == 11 ? 0 : fingers;
     for (std::uint8_t finger = 0; finger < frame.count; ++finger)
       frame.contacts[finger] = {finger, 3000 + 2500 * finger + 37 * i,
@@ -34,7 +34,7 @@ std::vector<driver::RawFrame> strokes(std::uint8_t fingers) {
 
 void BM_PipelineFrame(benchmark::State& state) {
   std::uint64_t told = 0;
-  driver::TouchDriver driver([&](const driver::OutputFrame&) { ++told; });
+  driver::TouchDriver driver([&](const OutputFrame&) { ++told; });
   const auto image = imageOf(cubic());
   driver.setProperty(property::kCalibration, Dictionary{{"calibrateStatus", true},
                                                         {"calibParams", Bytes(image.begin(), image.end())}});

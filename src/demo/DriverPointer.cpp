@@ -35,19 +35,19 @@ bool isBlocked(const QWindow* window) {
 
 }  // namespace
 
-void DriverPointer::post(const driver::OutputFrame& frame) {
+void DriverPointer::post(const OutputFrame& frame) {
   QMetaObject::invokeMethod(
       this, [this, frame] { deliver(frame); }, Qt::QueuedConnection);
 }
 
-void DriverPointer::deliver(const driver::OutputFrame& frame) {
+void DriverPointer::deliver(const OutputFrame& frame) {
   move(frame);
   press(Qt::LeftButton, frame.left || frame.count > 0);
   press(Qt::RightButton, frame.right);
   if (buttons_ == Qt::NoButton) target_ = nullptr;
 }
 
-void DriverPointer::move(const driver::OutputFrame& frame) {
+void DriverPointer::move(const OutputFrame& frame) {
   const QPoint before = position_;
   if (frame.hasPosition)
     position_ = pixelAt(frame.x, frame.y);

@@ -18,11 +18,11 @@ class DriverPointer final : public QObject {
   ///
   /// Multi-touch contacts lead the pointer as a desktop without multi-touch has it: the first is the left
   /// button.
-  void post(const driver::OutputFrame& frame);
+  void post(const OutputFrame& frame);
 
  private:
-  void deliver(const driver::OutputFrame& frame);
-  void move(const driver::OutputFrame& frame);
+  void deliver(const OutputFrame& frame);
+  void move(const OutputFrame& frame);
   void press(Qt::MouseButton button, bool down);
   void send(QEvent::Type type, Qt::MouseButton button);
 

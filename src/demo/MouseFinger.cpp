@@ -57,7 +57,7 @@ bool MouseFinger::take(const QWindow& window, const QMouseEvent& event) {
 void MouseFinger::land(Touchscreen& touchscreen, const QMouseEvent& event) {
   down_ = &touchscreen;
   // A property write may make the driver let go of its buttons at any later time.
-  touchscreen.setOutput([pointer = QPointer(&pointer_)](const driver::OutputFrame& frame) {
+  touchscreen.setOutput([pointer = QPointer(&pointer_)](const OutputFrame& frame) {
     if (pointer) pointer->post(frame);
   });
   move(event);

@@ -6,7 +6,7 @@
 #include "platform/TouchFrames.h"
 #include "platform/TouchscreenIdentity.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// What the desktop sees in a touchscreen's place. Destroying it lets go of everything it holds.
 class PointerDevice {
@@ -26,4 +26,4 @@ class PointerDevices {
   virtual Status create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) = 0;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

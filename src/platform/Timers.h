@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// Calls back once after each arming. Destroying it disarms it.
 class Timer {
@@ -23,4 +23,4 @@ class Timers {
   virtual std::unique_ptr<Timer> create(std::function<void()> callback) = 0;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

@@ -4,7 +4,7 @@
 #include <chrono>
 #include <cstdint>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 inline constexpr std::size_t kMaximumContacts = 10;
 
@@ -35,4 +35,4 @@ struct OutputFrame {
   bool operator==(const OutputFrame&) const = default;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

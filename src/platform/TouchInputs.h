@@ -6,7 +6,7 @@
 #include "platform/Status.h"
 #include "platform/TouchFrames.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// Takes the frames of an input node.
 class FrameListener {
@@ -36,4 +36,4 @@ class TouchInputs {
   virtual Status open(const std::string& node, std::unique_ptr<TouchInput>& input) = 0;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

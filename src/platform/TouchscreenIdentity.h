@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// Which touchscreen it is: state is kept under this, so that two of a kind are told apart by where they are
 /// plugged in.
@@ -12,4 +12,4 @@ struct TouchscreenIdentity {
   bool operator==(const TouchscreenIdentity&) const = default;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

@@ -18,9 +18,9 @@ int main(int argc, char** argv) {
   StandardOutput diagnostics;
   files::LibplistFiles files;
   LibusbBus usb(TOUCH_VENDOR_ID);
-  linux_registry::DBusRegistry service(diagnostics);
-  linux_registry::GSettingsDoubleClick desktop;
-  linux_registry::DesktopRegistry registry(service, desktop);
+  DBusRegistry service(diagnostics);
+  GSettingsDoubleClick desktop;
+  DesktopRegistry registry(service, desktop);
   ControlPanel panel({.usbNotifications = usb,
                       .usbServices = usb,
                       .registry = registry,
@@ -32,6 +32,6 @@ int main(int argc, char** argv) {
                                     files::libplistInUse(),
                                     {"sdbus-c++", "GNU LGPL 2.1 with exception"},
                                     {"libsystemd", "GNU LGPL 2.1"},
-                                    linux_registry::glibInUse()}});
+                                    glibInUse()}});
   return panel.run();
 }

@@ -11,10 +11,6 @@
 namespace touchpanel::testing {
 namespace {
 
-using driver::Contact;
-using driver::OutputFrame;
-using driver::RawFrame;
-
 /// Fingers that come, wander and go, with now and then a frame that no sound source would send.
 class RandomTouches {
  public:
@@ -68,7 +64,7 @@ void expectSound(const OutputFrame& frame) {
   std::set<std::int32_t> ids;
   for (std::size_t i = 0; i < frame.count; ++i) {
     const auto& contact = frame.contacts[i];
-    ASSERT_TRUE(contact.id >= 0 && contact.id < static_cast<std::int32_t>(driver::kMaximumContacts));
+    ASSERT_TRUE(contact.id >= 0 && contact.id < static_cast<std::int32_t>(kMaximumContacts));
     ASSERT_TRUE(ids.insert(contact.id).second);
     ASSERT_TRUE(inside(contact.x) && inside(contact.y));
   }

@@ -68,7 +68,7 @@ TEST(Capture, PublishesThePointBeforeTheReleaseThatBelongsToIt) {
     std::vector<Published> atRelease;
     bool wasDown = false;
     driver::TouchDriver* self = nullptr;
-    driver::TouchDriver driver([&](const driver::OutputFrame& frame) {
+    driver::TouchDriver driver([&](const OutputFrame& frame) {
       if (wasDown && !frame.left) atRelease.push_back(read(*self));
       wasDown = frame.left;
     });

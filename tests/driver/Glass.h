@@ -17,7 +17,7 @@ namespace touchpanel::testing {
 class Glass {
  public:
   explicit Glass(DeviceKind kind = DeviceKind::Optical)
-      : driver([this](const driver::OutputFrame& frame) { hear(frame); }, kind) {}
+      : driver([this](const OutputFrame& frame) { hear(frame); }, kind) {}
 
   Status configure(Dictionary settings) { return driver.setProperty(property::kConfigration, settings); }
   Status calibrate(Dictionary calibration) { return driver.setProperty(property::kCalibration, calibration); }
@@ -37,7 +37,7 @@ class Glass {
     std::size_t used = 0;
     const std::chrono::milliseconds time(std::stol(step, &used));
     if (step[used] == '!') return driver.tick(time);
-    driver::RawFrame frame;
+    RawFrame frame;
     frame.time = time;
     std::istringstream fingers(step.substr(used + 1));
     for (std::string finger; fingers >> finger && finger != "-";) {
@@ -50,7 +50,7 @@ class Glass {
     driver.process(frame);
   }
 
-  void hear(const driver::OutputFrame& frame) {
+  void hear(const OutputFrame& frame) {
     std::ostringstream text;
     if (!heard_.empty()) text << "; ";
     if (frame.count > 0 || last_.count > 0) {
@@ -65,7 +65,7 @@ class Glass {
     heard_ += text.str();
     last_ = frame;
   }
-  const char* verb(const driver::OutputFrame& frame) const {
+  const char* verb(const OutputFrame& frame) const {
     if (frame.left && !last_.left) return "left";
     if (frame.right && !last_.right) return "right";
     if (!frame.left && !frame.right && (last_.left || last_.right)) return "up";
@@ -73,7 +73,7 @@ class Glass {
   }
 
   std::string heard_;
-  driver::OutputFrame last_;
+  OutputFrame last_;
 };
 
 }  // namespace touchpanel::testing

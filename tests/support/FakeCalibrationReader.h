@@ -9,7 +9,7 @@ namespace touchpanel::testing {
 /// Reads that are under way by location, which the test finishes when it likes.
 class FakeCalibrationReader final : public driver::CalibrationReader {
  public:
-  std::unique_ptr<driver::CalibrationReading> start(const driver::TouchscreenIdentity& identity,
+  std::unique_ptr<driver::CalibrationReading> start(const TouchscreenIdentity& identity,
                                                     const _DEVICT_CONTEXT& held, Done done) override {
     underWay[identity.locationId] = {held, std::move(done)};
     return std::make_unique<Reading>(*this, identity.locationId);

@@ -8,17 +8,16 @@
 namespace touchpanel::testing {
 
 /// Pointer devices by location, with what was written to each.
-class FakePointerDevices final : public driver::PointerDevices {
+class FakePointerDevices final : public PointerDevices {
  public:
   struct Device {
     bool exists = false;
     bool multiTouch = false;
     Status writeResult = kSuccess;
-    std::vector<driver::OutputFrame> frames;
+    std::vector<OutputFrame> frames;
   };
 
-  Status create(const driver::TouchscreenIdentity& identity,
-                std::unique_ptr<driver::PointerDevice>& device) override {
+  Status create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) override {
     ++attempts;
     if (createResult == kSuccess) device = std::make_unique<Pointer>(devices[identity.locationId]);
     return createResult;
@@ -29,11 +28,11 @@ class FakePointerDevices final : public driver::PointerDevices {
   std::map<std::uint32_t, Device> devices;
 
  private:
-  class Pointer final : public driver::PointerDevice {
+  class Pointer final : public PointerDevice {
    public:
     explicit Pointer(Device& device) : device_(device) { device_.exists = true; }
     ~Pointer() override { device_.exists = device_.multiTouch = false; }
-    Status write(const driver::OutputFrame& frame) override {
+    Status write(const OutputFrame& frame) override {
       if (device_.writeResult == kSuccess) device_.frames.push_back(frame);
       return device_.writeResult;
     }

@@ -10,10 +10,10 @@
 namespace touchpanel::testing {
 
 /// Timers whose clock the test moves.
-class FakeTimers final : public driver::Timers {
+class FakeTimers final : public Timers {
  public:
   std::chrono::microseconds now() const override { return time; }
-  std::unique_ptr<driver::Timer> create(std::function<void()> callback) override {
+  std::unique_ptr<Timer> create(std::function<void()> callback) override {
     return std::make_unique<Armed>(*this, std::move(callback));
   }
   /// Lets time pass and fires what comes due, in order.
@@ -32,7 +32,7 @@ class FakeTimers final : public driver::Timers {
   std::chrono::microseconds time{0};
 
  private:
-  struct Armed final : driver::Timer {
+  struct Armed final : Timer {
     Armed(FakeTimers& owner, std::function<void()> call) : timers(owner), callback(std::move(call)) {
       timers.all_.push_back(this);
     }

@@ -8,30 +8,30 @@
 namespace touchpanel::testing {
 
 /// Input nodes by path, whose touches the test makes up.
-class FakeTouchInputs final : public driver::TouchInputs {
+class FakeTouchInputs final : public TouchInputs {
  public:
   struct Node {
     Status openResult = kSuccess;
     bool touches = true;
     bool held = false;
     int attempts = 0;
-    driver::FrameListener* listener = nullptr;
+    FrameListener* listener = nullptr;
   };
 
-  Status open(const std::string& path, std::unique_ptr<driver::TouchInput>& input) override {
+  Status open(const std::string& path, std::unique_ptr<TouchInput>& input) override {
     auto& node = nodes[path];
     ++node.attempts;
     if (node.openResult == kSuccess) input = std::make_unique<Input>(node);
     return node.openResult;
   }
-  void touch(const std::string& path, const driver::RawFrame& frame) {
+  void touch(const std::string& path, const RawFrame& frame) {
     if (nodes[path].listener) nodes[path].listener->frame(frame);
   }
 
   std::map<std::string, Node> nodes;
 
  private:
-  class Input final : public driver::TouchInput {
+  class Input final : public TouchInput {
    public:
     explicit Input(Node& node) : node_(node) { node_.held = true; }
     ~Input() override {
@@ -39,7 +39,7 @@ class FakeTouchInputs final : public driver::TouchInputs {
       node_.listener = nullptr;
     }
     bool reportsTouches() const override { return node_.touches; }
-    void listen(driver::FrameListener& listener) override { node_.listener = &listener; }
+    void listen(FrameListener& listener) override { node_.listener = &listener; }
 
    private:
     Node& node_;

@@ -21,7 +21,7 @@ class TouchedView {
  public:
   TouchedView(simulated::SimulatedTouchscreen& touchscreen, Size screen)
       : touchscreen_(touchscreen), screen_(screen) {
-    touchscreen_.setOutput([this](const driver::OutputFrame& frame) { frames_.push_back(frame); });
+    touchscreen_.setOutput([this](const OutputFrame& frame) { frames_.push_back(frame); });
   }
   ~TouchedView() { touchscreen_.setOutput({}); }
   TouchedView(const TouchedView&) = delete;
@@ -70,7 +70,7 @@ class TouchedView {
   }
 
  private:
-  std::vector<driver::OutputFrame> touch(Point point) {
+  std::vector<OutputFrame> touch(Point point) {
     using std::chrono_literals::operator""ms;
     frames_.clear();
     touchscreen_.touch({point.x / screen_.width, 1 - point.y / screen_.height}, now_ += 1000ms);
@@ -78,7 +78,7 @@ class TouchedView {
     return std::exchange(frames_, {});
   }
   /// A frame without a position leaves the pointer where it is.
-  Point locationOf(const driver::OutputFrame& frame) {
+  Point locationOf(const OutputFrame& frame) {
     if (frame.hasPosition)
       pointer_ = {static_cast<float>(frame.x) * screen_.width / kLogicalMaximum,
                   screen_.height - static_cast<float>(frame.y) * screen_.height / kLogicalMaximum};
@@ -94,7 +94,7 @@ class TouchedView {
   View* view_ = nullptr;
   std::shared_ptr<FakeWindowRecord> record_;
   RecordingCanvas canvas_;
-  std::vector<driver::OutputFrame> frames_;
+  std::vector<OutputFrame> frames_;
   std::chrono::microseconds now_{0};
   Point pointer_;
 };

@@ -65,8 +65,7 @@ TEST(KilledService, LosesNoSettingThatItHasAnswered) {
   PrivateBus bus;
   TemporaryDirectory state;
   RecordingDiagnostics diagnostics;
-  linux_registry::DBusRegistry registry(diagnostics, driver::Bus::Session,
-                                        driver::bus_name::kDevelopmentService);
+  DBusRegistry registry(diagnostics, Bus::Session, bus_name::kDevelopmentService);
   std::mt19937 random(20261121);
   std::int32_t answered = 5;  // the value that nobody has written yet
   std::int32_t sent = 5;

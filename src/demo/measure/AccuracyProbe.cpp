@@ -18,7 +18,7 @@ firmware::ScreenFraction inside(const TouchedBox& box, firmware::ScreenFraction 
 std::optional<driver::Point> landing(simulated::SimulatedTouchscreen& touchscreen,
                                      firmware::ScreenFraction point, FingerClock& clock) {
   std::optional<driver::Point> first;
-  touchscreen.setOutput([&](const driver::OutputFrame& frame) {
+  touchscreen.setOutput([&](const OutputFrame& frame) {
     if (frame.hasPosition && !first) first = driver::Point{frame.x, frame.y};
   });
   clock.skip(kBetweenTaps);

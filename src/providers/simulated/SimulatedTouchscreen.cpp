@@ -9,7 +9,7 @@ SimulatedTouchscreen::SimulatedTouchscreen(TouchscreenModel model)
       firmware_(model_.description),
       surface_(model_.distortion, model_.locationId),
       driver_(
-          [this](const driver::OutputFrame& frame) {
+          [this](const OutputFrame& frame) {
             if (output_) output_(frame);
           },
           kindOf(model_.description.productId)) {}
@@ -24,7 +24,7 @@ firmware::RawPoint SimulatedTouchscreen::touch(firmware::ScreenFraction point,
 void SimulatedTouchscreen::hold(std::chrono::microseconds now) { report(now); }
 
 void SimulatedTouchscreen::report(std::chrono::microseconds now) {
-  driver::RawFrame frame;
+  RawFrame frame;
   frame.time = now;
   frame.count = 1;
   frame.contacts[0] = {0, last_.x, last_.y};
@@ -32,7 +32,7 @@ void SimulatedTouchscreen::report(std::chrono::microseconds now) {
 }
 
 void SimulatedTouchscreen::release(std::chrono::microseconds now) {
-  driver::RawFrame frame;
+  RawFrame frame;
   frame.time = now;
   driver_.process(frame);
 }

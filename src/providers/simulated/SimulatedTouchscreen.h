@@ -25,7 +25,7 @@ struct TouchscreenModel {
 /// clock.
 class SimulatedTouchscreen {
  public:
-  using Output = std::function<void(const driver::OutputFrame&)>;
+  using Output = std::function<void(const OutputFrame&)>;
 
   explicit SimulatedTouchscreen(TouchscreenModel model);
 

@@ -42,7 +42,7 @@ TEST(TouchError, IsSummedUpAsMeanAndLargest) {
 }
 
 TEST(TouchReading, ComparesTheRawPointWithWhatTheDriversCalibrationMakesOfIt) {
-  driver::TouchDriver driver([](const driver::OutputFrame&) {});
+  driver::TouchDriver driver([](const OutputFrame&) {});
   const firmware::ScreenFraction middle{0.5, 0.5};
   const firmware::RawPoint raw{8192, 8192};
 

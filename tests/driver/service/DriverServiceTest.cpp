@@ -14,7 +14,6 @@ namespace touchpanel::testing {
 namespace {
 
 using namespace std::chrono_literals;
-using driver::RawFrame;
 
 constexpr std::uint32_t kHere = 0x00110000;
 constexpr char kUsb[] = "/sys/usb1";

@@ -4,7 +4,7 @@
 
 #include <sdbus-c++/sdbus-c++.h>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 enum class Bus { System, Session };
 
@@ -14,4 +14,4 @@ inline std::unique_ptr<sdbus::IConnection> connectTo(Bus bus) {
   return bus == Bus::System ? sdbus::createSystemBusConnection() : sdbus::createSessionBusConnection();
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

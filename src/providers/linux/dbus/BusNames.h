@@ -3,7 +3,7 @@
 #include <cstdint>
 
 /// What the touch driver service and its clients call each other on D-Bus.
-namespace touchpanel::driver::bus_name {
+namespace touchpanel::bus_name {
 
 inline constexpr char kService[] = "com.VARNEXO.TouchDriver1";
 /// The name for trying out and testing, on a session bus.
@@ -20,4 +20,4 @@ inline constexpr char kUnsupportedError[] = "com.VARNEXO.TouchDriver1.Error.Unsu
 inline constexpr char kNoDeviceError[] = "com.VARNEXO.TouchDriver1.Error.NoDevice";
 inline constexpr char kFailedError[] = "com.VARNEXO.TouchDriver1.Error.Failed";
 
-}  // namespace touchpanel::driver::bus_name
+}  // namespace touchpanel::bus_name

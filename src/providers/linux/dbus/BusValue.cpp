@@ -2,7 +2,7 @@
 
 #include <vector>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 namespace {
 struct ToBus {
@@ -65,4 +65,4 @@ std::optional<Dictionary> fromBus(const BusDictionary& entries) {
   return dictionary;
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

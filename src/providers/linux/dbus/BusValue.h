@@ -8,7 +8,7 @@
 
 #include "platform/Value.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 using BusDictionary = std::map<std::string, sdbus::Variant>;
 
@@ -20,4 +20,4 @@ BusDictionary toBus(const Dictionary& dictionary);
 std::optional<Value> fromBus(const sdbus::Variant& variant);
 std::optional<Dictionary> fromBus(const BusDictionary& dictionary);
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

@@ -8,11 +8,9 @@
 
 #include "providers/linux/dbus/BusValue.h"
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 namespace {
-using namespace driver;
-
 constexpr char kDaemon[] = "org.freedesktop.DBus";
 constexpr char kDaemonPath[] = "/org/freedesktop/DBus";
 
@@ -193,4 +191,4 @@ Status DBusRegistry::setProperty(RegistryObject object, std::string_view name, c
       object, [&](ObjectProxy& proxy, const Place&) { proxy.SetProperty(std::string(name), toBus(value)); });
 }
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

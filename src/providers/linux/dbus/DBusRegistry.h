@@ -14,7 +14,7 @@
 #include "providers/linux/dbus/BusConnection.h"
 #include "providers/linux/dbus/BusNames.h"
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 /// The registry of the touch driver service, reached over D-Bus, which starts the service where that is set
 /// up.
@@ -25,8 +25,8 @@ namespace touchpanel::linux_registry {
 class DBusRegistry final : public Registry {
  public:
   /// `diagnostics` hears once why nothing can be found, unless there simply is no service.
-  explicit DBusRegistry(Diagnostics& diagnostics, driver::Bus bus = driver::Bus::System,
-                        std::string service = driver::bus_name::kService,
+  explicit DBusRegistry(Diagnostics& diagnostics, Bus bus = Bus::System,
+                        std::string service = bus_name::kService,
                         std::chrono::microseconds longestCall = std::chrono::seconds(2));
   ~DBusRegistry() override;
 
@@ -56,7 +56,7 @@ class DBusRegistry final : public Registry {
   std::vector<RegistryObject> handlesOf(const std::string& owner,
                                         const std::vector<sdbus::ObjectPath>& paths);
 
-  driver::Bus bus_;
+  Bus bus_;
   std::string service_;
   std::chrono::microseconds longestCall_;
   Trouble trouble_;
@@ -66,4 +66,4 @@ class DBusRegistry final : public Registry {
   RegistryObject last_ = 0;
 };
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <optional>
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 /// The desktop's own double-click setting, which its programs go by.
 class DesktopDoubleClick {
@@ -15,4 +15,4 @@ class DesktopDoubleClick {
   virtual bool setTime(std::chrono::milliseconds time) = 0;
 };
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

@@ -2,7 +2,7 @@
 
 #include "contract/DriverProperties.h"
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 std::optional<Dictionary> DesktopRegistry::properties(RegistryObject object) {
   auto properties = service_.properties(object);
@@ -24,4 +24,4 @@ Status DesktopRegistry::setProperty(RegistryObject object, std::string_view name
   return status;
 }
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

@@ -3,7 +3,7 @@
 #include "platform/Registry.h"
 #include "providers/linux/desktop/DesktopDoubleClick.h"
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 /// Another registry, whose double-click time is that of the desktop.
 ///
@@ -33,4 +33,4 @@ class DesktopRegistry final : public Registry {
   DesktopDoubleClick& desktop_;
 };
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

@@ -2,7 +2,7 @@
 
 #include <gio/gio.h>
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 namespace {
 constexpr char kSchema[] = "org.gnome.desktop.peripherals.mouse";
@@ -43,4 +43,4 @@ bool GSettingsDoubleClick::setTime(std::chrono::milliseconds time) {
   return settings_ && g_settings_set_int(settings_.get(), kKey, static_cast<int>(time.count())) != FALSE;
 }
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

@@ -7,7 +7,7 @@
 
 struct _GSettings;  // NOLINT(bugprone-reserved-identifier): the name that GLib gives it
 
-namespace touchpanel::linux_registry {
+namespace touchpanel {
 
 LibraryInUse glibInUse();
 
@@ -27,4 +27,4 @@ class GSettingsDoubleClick final : public DesktopDoubleClick {
   std::unique_ptr<_GSettings, Unref> settings_;
 };
 
-}  // namespace touchpanel::linux_registry
+}  // namespace touchpanel

@@ -14,7 +14,7 @@
 #include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 namespace {
 struct FreeEvdev {
@@ -148,4 +148,4 @@ Status EvdevInputs::open(const std::string& node, std::unique_ptr<TouchInput>& i
   return kSuccess;
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

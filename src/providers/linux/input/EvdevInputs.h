@@ -4,7 +4,7 @@
 #include "platform/TouchInputs.h"
 #include "providers/linux/loop/EventLoop.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// Input nodes through libevdev: grabbed, drained on every wake-up, on the monotonic clock, and brought up to
 /// date when the kernel had to drop events.
@@ -18,4 +18,4 @@ class EvdevInputs final : public TouchInputs {
   Diagnostics& diagnostics_;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

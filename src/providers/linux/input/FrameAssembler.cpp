@@ -7,7 +7,7 @@
 
 #include "contract/DriverProperties.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 std::int32_t scaledToLogical(std::int32_t value, AxisRange range) {
   const auto extent = std::int64_t{range.maximum} - range.minimum;
@@ -68,4 +68,4 @@ void FrameAssembler::emit(std::chrono::microseconds time, bool withReplaced) {
   sink_(frame);
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

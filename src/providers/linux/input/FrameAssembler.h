@@ -7,7 +7,7 @@
 
 #include "platform/TouchFrames.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// The values that a device reports on one axis, bounds included.
 struct AxisRange {
@@ -53,4 +53,4 @@ class FrameAssembler {
   std::array<Slot, kMaximumContacts> slots_{};
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

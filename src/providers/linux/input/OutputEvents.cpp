@@ -1,6 +1,6 @@
 #include "providers/linux/input/OutputEvents.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 namespace {
 constexpr std::int32_t kLastTrackingId = 0xFFFF;
@@ -53,4 +53,4 @@ void ContactEvents::singleTouch(const OutputFrame& frame) {
   batch_.add(EV_ABS, ABS_Y, frame.contacts[0].y);
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

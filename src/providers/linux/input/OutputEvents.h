@@ -8,7 +8,7 @@
 
 #include "platform/TouchFrames.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// A batch of input events that ends with SYN_REPORT, laid out to go out in one write. Empty when nothing
 /// changed.
@@ -68,4 +68,4 @@ class ContactEvents {
   EventBatch<4 * kMaximumContacts + 2 * kMaximumContacts + 4> batch_;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

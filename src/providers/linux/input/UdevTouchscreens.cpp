@@ -12,7 +12,7 @@
 #include "contract/ProductId.h"
 #include "platform_build/BuildConstants.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 namespace {
 constexpr char kUsb[] = "usb";
@@ -105,4 +105,4 @@ void UdevTouchscreens::left(udev_device* device) {
   if (const char* node = udev_device_get_devnode(device)) service_.nodeLeft(node);
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

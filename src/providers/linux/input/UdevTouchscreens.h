@@ -10,7 +10,7 @@ struct udev;
 struct udev_device;
 struct udev_monitor;
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// Finds touchscreens, by vendor and product id, and the input nodes below them, through udev: those that are
 /// there and those that come and go. An instance is published as soon as its USB device is known, before its
@@ -43,4 +43,4 @@ class UdevTouchscreens {
   std::unique_ptr<EventLoop::Watch> watch_;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

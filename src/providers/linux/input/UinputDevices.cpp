@@ -17,7 +17,7 @@
 #include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 namespace {
 constexpr char kUinputNode[] = "/dev/uinput";
@@ -129,4 +129,4 @@ Status UinputDevices::create(const TouchscreenIdentity& identity, std::unique_pt
   return status;
 }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

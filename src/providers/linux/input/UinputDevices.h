@@ -2,7 +2,7 @@
 
 #include "platform/PointerDevices.h"
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// Pointer devices through uinput. A touchscreen in modes 0 to 2 is one absolute pointer with a left and a
 /// right button, which desktops take for a mouse (no INPUT_PROP_DIRECT). In mode 3 there is a second,
@@ -14,4 +14,4 @@ class UinputDevices final : public PointerDevices {
   Status create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) override;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

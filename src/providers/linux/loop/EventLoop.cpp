@@ -9,7 +9,7 @@
 #include <sys/epoll.h>
 #include <systemd/sd-event.h>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 namespace {
 void check(int result, const char* what) {
@@ -142,4 +142,4 @@ void EventLoop::runOnce(std::chrono::microseconds longest) {
 
 int EventLoop::run() { return sd_event_loop(event_); }
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

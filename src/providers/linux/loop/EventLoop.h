@@ -10,7 +10,7 @@
 struct sd_event;
 struct sd_event_source;
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// The service's one loop, made of sd-event. Input is handled before timers, so a finger's lift that is
 /// waiting to be read comes before the time-out that it prevents. Throws std::system_error where the system
@@ -57,4 +57,4 @@ class EventLoop::Watch {
   virtual void stop() = 0;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-namespace touchpanel::driver {
+namespace touchpanel {
 
 /// An open file, closed with its owner.
 class FileDescriptor {
@@ -26,4 +26,4 @@ class FileDescriptor {
   int descriptor_;
 };
 
-}  // namespace touchpanel::driver
+}  // namespace touchpanel

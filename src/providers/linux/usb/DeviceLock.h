@@ -16,10 +16,10 @@ class DeviceLock {
   /// Takes the lock of a device that it does not hold yet. Does not wait: kErrorExclusiveAccess while another
   /// has it, kErrorNoDevice when there is no such node, kErrorNotPermitted when it may not be opened.
   Status take(std::uint8_t bus, std::uint8_t deviceNumber);
-  void release() { node_ = driver::FileDescriptor(); }
+  void release() { node_ = FileDescriptor(); }
 
  private:
-  driver::FileDescriptor node_;
+  FileDescriptor node_;
 };
 
 }  // namespace touchpanel

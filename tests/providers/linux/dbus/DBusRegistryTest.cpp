@@ -14,8 +14,6 @@ namespace touchpanel::testing {
 namespace {
 
 using driver::DriverService;
-using linux_registry::DBusRegistry;
-namespace bus_name = driver::bus_name;
 
 constexpr std::uint32_t kHere = 0x80110000;  // the sign bit must not matter
 
@@ -39,7 +37,7 @@ class DBusRegistryTest : public ::testing::Test {
   PrivateBus bus;
   std::unique_ptr<ServedDrivers> served;
   RecordingDiagnostics diagnostics;
-  DBusRegistry registry{diagnostics, driver::Bus::Session, bus_name::kDevelopmentService};
+  DBusRegistry registry{diagnostics, Bus::Session, bus_name::kDevelopmentService};
 };
 
 TEST_F(DBusRegistryTest, CarriesEveryKindOfValueBothWays) {
@@ -121,7 +119,7 @@ TEST_F(DBusRegistryTest, TellsOnceWhenTheServiceCannotBeServedAndServesLater) {
 
 TEST_F(DBusRegistryTest, WaitsOnlySoLongForAServiceThatHangs) {
   plugIn();
-  DBusRegistry impatient(diagnostics, driver::Bus::Session, bus_name::kDevelopmentService,
+  DBusRegistry impatient(diagnostics, Bus::Session, bus_name::kDevelopmentService,
                          std::chrono::milliseconds(50));
   const auto object = impatient.instancesOf(class_name::kTouchDriver).at(0);
   const auto held = served->hang();
@@ -133,7 +131,7 @@ TEST_F(DBusRegistryTest, WaitsOnlySoLongForAServiceThatHangs) {
 TEST_F(DBusRegistryTest, EndsTheCaptureOfAClientThatVanishes) {
   plugIn();
   {
-    DBusRegistry dying(diagnostics, driver::Bus::Session, bus_name::kDevelopmentService);
+    DBusRegistry dying(diagnostics, Bus::Session, bus_name::kDevelopmentService);
     const auto object = dying.instancesOf(class_name::kTouchDriver).at(0);
     ASSERT_EQ(dying.setProperty(object, "calibration", Dictionary{{"statCalibrate", true}}), kSuccess);
   }

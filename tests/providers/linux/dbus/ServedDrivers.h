@@ -85,7 +85,7 @@ class ServedDrivers {
   FakePropertyListFiles files_;
   driver::StateStore store_{files_, "/state", diagnostics};
   driver::DriverService service_{{inputs_, pointers_, timers_, reader_, diagnostics}, store_};
-  driver::BusService bus_{service_, driver::Bus::Session, driver::bus_name::kDevelopmentService, diagnostics};
+  driver::BusService bus_{service_, Bus::Session, bus_name::kDevelopmentService, diagnostics};
   int wake_;
   std::mutex mutex_;
   std::atomic<bool> stopping_ = false;

@@ -40,8 +40,7 @@ class ServiceWorld final : public RegistryWorld {
   PrivateBus bus_;
   ServedDrivers served_;
   RecordingDiagnostics diagnostics_;
-  linux_registry::DBusRegistry registry_{diagnostics_, driver::Bus::Session,
-                                         driver::bus_name::kDevelopmentService};
+  DBusRegistry registry_{diagnostics_, Bus::Session, bus_name::kDevelopmentService};
   std::int32_t touches_ = 0;
 };
 

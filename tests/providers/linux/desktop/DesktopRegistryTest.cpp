@@ -6,7 +6,7 @@
 namespace touchpanel::testing {
 namespace {
 
-struct FakeDesktop final : linux_registry::DesktopDoubleClick {
+struct FakeDesktop final : DesktopDoubleClick {
   std::optional<std::chrono::milliseconds> time() const override { return set; }
   bool setTime(std::chrono::milliseconds time) override {
     if (set) set = time;
@@ -25,7 +25,7 @@ class DesktopRegistryTest : public ::testing::Test {
   RegistryObject hid = service.add(class_name::kHidSystem, 0,
                                    {{"HIDParameters", Dictionary{{"HIDClickTime", std::int64_t{500'000'000}},
                                                                  {"HIDClickSpace", Array{5, 5}}}}});
-  linux_registry::DesktopRegistry registry{service, desktop};
+  DesktopRegistry registry{service, desktop};
 };
 
 TEST_F(DesktopRegistryTest, ShowsTheServicesTimeWhereTheDesktopHasNone) {

@@ -10,11 +10,6 @@
 namespace touchpanel::testing {
 namespace {
 
-using driver::AxisRange;
-using driver::FrameAssembler;
-using driver::OutputFrame;
-using driver::RawFrame;
-
 TEST(ScaledToLogical, MapsAnyRangeOntoTheWholeLogicalOne) {
   struct Row {
     std::int32_t value;
@@ -33,7 +28,7 @@ TEST(ScaledToLogical, MapsAnyRangeOntoTheWholeLogicalOne) {
                                           {2147483647, {-2147483647, 2147483647}, 32767},
                                           {5, {7, 7}, 0},
                                           {5, {9, 1}, 0}})
-    EXPECT_EQ(driver::scaledToLogical(row.value, row.range), row.logical) << row.value;
+    EXPECT_EQ(scaledToLogical(row.value, row.range), row.logical) << row.value;
 }
 
 /// "id@x,y id@x,y" per frame, "-" for an empty one, parted by "; ".
@@ -98,7 +93,7 @@ std::string told(std::span<const input_event> events) {
 }
 
 TEST(PointerEvents, TellOnlyChangesInOneReport) {
-  driver::PointerEvents events;
+  PointerEvents events;
   EXPECT_EQ(told(events.next({true, 0, 5, true, false, 0, {}})), "3/0=0 3/1=5 1/272=1 0/0=0");
   EXPECT_EQ(told(events.next({true, 7, 5, true, false, 0, {}})), "3/0=7 0/0=0");
   EXPECT_EQ(told(events.next({true, 7, 5, true, false, 0, {}})), "");
@@ -106,7 +101,7 @@ TEST(PointerEvents, TellOnlyChangesInOneReport) {
 }
 
 TEST(ContactEvents, GiveEachLandingASlotAndAFreshTrackingId) {
-  driver::ContactEvents events;
+  ContactEvents events;
   EXPECT_EQ(told(events.next({false, 0, 0, false, false, 2, {{{3, 10, 20}, {0, 1, 2}}}})),
             "3/47=3 3/57=0 3/53=10 3/54=20 3/47=0 3/57=1 3/53=1 3/54=2 1/330=1 3/0=10 3/1=20 0/0=0");
   EXPECT_EQ(told(events.next({false, 0, 0, false, false, 2, {{{3, 10, 21}, {0, 1, 2}}}})),
@@ -120,7 +115,7 @@ TEST(ContactEvents, GiveEachLandingASlotAndAFreshTrackingId) {
 }
 
 TEST(ContactEvents, HaveRoomForEveryContactAtOnce) {
-  driver::ContactEvents events;
+  ContactEvents events;
   OutputFrame all;
   for (std::int32_t id = 0; id < 5; ++id) all.contacts[all.count++] = {id, 1, 1};
   events.next(all);

@@ -27,7 +27,7 @@ firmware::DeviceDescription calibrated(DeviceKind kind) {
 
 class TouchscreensOnMockBus : public ::testing::Test {
  protected:
-  void start() { touchscreens = std::make_unique<driver::UdevTouchscreens>(loop, service, details); }
+  void start() { touchscreens = std::make_unique<UdevTouchscreens>(loop, service, details); }
   template <typename Condition>
   bool happens(Condition condition) {
     const auto end = loop.now() + std::chrono::seconds(20);
@@ -47,7 +47,7 @@ class TouchscreensOnMockBus : public ::testing::Test {
   Firmware infrared{calibrated(DeviceKind::Infrared)};
   Firmware optical{calibrated(DeviceKind::Optical)};
   MockUsbBus bus;
-  driver::EventLoop loop;
+  EventLoop loop;
   FakeTouchInputs inputs;
   FakePointerDevices pointers;
   RecordingDiagnostics diagnostics;
@@ -56,7 +56,7 @@ class TouchscreensOnMockBus : public ::testing::Test {
   driver::StateStore store{files, "/state", diagnostics};
   driver::UsbCalibrationReader reader{loop, details};
   driver::DriverService service{{inputs, pointers, loop, reader, diagnostics}, store};
-  std::unique_ptr<driver::UdevTouchscreens> touchscreens;
+  std::unique_ptr<UdevTouchscreens> touchscreens;
 };
 
 TEST_F(TouchscreensOnMockBus, ArePublishedAtOnceAndCalibratedOutOfTheDevice) {
