@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
+#include "contract/CalibrationParameters.h"
 #include "contract/DriverProperties.h"
 #include "platform/Status.h"
 #include "platform/Value.h"
-#include "protocol/DeviceContext.h"
 
 namespace touchpanel::driver {
 

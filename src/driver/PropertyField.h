@@ -6,9 +6,9 @@
 #include <string_view>
 #include <variant>
 
+#include "contract/CalibrationParameters.h"
 #include "platform/Status.h"
 #include "platform/Value.h"
-#include "protocol/DeviceContext.h"
 
 namespace touchpanel::driver {
 

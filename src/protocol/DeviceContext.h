@@ -1,11 +1,9 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
-#include <span>
-#include <type_traits>
+
+#include "contract/CalibrationParameters.h"
 
 namespace touchpanel {
 
@@ -60,26 +58,6 @@ struct _TUC_DEVICE_CONFIG {
   std::uint8_t Reserved[7];
 };
 
-/// One axis of a calibration: a cubic in the raw touch coordinates x and y. Aij multiplies x^i * y^j.
-struct _CALIB_PARAM {
-  float A03;
-  float A12;
-  float A21;
-  float A30;
-  float A02;
-  float A11;
-  float A20;
-  float A01;
-  float A10;
-  float A00;
-  std::uint8_t reserve[18];  ///< carried unchanged
-};
-
-struct _CALIB_PARAMS {
-  _CALIB_PARAM X;
-  _CALIB_PARAM Y;
-};
-
 /// Everything known about one touchscreen: 293 bytes, packed, little-endian, also a wire format.
 ///
 ///     0            58              116              174              232   233            253          293
@@ -100,28 +78,10 @@ struct _DEVICT_CONTEXT {
 #pragma pack(pop)
 
 inline constexpr std::size_t kDeviceContextSize = 293;
-inline constexpr std::size_t kCalibParamsSize = 2 * kBlockSize;
-
-/// The byte image of a record, in wire order.
-template <typename Record>
-std::array<std::uint8_t, sizeof(Record)> imageOf(const Record& record) {
-  static_assert(std::is_trivially_copyable_v<Record>);
-  std::array<std::uint8_t, sizeof(Record)> image;
-  std::memcpy(image.data(), &record, sizeof(Record));
-  return image;
-}
-
-/// Copies `image` over the start of `record`; bytes beyond the record are ignored, bytes missing stay as they
-/// were.
-template <typename Record>
-void copyImage(std::span<const std::uint8_t> image, Record& record) {
-  static_assert(std::is_trivially_copyable_v<Record>);
-  std::memcpy(&record, image.data(), image.size() < sizeof(Record) ? image.size() : sizeof(Record));
-}
 
 // Every offset of the record is fixed by the devices in the field.
 static_assert(sizeof(_ScrProps) == kBlockSize && sizeof(_TUC_DEVICE_CONFIG) == kBlockSize);
-static_assert(sizeof(_CALIB_PARAM) == kBlockSize && sizeof(_CALIB_PARAMS) == kCalibParamsSize);
+static_assert(sizeof(_CALIB_PARAM) == kBlockSize);
 static_assert(sizeof(_IROPT_TOUCH_AREA) == 8 && sizeof(_DEVICT_CONTEXT) == kDeviceContextSize);
 static_assert(offsetof(_ScrProps, pos) == 0 && offsetof(_ScrProps, s1) == 1 &&
               offsetof(_ScrProps, width) == 2);
@@ -144,13 +104,6 @@ static_assert(offsetof(_TUC_DEVICE_CONFIG, ResolutionX) == 43 &&
 static_assert(offsetof(_TUC_DEVICE_CONFIG, PrimaryResolutionX) == 47);
 static_assert(offsetof(_TUC_DEVICE_CONFIG, PrimaryResolutionY) == 49);
 static_assert(offsetof(_TUC_DEVICE_CONFIG, Reserved) == 51);
-static_assert(offsetof(_CALIB_PARAM, A03) == 0 && offsetof(_CALIB_PARAM, A12) == 4);
-static_assert(offsetof(_CALIB_PARAM, A21) == 8 && offsetof(_CALIB_PARAM, A30) == 12);
-static_assert(offsetof(_CALIB_PARAM, A02) == 16 && offsetof(_CALIB_PARAM, A11) == 20);
-static_assert(offsetof(_CALIB_PARAM, A20) == 24 && offsetof(_CALIB_PARAM, A01) == 28);
-static_assert(offsetof(_CALIB_PARAM, A10) == 32 && offsetof(_CALIB_PARAM, A00) == 36);
-static_assert(offsetof(_CALIB_PARAM, reserve) == 40);
-static_assert(offsetof(_CALIB_PARAMS, X) == 0 && offsetof(_CALIB_PARAMS, Y) == 58);
 static_assert(offsetof(_DEVICT_CONTEXT, ScreenProps) == 0 && offsetof(_DEVICT_CONTEXT, DeviceConfig) == 58);
 static_assert(offsetof(_DEVICT_CONTEXT, CalibParams) == 116 &&
               offsetof(_DEVICT_CONTEXT, CalibrateMode) == 232);

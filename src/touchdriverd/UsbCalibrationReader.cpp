@@ -9,11 +9,11 @@
 #include <libusb.h>
 #include <sys/eventfd.h>
 
-#include "driver/service/DeviceReading.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/linux/loop/FileDescriptor.h"
 #include "providers/linux/usb/LibusbDeviceInterface.h"
 #include "providers/linux/usb/UsbStatus.h"
+#include "touchdriverd/ReadCalibration.h"
 #include "touchdriverd/StoppableClock.h"
 #include "touchdriverd/StoppableDevice.h"
 
@@ -46,7 +46,7 @@ std::shared_ptr<UsbAttachment> find(libusb_context* context, const TouchscreenId
   return nullptr;
 }
 
-Status read(const TouchscreenIdentity& identity, _DEVICT_CONTEXT& context, Diagnostics& details,
+Status read(const TouchscreenIdentity& identity, HeldCalibration& held, Diagnostics& details,
             const std::stop_token& stop) {
   libusb_context* raw = nullptr;
   if (const auto status = statusOfLibusb(libusb_init(&raw)); status != kSuccess) return status;
@@ -56,18 +56,18 @@ Status read(const TouchscreenIdentity& identity, _DEVICT_CONTEXT& context, Diagn
   LibusbDeviceInterface device(attachment, 0, nullptr);
   StoppableDevice stoppable(device, stop);
   StoppableClock clock(stop);
-  return readCalibration(stoppable, identity.productId, context, clock, details);
+  return readCalibration(stoppable, identity.productId, held, clock, details);
 }
 
-class Reading final : public CalibrationReading {
+class ThreadedRead final : public PendingRead {
  public:
-  Reading(EventLoop& loop, Diagnostics& details, const TouchscreenIdentity& identity,
-          const _DEVICT_CONTEXT& held, CalibrationReader::Done done)
-      : context_(held), done_(std::move(done)), finished_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  ThreadedRead(EventLoop& loop, Diagnostics& details, const TouchscreenIdentity& identity,
+               const HeldCalibration& known, CalibrationReader::Done done)
+      : held_(known), done_(std::move(done)), finished_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     if (!finished_) throw std::system_error(errno, std::generic_category(), "eventfd");
     watch_ = loop.watch(finished_.get(), [this] { finish(); });
     thread_ = std::jthread([this, &details, identity](const std::stop_token& stop) {
-      status_ = read(identity, context_, details, stop);
+      status_ = read(identity, held_, details, stop);
       ::eventfd_write(finished_.get(), 1);
     });
   }
@@ -76,10 +76,10 @@ class Reading final : public CalibrationReading {
   void finish() {
     watch_->stop();
     thread_.join();
-    done_(status_, context_);
+    done_(status_, held_);
   }
 
-  _DEVICT_CONTEXT context_;  ///< the thread's own until it has finished, as is status_
+  HeldCalibration held_;  ///< the thread's own until it has finished, as is status_
   Status status_ = kErrorGeneral;
   CalibrationReader::Done done_;
   FileDescriptor finished_;
@@ -88,9 +88,9 @@ class Reading final : public CalibrationReading {
 };
 }  // namespace
 
-std::unique_ptr<CalibrationReading> UsbCalibrationReader::start(const TouchscreenIdentity& identity,
-                                                                const _DEVICT_CONTEXT& held, Done done) {
-  return std::make_unique<Reading>(loop_, details_, identity, held, std::move(done));
+std::unique_ptr<PendingRead> UsbCalibrationReader::start(const TouchscreenIdentity& identity,
+                                                         const HeldCalibration& known, Done done) {
+  return std::make_unique<ThreadedRead>(loop_, details_, identity, known, std::move(done));
 }
 
 }  // namespace touchpanel::driver

@@ -12,8 +12,8 @@ class UsbCalibrationReader final : public CalibrationReader {
  public:
   /// `details` hears the exchange's own lines, from those threads.
   UsbCalibrationReader(EventLoop& loop, Diagnostics& details) : loop_(loop), details_(details) {}
-  std::unique_ptr<CalibrationReading> start(const TouchscreenIdentity& identity, const _DEVICT_CONTEXT& held,
-                                            Done done) override;
+  std::unique_ptr<PendingRead> start(const TouchscreenIdentity& identity, const HeldCalibration& known,
+                                     Done done) override;
 
  private:
   EventLoop& loop_;

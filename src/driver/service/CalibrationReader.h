@@ -3,29 +3,35 @@
 #include <functional>
 #include <memory>
 
+#include "contract/CalibrationParameters.h"
 #include "platform/Status.h"
 #include "platform/TouchscreenIdentity.h"
-#include "protocol/DeviceContext.h"
 
 namespace touchpanel::driver {
 
-/// A read that is under way. Destroying it abandons the read; its callback then never comes.
-class CalibrationReading {
- public:
-  virtual ~CalibrationReading() = default;
+/// The calibration that a touchscreen itself holds.
+struct HeldCalibration {
+  bool calibrateStatus = false;
+  _CALIB_PARAMS params{};
 };
 
-/// Reads what a touchscreen itself holds, without keeping the caller from its other work.
+/// A read that is under way. Destroying it abandons the read; its callback then never comes.
+class PendingRead {
+ public:
+  virtual ~PendingRead() = default;
+};
+
+/// Reads calibrations out of touchscreens without blocking the caller.
 class CalibrationReader {
  public:
-  using Done = std::function<void(Status, const _DEVICT_CONTEXT&)>;
+  using Done = std::function<void(Status, const HeldCalibration&)>;
 
   virtual ~CalibrationReader() = default;
-  /// Opens the touchscreen exclusively (waiting while another program has it), reads its blocks over `held`,
+  /// Opens the touchscreen exclusively (waiting while another program has it), reads its blocks over `known`,
   /// closes it and calls `done` once from the event loop, never from inside this call. A block that cannot be
-  /// read keeps what `held` had.
-  virtual std::unique_ptr<CalibrationReading> start(const TouchscreenIdentity& identity,
-                                                    const _DEVICT_CONTEXT& held, Done done) = 0;
+  /// read keeps what `known` had.
+  virtual std::unique_ptr<PendingRead> start(const TouchscreenIdentity& identity,
+                                             const HeldCalibration& known, Done done) = 0;
 };
 
 }  // namespace touchpanel::driver

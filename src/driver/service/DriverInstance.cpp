@@ -61,15 +61,12 @@ void DriverInstance::armDeadline() {
 
 void DriverInstance::startReading() {
   if (kindOf(identity_.productId) == DeviceKind::ConfigurationOnly) return;
-  _DEVICT_CONTEXT held{};
-  held.DeviceConfig.CalibrateStatus = driver_.calibration().calibrateStatus;
-  held.CalibParams = driver_.calibration().params;
+  const HeldCalibration known{driver_.calibration().calibrateStatus, driver_.calibration().params};
   reading_ = ports_.calibrations.start(
-      identity_, held,
-      [this](Status status, const _DEVICT_CONTEXT& context) { finishReading(status, context); });
+      identity_, known, [this](Status status, const HeldCalibration& held) { finishReading(status, held); });
 }
 
-void DriverInstance::finishReading(Status status, const _DEVICT_CONTEXT& context) {
+void DriverInstance::finishReading(Status status, const HeldCalibration& held) {
   if (status != kSuccess) {
     std::array<char, 112> text{};
     std::snprintf(
@@ -80,8 +77,7 @@ void DriverInstance::finishReading(Status status, const _DEVICT_CONTEXT& context
     return;
   }
   if (toldCalibration_) return;
-  driver_.setProperty(property::kCalibration,
-                      calibrationMessage(context.DeviceConfig.CalibrateStatus != 0, context.CalibParams));
+  driver_.setProperty(property::kCalibration, calibrationMessage(held.calibrateStatus, held.params));
   settingsChanged();
 }
 

@@ -35,7 +35,7 @@ class DriverInstance final : public PublishedInstance, private FrameListener {
  private:
   void frame(const RawFrame& frame) override;
   void startReading();
-  void finishReading(Status status, const _DEVICT_CONTEXT& context);
+  void finishReading(Status status, const HeldCalibration& held);
   void settingsChanged();
   void armDeadline();
 
@@ -47,7 +47,7 @@ class DriverInstance final : public PublishedInstance, private FrameListener {
   bool toldCalibration_ = false;
   TouchscreenDevices devices_;
   std::unique_ptr<Timer> deadline_;
-  std::unique_ptr<CalibrationReading> reading_;
+  std::unique_ptr<PendingRead> reading_;
 };
 
 }  // namespace touchpanel::driver

@@ -244,12 +244,11 @@ TEST_F(Service, UsesWhatIsSoundOfADamagedStateFile) {
   EXPECT_EQ(diagnostics.lines.size(), 1U);
 }
 
-_DEVICT_CONTEXT calibratedDevice() {
-  _DEVICT_CONTEXT context{};
-  context.DeviceConfig.CalibrateStatus = 1;
-  context.CalibParams.X.A10 = context.CalibParams.Y.A01 = 1;
-  context.CalibParams.X.A00 = 50;
-  return context;
+driver::HeldCalibration calibratedDevice() {
+  driver::HeldCalibration held{true, {}};
+  held.params.X.A10 = held.params.Y.A01 = 1;
+  held.params.X.A00 = 50;
+  return held;
 }
 
 TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
@@ -257,14 +256,13 @@ TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
   write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}});
   start();
   plug(kProductOptical);
-  EXPECT_EQ(reader.underWay.at(kHere).held.DeviceConfig.CalibrateStatus, 1)
-      << "a block that cannot be read keeps this";
-  EXPECT_EQ(imageOf(reader.underWay.at(kHere).held.CalibParams)[5], 7);
+  EXPECT_TRUE(reader.underWay.at(kHere).known.calibrateStatus) << "a block that cannot be read keeps this";
+  EXPECT_EQ(imageOf(reader.underWay.at(kHere).known.params)[5], 7);
   touch(0ms, 100, 100);
   EXPECT_EQ(pointer().frames.size(), 1U) << "touches do not wait for the reading";
   lift(5ms);
   reader.finish(kHere, kSuccess, calibratedDevice());
-  const auto image = imageOf(calibratedDevice().CalibParams);
+  const auto image = imageOf(calibratedDevice().params);
   EXPECT_EQ(*read("calibration").bytes("calibParams"), Bytes(image.begin(), image.end()));
   start();
   plug(kProductOptical);

@@ -1,4 +1,4 @@
-#include "driver/service/DeviceReading.h"
+#include "touchdriverd/ReadCalibration.h"
 
 #include "contract/ProductId.h"
 #include "protocol/Exchange.h"
@@ -23,15 +23,19 @@ Status openPatiently(UsbDeviceInterface& device, Clock& clock) {
 }
 }  // namespace
 
-Status readCalibration(UsbDeviceInterface& device, std::uint16_t productId, _DEVICT_CONTEXT& context,
+Status readCalibration(UsbDeviceInterface& device, std::uint16_t productId, HeldCalibration& held,
                        Clock& clock, Diagnostics& diagnostics) {
   const auto kind = kindOf(productId);
   if (kind != DeviceKind::Infrared && kind != DeviceKind::Optical) return kErrorUnsupported;
   if (const auto status = openPatiently(device, clock); status != kSuccess) return status;
+  _DEVICT_CONTEXT context{};
+  context.DeviceConfig.CalibrateStatus = held.calibrateStatus;
+  context.CalibParams = held.params;
   const ExchangePorts ports{clock, diagnostics};
   const int read = kind == DeviceKind::Infrared ? getIrTucParam(device, context, ports)
                                                 : getOptTucParam(device, context, ports);
   device.close();
+  held = {context.DeviceConfig.CalibrateStatus != 0, context.CalibParams};
   return read == 1 ? kSuccess : kErrorInputOutput;
 }
 

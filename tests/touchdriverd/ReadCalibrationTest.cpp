@@ -1,26 +1,26 @@
 #include <gtest/gtest.h>
 
 #include "contract/ProductId.h"
-#include "driver/service/DeviceReading.h"
 #include "support/FakeClock.h"
 #include "support/FakeUsbDevice.h"
 #include "support/RecordingDiagnostics.h"
+#include "touchdriverd/ReadCalibration.h"
 
 namespace touchpanel::testing {
 namespace {
 
-class DeviceReading : public ::testing::Test {
+class ReadCalibration : public ::testing::Test {
  protected:
   Status read(std::uint16_t product) {
-    return driver::readCalibration(device, product, context, clock, diagnostics);
+    return driver::readCalibration(device, product, held, clock, diagnostics);
   }
   FakeUsbDevice device;
   FakeClock clock;
   RecordingDiagnostics diagnostics;
-  _DEVICT_CONTEXT context{};
+  driver::HeldCalibration held;
 };
 
-TEST_F(DeviceReading, WaitsForADeviceThatAnotherProgramHasOpen) {
+TEST_F(ReadCalibration, WaitsForADeviceThatAnotherProgramHasOpen) {
   int refusals = 49;
   device.onOpen = [&] { return refusals-- > 0 ? kErrorExclusiveAccess : kErrorNoDevice; };
   EXPECT_EQ(read(kProductInfrared0080), kErrorNoDevice);
@@ -28,7 +28,7 @@ TEST_F(DeviceReading, WaitsForADeviceThatAnotherProgramHasOpen) {
   EXPECT_EQ(clock.now, std::chrono::milliseconds(49 * 500));
 }
 
-TEST_F(DeviceReading, GivesUpOnADeviceThatNeverGetsFreeAndAtOnceOnOneThatIsGone) {
+TEST_F(ReadCalibration, GivesUpOnADeviceThatNeverGetsFreeAndAtOnceOnOneThatIsGone) {
   device.onOpen = [] { return kErrorExclusiveAccess; };
   EXPECT_EQ(read(kProductOptical), kErrorExclusiveAccess);
   EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), 50U);
@@ -37,12 +37,12 @@ TEST_F(DeviceReading, GivesUpOnADeviceThatNeverGetsFreeAndAtOnceOnOneThatIsGone)
   EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), 51U);
 }
 
-TEST_F(DeviceReading, ClosesADeviceThatDoesNotAnswer) {
+TEST_F(ReadCalibration, ClosesADeviceThatDoesNotAnswer) {
   EXPECT_EQ(read(kProductInfrared0080), kErrorInputOutput);
   EXPECT_FALSE(device.isOpen);
 }
 
-TEST_F(DeviceReading, LeavesAProductAloneThatHoldsNothing) {
+TEST_F(ReadCalibration, LeavesAProductAloneThatHoldsNothing) {
   EXPECT_EQ(read(kProductConfigurationOnly), kErrorUnsupported);
   EXPECT_TRUE(device.calls.empty());
 }
