@@ -7,6 +7,7 @@
 
 #include "driver/InstanceRegistry.h"
 #include "driver/service/DriverInstance.h"
+#include "platform/TouchscreenListener.h"
 
 namespace touchpanel::driver {
 
@@ -18,17 +19,15 @@ class ObjectListener {
   virtual void withdrawn(RegistryObject object) = 0;
 };
 
-/// All attached touchscreens, as they come and go. A touchscreen is named by its place in the device tree,
-/// `device`; an input node belongs to the touchscreen it is below of, and may be told of before or after it,
-/// twice, or for one that is none of ours.
-class DriverService {
+/// All attached touchscreens, and what control panels write to them.
+class DriverService final : public TouchscreenListener {
  public:
   DriverService(const ServicePorts& ports, StateStore& store);
 
-  void touchscreenArrived(const std::string& device, const TouchscreenIdentity& identity);
-  void touchscreenLeft(const std::string& device);
-  void nodeArrived(const std::string& device, const std::string& node);
-  void nodeLeft(const std::string& node);
+  void touchscreenArrived(const std::string& device, const TouchscreenIdentity& identity) override;
+  void touchscreenLeft(const std::string& device) override;
+  void nodeArrived(const std::string& device, const std::string& node) override;
+  void nodeLeft(const std::string& node) override;
 
   /// What a control panel sees.
   InstanceRegistry& registry() { return registry_; }

@@ -33,8 +33,8 @@ void UdevTouchscreens::Unref::operator()(udev* context) const { udev_unref(conte
 void UdevTouchscreens::Unref::operator()(udev_monitor* monitor) const { udev_monitor_unref(monitor); }
 void UdevTouchscreens::Unref::operator()(udev_device* device) const { udev_device_unref(device); }
 
-UdevTouchscreens::UdevTouchscreens(EventLoop& loop, DriverService& service, Diagnostics& diagnostics)
-    : service_(service), diagnostics_(diagnostics), udev_(udev_new()) {
+UdevTouchscreens::UdevTouchscreens(EventLoop& loop, TouchscreenListener& listener, Diagnostics& diagnostics)
+    : listener_(listener), diagnostics_(diagnostics), udev_(udev_new()) {
   if (udev_) monitor_.reset(udev_monitor_new_from_netlink(udev_.get(), "udev"));
   if (!monitor_) throw std::system_error(errno, std::generic_category(), "udev");
   udev_monitor_filter_add_match_subsystem_devtype(monitor_.get(), kUsb, kUsbDevice);
@@ -88,7 +88,7 @@ void UdevTouchscreens::touchscreenArrived(udev_device* device) {
   if (!location) return;
   const std::string place = udev_device_get_syspath(device);
   diagnostics_.line("Touchscreen at " + place);
-  service_.touchscreenArrived(place, {*location, product});
+  listener_.touchscreenArrived(place, {*location, product});
 }
 
 void UdevTouchscreens::nodeArrived(udev_device* device) {
@@ -96,13 +96,13 @@ void UdevTouchscreens::nodeArrived(udev_device* device) {
   auto* usb = udev_device_get_parent_with_subsystem_devtype(device, kUsb, kUsbDevice);
   if (!node || !usb || hexAttribute(usb, "idVendor") != TOUCH_VENDOR_ID) return;
   diagnostics_.line(std::string("Input node ") + node);
-  service_.nodeArrived(udev_device_get_syspath(usb), node);
+  listener_.nodeArrived(udev_device_get_syspath(usb), node);
 }
 
 void UdevTouchscreens::left(udev_device* device) {
   if (text(udev_device_get_subsystem(device)) == kUsb)
-    service_.touchscreenLeft(udev_device_get_syspath(device));
-  if (const char* node = udev_device_get_devnode(device)) service_.nodeLeft(node);
+    listener_.touchscreenLeft(udev_device_get_syspath(device));
+  if (const char* node = udev_device_get_devnode(device)) listener_.nodeLeft(node);
 }
 
 }  // namespace touchpanel

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "driver/service/DriverService.h"
 #include "platform/Diagnostics.h"
+#include "platform/TouchscreenListener.h"
 #include "providers/linux/loop/EventLoop.h"
 
 struct udev;
@@ -18,7 +18,7 @@ namespace touchpanel {
 class UdevTouchscreens {
  public:
   /// Nothing is owned. Throws std::system_error when udev cannot be used.
-  UdevTouchscreens(EventLoop& loop, DriverService& service, Diagnostics& diagnostics);
+  UdevTouchscreens(EventLoop& loop, TouchscreenListener& listener, Diagnostics& diagnostics);
   ~UdevTouchscreens();
   UdevTouchscreens(const UdevTouchscreens&) = delete;
   UdevTouchscreens& operator=(const UdevTouchscreens&) = delete;
@@ -31,7 +31,7 @@ class UdevTouchscreens {
   void touchscreenArrived(udev_device* device);
   void nodeArrived(udev_device* device);
 
-  DriverService& service_;
+  TouchscreenListener& listener_;
   Diagnostics& diagnostics_;
   struct Unref {
     void operator()(udev* context) const;

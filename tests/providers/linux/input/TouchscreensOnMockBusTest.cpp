@@ -3,6 +3,7 @@
 
 #include "contract/DriverProperties.h"
 #include "contract/LocationId.h"
+#include "driver/service/DriverService.h"
 #include "providers/linux/input/UdevTouchscreens.h"
 #include "providers/linux/loop/EventLoop.h"
 #include "providers/linux/usb/DeviceLock.h"
