@@ -20,7 +20,7 @@ struct CalibrationSettings {
   std::int32_t maxY = kLogicalMaximum;
 };
 
-/// What one write to the "calibration" property says about capture.
+/// The capture part of one write to the "calibration" property.
 struct CaptureRequest {
   bool statCalibrate = false;
   std::int32_t pointId = 0;

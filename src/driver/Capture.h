@@ -26,10 +26,10 @@ class Capture {
   /// The next finger-up belongs to target `pointId`.
   void expect(std::int32_t pointId) { expected_ = pointId; }
 
-  /// Call with every frame before anything is output for it, so that whoever sees the button's release
-  /// already finds the point that belongs to it. Does nothing while no calibration runs.
+  /// Call with every frame before anything is output for it, so that a client that sees the button's
+  /// release can already read the point that belongs to it. Does nothing while no calibration runs.
   void observe(const RawFrame& frame);
-  /// Fingers that are down now do not count any more.
+  /// Ignores the fingers that are down now.
   void dropTouch() { finger_.reset(); }
 
   const CapturedPoint& last() const { return last_; }

@@ -5,7 +5,7 @@
 namespace touchpanel::driver {
 
 namespace {
-/// A shorter hold could not be told from a tap.
+/// A shorter hold could not be distinguished from a tap.
 constexpr std::chrono::milliseconds kShortestHold{100};
 }  // namespace
 

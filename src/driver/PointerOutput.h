@@ -7,7 +7,7 @@
 
 namespace touchpanel::driver {
 
-/// The last stage: remembers what the desktop was told and tells it changes only.
+/// The last stage: remembers the last frame and outputs changes only.
 class PointerOutput {
  public:
   explicit PointerOutput(std::function<void(const OutputFrame&)> sink) : sink_(std::move(sink)) {}

@@ -25,7 +25,7 @@ class SinglePointer {
   void process(const RawFrame& frame);
   std::optional<std::chrono::microseconds> deadline() const { return mode_->deadline(); }
   void elapsed() { mode_->elapsed(); }
-  /// Forgets the touch; buttons are the caller's affair.
+  /// Forgets the touch; the caller releases the buttons.
   void reset();
 
  private:

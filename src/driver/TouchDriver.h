@@ -28,7 +28,7 @@ class TouchDriver {
   using Sink = std::function<void(const OutputFrame&)>;
 
   /// `output` is called for every frame the desktop is to get, from inside process(), tick() or
-  /// setProperty(). Frames that would tell nothing new are left out. The sensitivity filter and smoothing
+  /// setProperty(). Frames without a change are left out. The sensitivity filter and smoothing
   /// exist on optical touchscreens only; another `kind` keeps their settings and does not apply them.
   explicit TouchDriver(Sink output, DeviceKind kind = DeviceKind::Optical);
   ~TouchDriver();

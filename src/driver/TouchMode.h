@@ -8,8 +8,8 @@
 
 namespace touchpanel::driver {
 
-/// What one finger does to the pointer. A mode sees land, any number of moves, and leave; whoever breaks a
-/// touch off lets go of the buttons itself and calls reset().
+/// What one finger does to the pointer. A mode sees land, any number of moves, and leave; a caller that
+/// breaks a touch off releases the buttons itself and calls reset().
 class TouchMode {
  public:
   virtual ~TouchMode() = default;

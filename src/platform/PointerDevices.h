@@ -8,11 +8,11 @@
 
 namespace touchpanel {
 
-/// What the desktop sees in a touchscreen's place. Destroying it lets go of everything it holds.
+/// What the desktop sees in a touchscreen's place. Destroying it releases everything it holds.
 class PointerDevice {
  public:
   virtual ~PointerDevice() = default;
-  /// Tells the desktop about one frame. Not 0 when the device is broken.
+  /// Sends one frame to the desktop. Not kSuccess when the device is broken.
   virtual Status write(const OutputFrame& frame) = 0;
   /// Whether there is a multi-touch device beside the pointer. Contacts of a frame go nowhere while there is
   /// none.

@@ -34,7 +34,7 @@ class Registry {
   virtual std::optional<Dictionary> properties(RegistryObject object) = 0;
 
   /// Hands `value` to `object` under the property `name`. A property of driver instances takes a dictionary
-  /// whose absent keys stay as they are; an empty dictionary changes nothing and so tells whether the object
+  /// whose absent keys stay as they are; an empty dictionary changes nothing and so probes whether the object
   /// lives. Errors: kErrorNoDevice when the object is gone, kErrorBadArgument when it refuses the value.
   virtual Status setProperty(RegistryObject object, std::string_view name, const Value& value) = 0;
 };

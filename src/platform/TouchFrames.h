@@ -18,12 +18,12 @@ struct Contact {
 
 /// Everything that touches the glass at one moment. A frame without contacts is the last finger leaving.
 struct RawFrame {
-  std::chrono::microseconds time{0};  ///< the input's own, monotonic
+  std::chrono::microseconds time{0};  ///< the input's monotonic clock
   std::uint8_t count = 0;
   std::array<Contact, kMaximumContacts> contacts{};
 };
 
-/// What the desktop is told at one moment: logical units 0..32767, y downwards.
+/// What is sent to the desktop at one moment: logical units 0..32767, y downwards.
 struct OutputFrame {
   bool hasPosition = false;  ///< the pointer moves to x, y
   std::int32_t x = 0;

@@ -6,9 +6,9 @@
 
 namespace touchpanel {
 
-/// Hears of touchscreens and their input nodes as they come and go. A touchscreen is named by its place in the
-/// device tree, `device`; an input node belongs to the touchscreen that it is below of. A node may be reported
-/// before or after its touchscreen, twice, or for a device that is no touchscreen.
+/// Listens to touchscreens and their input nodes as they come and go. A touchscreen is named by its place in
+/// the device tree, `device`; an input node belongs to the touchscreen above it. A node may be reported before
+/// or after its touchscreen, twice, or for a device that is no touchscreen.
 class TouchscreenListener {
  public:
   virtual ~TouchscreenListener() = default;

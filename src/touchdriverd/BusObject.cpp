@@ -66,15 +66,15 @@ void BusObject::SetProperty(const std::string& name, const sdbus::Variant& value
 
 std::string BusObject::ClassName() { return std::string(service_.registry().classOf(handle_)); }
 
-BusRegistry::BusRegistry(sdbus::IConnection& connection, DriverService& service)
+BusRoot::BusRoot(sdbus::IConnection& connection, DriverService& service)
     : AdaptorInterfaces(connection, bus_name::kRootPath), service_(service) {
   registerAdaptor();
 }
 
-BusRegistry::~BusRegistry() { unregisterAdaptor(); }
+BusRoot::~BusRoot() { unregisterAdaptor(); }
 
-std::vector<sdbus::ObjectPath> BusRegistry::InstancesOf(const std::uint32_t& interfaceVersion,
-                                                        const std::string& className) {
+std::vector<sdbus::ObjectPath> BusRoot::InstancesOf(const std::uint32_t& interfaceVersion,
+                                                    const std::string& className) {
   if (interfaceVersion != bus_name::kInterfaceVersion)
     throw sdbus::Error(bus_name::kInterfaceVersionError,
                        "The touch driver service speaks interface version " +
@@ -83,6 +83,6 @@ std::vector<sdbus::ObjectPath> BusRegistry::InstancesOf(const std::uint32_t& int
   return pathsOf(service_.registry().instancesOf(className));
 }
 
-std::uint32_t BusRegistry::InterfaceVersion() { return bus_name::kInterfaceVersion; }
+std::uint32_t BusRoot::InterfaceVersion() { return bus_name::kInterfaceVersion; }
 
 }  // namespace touchpanel::driver

@@ -14,7 +14,7 @@ namespace touchpanel::driver {
 /// The D-Bus path of the object with handle `object`.
 std::string busPathOf(RegistryObject object);
 
-/// One object of the service's registry on D-Bus, for as long as it lives here.
+/// One object of the service's registry on D-Bus, published for this object's lifetime.
 class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Object_adaptor> {
  public:
   BusObject(sdbus::IConnection& connection, DriverService& service, RegistryObject object);
@@ -33,13 +33,13 @@ class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDrive
   RegistryObject handle_;
 };
 
-/// The way in to the registry.
-class BusRegistry final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Registry_adaptor> {
+/// The entry point to the registry.
+class BusRoot final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Registry_adaptor> {
  public:
-  BusRegistry(sdbus::IConnection& connection, DriverService& service);
-  ~BusRegistry();
-  BusRegistry(const BusRegistry&) = delete;
-  BusRegistry& operator=(const BusRegistry&) = delete;
+  BusRoot(sdbus::IConnection& connection, DriverService& service);
+  ~BusRoot();
+  BusRoot(const BusRoot&) = delete;
+  BusRoot& operator=(const BusRoot&) = delete;
 
  private:
   std::vector<sdbus::ObjectPath> InstancesOf(const std::uint32_t& interfaceVersion,

@@ -7,31 +7,30 @@
 namespace touchpanel::driver {
 
 namespace {
-/// Names that nobody has any more: arg2, the new owner, is empty.
+/// Bus names that lost their owner: arg2, the new owner, is empty.
 constexpr char kClientLeft[] =
     "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg2=''";
 }  // namespace
 
 BusService::BusService(DriverService& service, Bus bus, std::string name, Diagnostics& diagnostics)
-    : service_(service), bus_(bus), name_(std::move(name)), trouble_(diagnostics) {}
+    : service_(service), bus_(bus), name_(std::move(name)), outage_(diagnostics) {}
 
 BusService::~BusService() { disconnect(); }
 
 bool BusService::connect() {
   disconnect();
   try {
-    connection_ =
-        bus_ == Bus::System ? sdbus::createSystemBusConnection() : sdbus::createSessionBusConnection();
+    connection_ = connectTo(bus_);
     publishAll();
     connection_->requestName(name_);
   } catch (const sdbus::Error& error) {
     disconnect();
-    trouble_.begin("D-Bus cannot be served as " + name_ + ": " + error.getMessage() +
-                   ". Touches go on; settings cannot be changed.");
+    outage_.begin("D-Bus cannot be served as " + name_ + ": " + error.getMessage() +
+                  ". Touches go on; settings cannot be changed.");
     return false;
   }
-  trouble_.end("D-Bus is served again.");
+  outage_.end("D-Bus is served again.");
   return true;
 }
 
@@ -41,7 +40,7 @@ void BusService::publishAll() {
     message >> client;
     service_.clientLeft(client);
   });
-  registry_ = std::make_unique<BusRegistry>(*connection_, service_);
+  registry_ = std::make_unique<BusRoot>(*connection_, service_);
   service_.setObjectListener(this);
 }
 
@@ -60,8 +59,8 @@ bool BusService::process() {
     return true;
   } catch (const sdbus::Error& error) {
     disconnect();
-    trouble_.begin("The connection to D-Bus is lost: " + error.getMessage() +
-                   ". Touches go on; settings cannot be changed.");
+    outage_.begin("The connection to D-Bus is lost: " + error.getMessage() +
+                  ". Touches go on; settings cannot be changed.");
     return false;
   }
 }

@@ -7,13 +7,13 @@
 #include <sdbus-c++/sdbus-c++.h>
 
 #include "driver/service/DriverService.h"
-#include "platform/Trouble.h"
+#include "platform/OutageReport.h"
 #include "providers/linux/dbus/BusConnection.h"
 #include "touchdriverd/BusObject.h"
 
 namespace touchpanel::driver {
 
-/// The driver service on D-Bus. It holds one connection at a time; whoever runs it waits on the connection's
+/// The driver service on D-Bus. It holds one connection at a time; its caller waits on the connection's
 /// descriptor, calls process(), and connects again when that fails.
 class BusService final : private ObjectListener {
  public:
@@ -24,10 +24,8 @@ class BusService final : private ObjectListener {
   BusService& operator=(const BusService&) = delete;
 
   /// Publishes everything and then takes the name, so that a client that was waiting for the name finds all.
-  /// False, said once, when there is no bus or the name cannot be had. Blocks for the time of a few calls to
-  /// the bus.
+  /// False, reported once, when there is no bus or the name cannot be had. Blocks for a few calls to the bus.
   bool connect();
-  bool connected() const { return connection_ != nullptr; }
   /// What to wait for; call only while connected.
   sdbus::IConnection::PollData pollData() const { return connection_->getEventLoopPollData(); }
   /// Answers what has come in, without waiting for more. False when the bus is gone; the service is then not
@@ -43,10 +41,10 @@ class BusService final : private ObjectListener {
   DriverService& service_;
   Bus bus_;
   std::string name_;
-  Trouble trouble_;
+  OutageReport outage_;
   std::unique_ptr<sdbus::IConnection> connection_;
   sdbus::Slot clients_;
-  std::unique_ptr<BusRegistry> registry_;
+  std::unique_ptr<BusRoot> registry_;
   std::map<RegistryObject, std::unique_ptr<BusObject>> objects_;
 };
 

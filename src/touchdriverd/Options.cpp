@@ -66,7 +66,7 @@ std::optional<Options> parseOptions(int argc, char** argv, int& exitStatus) {
         exitStatus = EXIT_SUCCESS;
         return std::nullopt;
       default:
-        return std::nullopt;  // getopt has said why
+        return std::nullopt;  // getopt has printed why
     }
   }
   if (optind < argc) {

@@ -7,7 +7,8 @@
 
 namespace touchpanel::driver {
 
-/// Lines for the journal, or for nobody. Each line is one write, so lines of several threads do not mix.
+/// Diagnostics to standard error, unless `wanted` is false. Each line is one write, so lines of several
+/// threads do not mix.
 class StandardError final : public Diagnostics {
  public:
   explicit StandardError(bool wanted) : wanted_(wanted) {}

@@ -10,7 +10,7 @@ namespace touchpanel::driver {
 /// An abandoned read ends after the transfer that it is in.
 class UsbCalibrationReader final : public CalibrationReader {
  public:
-  /// `details` hears the exchange's own lines, from those threads.
+  /// The exchange's own lines go to `details`, from those threads.
   UsbCalibrationReader(EventLoop& loop, Diagnostics& details) : loop_(loop), details_(details) {}
   std::unique_ptr<PendingRead> start(const TouchscreenIdentity& identity, const HeldCalibration& known,
                                      Done done) override;

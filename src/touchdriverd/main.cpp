@@ -33,14 +33,13 @@ void blockSignals() {
 }
 
 // A touchscreen is read on a thread of its own, for a second after its arrival. With an arena for each of
-// them a wall of 16 touchscreens would hold 6 MB more for the rest of the service's life.
+// them a wall of 16 touchscreens would hold 6 MB more until the service ends.
 void shareOneArena() { ::mallopt(M_ARENA_MAX, 1); }
 
 int serve(const Options& options) {
   shareOneArena();
   blockSignals();
-  std::error_code
-      ignored;  // a directory that is not there shows when the first setting is saved, and is told then
+  std::error_code ignored;  // saving the first setting reports a directory that is not there
   std::filesystem::create_directories(options.stateDirectory, ignored);
 
   StandardError diagnostics(true);

@@ -3,9 +3,9 @@
 #include "panel/ControlPanel.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/files/LibplistFiles.h"
-#include "providers/linux/dbus/DBusRegistry.h"
-#include "providers/linux/desktop/DesktopRegistry.h"
+#include "providers/linux/dbus/DriverServiceClient.h"
 #include "providers/linux/desktop/GSettingsDoubleClick.h"
+#include "providers/linux/desktop/JoinedDoubleClick.h"
 #include "providers/linux/usb/LibusbBus.h"
 #include "providers/process/BlockingClock.h"
 #include "providers/process/StandardOutput.h"
@@ -18,9 +18,9 @@ int main(int argc, char** argv) {
   StandardOutput diagnostics;
   files::LibplistFiles files;
   LibusbBus usb(TOUCH_VENDOR_ID);
-  DBusRegistry service(diagnostics);
+  DriverServiceClient service(diagnostics);
   GSettingsDoubleClick desktop;
-  DesktopRegistry registry(service, desktop);
+  JoinedDoubleClick registry(service, desktop);
   ControlPanel panel({.usbNotifications = usb,
                       .usbServices = usb,
                       .registry = registry,

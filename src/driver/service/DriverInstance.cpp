@@ -32,8 +32,9 @@ void DriverInstance::removeNode(const std::string& path) {
 Status DriverInstance::setProperty(std::string_view name, const Value& value) {
   const auto status = driver_.setProperty(name, value);
   if (status != kSuccess) return status;
-  // Every message that hands over or takes away a calibration says whether there is one.
-  toldCalibration_ = toldCalibration_ || value.get<Dictionary>()->contains(calibration_key::kCalibrateStatus);
+  // Every message that hands over or takes away a calibration contains its status.
+  wroteCalibration_ =
+      wroteCalibration_ || value.get<Dictionary>()->contains(calibration_key::kCalibrateStatus);
   settingsChanged();
   return kSuccess;
 }
@@ -76,7 +77,7 @@ void DriverInstance::finishReading(Status status, const HeldCalibration& held) {
     ports_.diagnostics.line(text.data());
     return;
   }
-  if (toldCalibration_) return;
+  if (wroteCalibration_) return;
   driver_.setProperty(property::kCalibration, calibrationMessage(held.calibrateStatus, held.params));
   settingsChanged();
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "driver/InstanceRegistry.h"
+#include "driver/PublishedInstances.h"
 #include "driver/TouchDriver.h"
 #include "driver/service/ServicePorts.h"
 #include "driver/service/StateStore.h"
@@ -10,11 +10,11 @@
 
 namespace touchpanel::driver {
 
-/// One attached touchscreen: its driver, what comes in, what goes out, and what it is remembered by.
+/// One attached touchscreen: its driver, its devices, and its saved state.
 ///
-/// On arrival it takes back what its driver was last told; then it reads the calibration that the touchscreen
-/// itself holds, which wins, unless somebody has told the driver another one meanwhile. Each change is saved
-/// before the write that made it returns.
+/// On arrival it restores the saved state; then it reads the calibration that the touchscreen itself holds,
+/// which takes precedence unless a client has written another one meanwhile. Each change is saved before the
+/// write that made it returns.
 class DriverInstance final : public PublishedInstance, private FrameListener {
  public:
   DriverInstance(const TouchscreenIdentity& identity, const ServicePorts& ports, StateStore& store);
@@ -29,7 +29,7 @@ class DriverInstance final : public PublishedInstance, private FrameListener {
     driver_.setDoubleClick(time, area);
   }
 
-  /// Whether a calibration run is on, whose end somebody has to tell.
+  /// Whether a calibration run has capture on.
   bool capturing() const { return driver_.capturing(); }
 
  private:
@@ -44,7 +44,7 @@ class DriverInstance final : public PublishedInstance, private FrameListener {
   StateStore& store_;
   TouchDriver driver_;
   Dictionary saved_;
-  bool toldCalibration_ = false;
+  bool wroteCalibration_ = false;
   TouchscreenDevices devices_;
   std::unique_ptr<Timer> deadline_;
   std::unique_ptr<PendingRead> reading_;

@@ -47,9 +47,9 @@ void DriverService::setObjectListener(ObjectListener* listener) {
 }
 
 void DriverService::forEachObject(const DriverInstance& instance,
-                                  void (ObjectListener::*tell)(RegistryObject)) {
+                                  void (ObjectListener::*report)(RegistryObject)) {
   if (!listener_) return;
-  for (const auto object : registry_.objectsOf(instance)) (listener_->*tell)(object);
+  for (const auto object : registry_.objectsOf(instance)) (listener_->*report)(object);
 }
 
 Status DriverService::setProperty(RegistryObject object, std::string_view name, const Value& value,

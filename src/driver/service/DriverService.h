@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "driver/InstanceRegistry.h"
+#include "driver/PublishedInstances.h"
 #include "driver/service/DriverInstance.h"
 #include "platform/TouchscreenListener.h"
 
@@ -30,23 +30,23 @@ class DriverService final : public TouchscreenListener {
   void nodeLeft(const std::string& node) override;
 
   /// What a control panel sees.
-  InstanceRegistry& registry() { return registry_; }
-  /// `listener` may be null; it is told of the objects that are there already, too.
+  PublishedInstances& registry() { return registry_; }
+  /// `listener` may be null; the objects that are already there are reported, too.
   void setObjectListener(ObjectListener* listener);
 
   /// A property write by the client `client`, a name that no other client ever has.
   Status setProperty(RegistryObject object, std::string_view name, const Value& value,
                      const std::string& client);
-  /// The client is gone: a calibration run of its is over.
+  /// The client is gone: ends its calibration run.
   void clientLeft(const std::string& client);
 
  private:
-  void forEachObject(const DriverInstance& instance, void (ObjectListener::*tell)(RegistryObject));
+  void forEachObject(const DriverInstance& instance, void (ObjectListener::*report)(RegistryObject));
 
   ServicePorts ports_;
   StateStore& store_;
   HidSystem hidSystem_;
-  InstanceRegistry registry_{hidSystem_};
+  PublishedInstances registry_{hidSystem_};
   std::map<std::string, std::unique_ptr<DriverInstance>> instances_;
   std::map<std::string, std::string> nodes_;  ///< node to device
   std::map<const DriverInstance*, std::string> calibrating_;

@@ -32,9 +32,9 @@ void StateStore::save(const HidSystem& hidSystem) {
 
 void StateStore::write(const std::string& path, const Dictionary& contents) {
   if (files_.writeAtomically(path, contents))
-    trouble_.end("State can be saved again.");
+    outage_.end("State can be saved again.");
   else
-    trouble_.begin("State cannot be saved in " + directory_ + ": settings are lost when the service ends.");
+    outage_.begin("State cannot be saved in " + directory_ + ": settings are lost when the service ends.");
 }
 
 }  // namespace touchpanel::driver

@@ -3,20 +3,20 @@
 #include <string>
 
 #include "driver/HidSystem.h"
+#include "platform/OutageReport.h"
 #include "platform/PropertyListFiles.h"
 #include "platform/TouchscreenIdentity.h"
-#include "platform/Trouble.h"
 
 namespace touchpanel::driver {
 
-/// What touchscreens were told, kept in one directory: a property-list file for each location and product,
-/// and one for the double-click settings. A save is on disk when the call returns, or the old contents still
+/// The settings of the touchscreens in one directory: a property-list file for each location and product, and
+/// one for the double-click settings. A save is on disk when the call returns, or the old contents still
 /// are.
 class StateStore {
  public:
   /// The directory must exist.
   StateStore(PropertyListFiles& files, std::string directory, Diagnostics& diagnostics)
-      : files_(files), directory_(std::move(directory)), trouble_(diagnostics) {}
+      : files_(files), directory_(std::move(directory)), outage_(diagnostics) {}
 
   /// Empty when nothing is known.
   Dictionary load(const TouchscreenIdentity& identity);
@@ -32,7 +32,7 @@ class StateStore {
 
   PropertyListFiles& files_;
   std::string directory_;
-  Trouble trouble_;
+  OutageReport outage_;
 };
 
 }  // namespace touchpanel::driver

@@ -40,8 +40,8 @@ TouchscreenDevices::TouchscreenDevices(const TouchscreenIdentity& identity, Touc
       pointers_(pointers),
       timers_(timers),
       frames_(frames),
-      pointerTrouble_(diagnostics),
-      grabTrouble_(diagnostics),
+      pointerOutage_(diagnostics),
+      grabOutage_(diagnostics),
       retry_(timers.create([this] { attach(); })) {
   attach();
 }
@@ -77,8 +77,8 @@ void TouchscreenDevices::write(const OutputFrame& frame) {
 void TouchscreenDevices::pointerFailed(Status status) {
   // Called from inside a frame of an input that must not be closed now: the retry makes a new device.
   pointerBroken_ = true;
-  pointerTrouble_.begin("Touchscreen " + locationText(identity_) + ": the pointer device fails, " +
-                        describe(status) + ".");
+  pointerOutage_.begin("Touchscreen " + locationText(identity_) + ": the pointer device fails, " +
+                       describe(status) + ".");
   retry_->arm(timers_.now() + kRetryInterval);
 }
 
@@ -86,7 +86,7 @@ void TouchscreenDevices::attach() {
   bool all = makePointer();
   if (all)
     for (auto& node : nodes_) all = grab(node) && all;
-  if (all) grabTrouble_.end("Touchscreen " + locationText(identity_) + ": its input is ours again.");
+  if (all) grabOutage_.end("Touchscreen " + locationText(identity_) + ": its input is ours again.");
   chooseSource();
   if (all)
     retry_->disarm();
@@ -101,14 +101,14 @@ bool TouchscreenDevices::makePointer() {
   auto status = pointers_.create(identity_, pointer_);
   if (status == kSuccess) status = pointer_->setMultiTouch(multiTouch_);
   if (status == kSuccess) {
-    pointerTrouble_.end("Touchscreen " + locationText(identity_) + ": the pointer device is there now.");
+    pointerOutage_.end("Touchscreen " + locationText(identity_) + ": the pointer device is there now.");
     return true;
   }
   pointer_.reset();
   source_ = nullptr;
   for (auto& node : nodes_) node.input.reset();
-  pointerTrouble_.begin("Touchscreen " + locationText(identity_) + ": no pointer device can be made, " +
-                        describe(status) + ". Its touches stay raw.");
+  pointerOutage_.begin("Touchscreen " + locationText(identity_) + ": no pointer device can be made, " +
+                       describe(status) + ". Its touches stay raw.");
   return false;
 }
 
@@ -119,8 +119,8 @@ bool TouchscreenDevices::grab(Node& node) {
   node.input.reset();
   node.refused = status == kErrorUnsupported;
   if (node.refused) return true;
-  grabTrouble_.begin("Touchscreen " + locationText(identity_) + ": " + node.path + " cannot be taken, " +
-                     describe(status) + ".");
+  grabOutage_.begin("Touchscreen " + locationText(identity_) + ": " + node.path + " cannot be taken, " +
+                    describe(status) + ".");
   return false;
 }
 

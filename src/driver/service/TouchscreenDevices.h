@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "platform/OutageReport.h"
 #include "platform/PointerDevices.h"
 #include "platform/Timers.h"
 #include "platform/TouchInputs.h"
-#include "platform/Trouble.h"
 
 namespace touchpanel::driver {
 
@@ -47,8 +47,8 @@ class TouchscreenDevices {
   PointerDevices& pointers_;
   Timers& timers_;
   FrameListener& frames_;
-  Trouble pointerTrouble_;
-  Trouble grabTrouble_;
+  OutageReport pointerOutage_;
+  OutageReport grabOutage_;
   std::unique_ptr<Timer> retry_;
   std::unique_ptr<PointerDevice> pointer_;
   bool multiTouch_ = false;

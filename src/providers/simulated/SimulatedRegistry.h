@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "driver/InstanceRegistry.h"
+#include "driver/PublishedInstances.h"
 #include "platform/Registry.h"
 #include "providers/simulated/SimulatedTouchscreen.h"
 
@@ -40,7 +40,7 @@ class SimulatedRegistry final : public Registry {
   class Instance;
 
   driver::HidSystem hidSystem_;
-  driver::InstanceRegistry registry_{hidSystem_};
+  driver::PublishedInstances registry_{hidSystem_};
   std::vector<std::unique_ptr<Instance>> instances_;
 };
 

@@ -8,7 +8,7 @@ namespace touchpanel {
 
 enum class Bus { System, Session };
 
-/// A connection of our own to `bus`, wherever the environment says that it is. Throws sdbus::Error when there
+/// A new connection to `bus`, at the address that the environment gives. Throws sdbus::Error when there
 /// is none.
 inline std::unique_ptr<sdbus::IConnection> connectTo(Bus bus) {
   return bus == Bus::System ? sdbus::createSystemBusConnection() : sdbus::createSessionBusConnection();

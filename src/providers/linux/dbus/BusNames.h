@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// What the touch driver service and its clients call each other on D-Bus.
+/// The names of the touch driver service, its objects and its errors on D-Bus.
 namespace touchpanel::bus_name {
 
 inline constexpr char kService[] = "com.VARNEXO.TouchDriver1";

@@ -9,7 +9,6 @@
 #include <libevdev/libevdev.h>
 #include <unistd.h>
 
-#include "platform/Trouble.h"
 #include "providers/linux/input/FrameAssembler.h"
 #include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
@@ -54,7 +53,7 @@ class EvdevInput final : public TouchInput {
         file_(std::move(file)),
         device_(std::move(device)),
         node_(std::move(node)),
-        catchUp_(loop.create([this] { tellCurrentState(); })),
+        catchUp_(loop.create([this] { feedCurrentState(); })),
         watch_(loop.watch(file_.get(), [this] { drain(); })) {}
 
   bool reportsTouches() const override { return hasSlots(device_.get()) || hasSingleTouch(device_.get()); }
@@ -70,7 +69,7 @@ class EvdevInput final : public TouchInput {
 
  private:
   void drain();
-  void tellCurrentState();
+  void feedCurrentState();
   void feed(unsigned type, unsigned code, int value, std::chrono::microseconds time) {
     assembler_->event(static_cast<std::uint16_t>(type), static_cast<std::uint16_t>(code), value, time);
   }
@@ -87,8 +86,8 @@ class EvdevInput final : public TouchInput {
   std::unique_ptr<EventLoop::Watch> watch_;
 };
 
-/// The kernel only reports changes, so what was true before anybody listened must be told once.
-void EvdevInput::tellCurrentState() {
+/// The kernel reports only changes, so the state from before the first reading is fed in once.
+void EvdevInput::feedCurrentState() {
   if (started_ || !assembler_) return;
   started_ = true;
   const auto now = loop_.now();
@@ -106,7 +105,7 @@ void EvdevInput::tellCurrentState() {
 }
 
 void EvdevInput::drain() {
-  tellCurrentState();
+  feedCurrentState();
   unsigned mode = LIBEVDEV_READ_FLAG_NORMAL;
   input_event event{};
   while (true) {

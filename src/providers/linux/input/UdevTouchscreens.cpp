@@ -44,7 +44,7 @@ UdevTouchscreens::UdevTouchscreens(EventLoop& loop, TouchscreenListener& listene
   if (const int result = udev_monitor_enable_receiving(monitor_.get()); result < 0)
     throw std::system_error(-result, std::generic_category(), "udev monitor");
   watch_ = loop.watch(udev_monitor_get_fd(monitor_.get()), [this] { drain(); });
-  // Listening first: what arrives during the enumeration is told twice rather than not at all.
+  // Listening first: what arrives during the enumeration is reported twice rather than not at all.
   enumerate(kUsb);
   enumerate(kInput);
 }

@@ -67,7 +67,7 @@ Evdev describeMultiTouch(const TouchscreenIdentity& identity) {
   return device;
 }
 
-/// One device of the kernel's, for as long as it lives here.
+/// One uinput device, which exists for this object's lifetime.
 class UinputDevice {
  public:
   static Status create(const libevdev* description, std::optional<UinputDevice>& device) {

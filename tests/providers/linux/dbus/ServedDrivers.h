@@ -25,7 +25,7 @@ namespace touchpanel::testing {
 class ServedDrivers {
  public:
   ServedDrivers() : wake_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    bus_.connect();
+    connected_ = bus_.connect();
     thread_ = std::thread([this] { serve(); });
   }
   ~ServedDrivers() {
@@ -50,11 +50,7 @@ class ServedDrivers {
   bool connectAgain() {
     const std::lock_guard lock(mutex_);
     wake();
-    return bus_.connect();
-  }
-  bool connected() {
-    const std::lock_guard lock(mutex_);
-    return bus_.connected();
+    return connected_ = bus_.connect();
   }
   RecordingDiagnostics diagnostics;
 
@@ -66,7 +62,8 @@ class ServedDrivers {
       int timeout = -1;
       {
         const std::lock_guard lock(mutex_);
-        if (bus_.connected() && bus_.process()) {
+        connected_ = connected_ && bus_.process();
+        if (connected_) {
           const auto data = bus_.pollData();
           waited[1] = {data.fd, data.events, 0};
           timeout = data.getPollTimeout();
@@ -86,6 +83,7 @@ class ServedDrivers {
   driver::StateStore store_{files_, "/state", diagnostics};
   driver::DriverService service_{{inputs_, pointers_, timers_, reader_, diagnostics}, store_};
   driver::BusService bus_{service_, Bus::Session, bus_name::kDevelopmentService, diagnostics};
+  bool connected_ = false;
   int wake_;
   std::mutex mutex_;
   std::atomic<bool> stopping_ = false;

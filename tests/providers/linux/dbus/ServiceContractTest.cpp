@@ -3,7 +3,7 @@
 
 #include "ServedDrivers.h"
 #include "contract/ProductId.h"
-#include "providers/linux/dbus/DBusRegistry.h"
+#include "providers/linux/dbus/DriverServiceClient.h"
 #include "support/PrivateBus.h"
 #include "support/contracts/RegistryContract.h"
 
@@ -40,7 +40,7 @@ class ServiceWorld final : public RegistryWorld {
   PrivateBus bus_;
   ServedDrivers served_;
   RecordingDiagnostics diagnostics_;
-  DBusRegistry registry_{diagnostics_, Bus::Session, bus_name::kDevelopmentService};
+  DriverServiceClient registry_{diagnostics_, Bus::Session, bus_name::kDevelopmentService};
   std::int32_t touches_ = 0;
 };
 

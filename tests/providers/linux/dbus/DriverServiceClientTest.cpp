@@ -7,7 +7,7 @@
 #include "contract/DriverProperties.h"
 #include "contract/ProductId.h"
 #include "providers/linux/dbus/BusNames.h"
-#include "providers/linux/dbus/DBusRegistry.h"
+#include "providers/linux/dbus/DriverServiceClient.h"
 #include "support/PrivateBus.h"
 
 namespace touchpanel::testing {
@@ -21,9 +21,9 @@ void plug(DriverService& service) {
   service.touchscreenArrived("/sys/usb1", {kHere, kProductConfigurationOnly});
 }
 
-class DBusRegistryTest : public ::testing::Test {
+class DriverServiceClientTest : public ::testing::Test {
  protected:
-  DBusRegistryTest() { serve(); }
+  DriverServiceClientTest() { serve(); }
   void serve() {
     served.reset();
     served = std::make_unique<ServedDrivers>();
@@ -37,10 +37,10 @@ class DBusRegistryTest : public ::testing::Test {
   PrivateBus bus;
   std::unique_ptr<ServedDrivers> served;
   RecordingDiagnostics diagnostics;
-  DBusRegistry registry{diagnostics, Bus::Session, bus_name::kDevelopmentService};
+  DriverServiceClient registry{diagnostics, Bus::Session, bus_name::kDevelopmentService};
 };
 
-TEST_F(DBusRegistryTest, CarriesEveryKindOfValueBothWays) {
+TEST_F(DriverServiceClientTest, CarriesEveryKindOfValueBothWays) {
   plugIn();
   const auto object = find();
   const Bytes params(116, 0x41);
@@ -69,7 +69,7 @@ TEST_F(DBusRegistryTest, CarriesEveryKindOfValueBothWays) {
   EXPECT_EQ(*registry.properties(pointing)->find("LocationID")->get<std::int64_t>(), std::int64_t{kHere});
 }
 
-TEST_F(DBusRegistryTest, FindsNothingAndSaysNothingWhereThereIsNoService) {
+TEST_F(DriverServiceClientTest, FindsNothingAndSaysNothingWhereThereIsNoService) {
   served.reset();
   EXPECT_TRUE(registry.instancesOf(class_name::kTouchDriver).empty());
   bus.stop();
@@ -77,7 +77,7 @@ TEST_F(DBusRegistryTest, FindsNothingAndSaysNothingWhereThereIsNoService) {
   EXPECT_EQ(registry.setProperty(1, "calibration", Dictionary{}), kErrorNoDevice);
 }
 
-TEST_F(DBusRegistryTest, TakesOldHandlesForDeadAfterTheServiceRestarted) {
+TEST_F(DriverServiceClientTest, TakesOldHandlesForDeadAfterTheServiceRestarted) {
   plugIn();
   const auto before = find();
   ASSERT_EQ(registry.setProperty(before, "calibration", Dictionary{}), kSuccess);
@@ -91,7 +91,7 @@ TEST_F(DBusRegistryTest, TakesOldHandlesForDeadAfterTheServiceRestarted) {
   EXPECT_EQ(registry.setProperty(after, "calibration", Dictionary{}), kSuccess);
 }
 
-TEST_F(DBusRegistryTest, OutlivesTheBusItself) {
+TEST_F(DriverServiceClientTest, OutlivesTheBusItself) {
   plugIn();
   const auto before = find();
   bus.stop();
@@ -104,7 +104,7 @@ TEST_F(DBusRegistryTest, OutlivesTheBusItself) {
   EXPECT_EQ(registry.setProperty(find(), "calibration", Dictionary{}), kSuccess);
 }
 
-TEST_F(DBusRegistryTest, TellsOnceWhenTheServiceCannotBeServedAndServesLater) {
+TEST_F(DriverServiceClientTest, TellsOnceWhenTheServiceCannotBeServedAndServesLater) {
   served.reset();
   bus.stop();
   serve();
@@ -117,10 +117,10 @@ TEST_F(DBusRegistryTest, TellsOnceWhenTheServiceCannotBeServedAndServesLater) {
   EXPECT_NE(find(), 0U);
 }
 
-TEST_F(DBusRegistryTest, WaitsOnlySoLongForAServiceThatHangs) {
+TEST_F(DriverServiceClientTest, WaitsOnlySoLongForAServiceThatHangs) {
   plugIn();
-  DBusRegistry impatient(diagnostics, Bus::Session, bus_name::kDevelopmentService,
-                         std::chrono::milliseconds(50));
+  DriverServiceClient impatient(diagnostics, Bus::Session, bus_name::kDevelopmentService,
+                                std::chrono::milliseconds(50));
   const auto object = impatient.instancesOf(class_name::kTouchDriver).at(0);
   const auto held = served->hang();
   EXPECT_EQ(impatient.setProperty(object, "calibration", Dictionary{}), kErrorTimeout);
@@ -128,10 +128,10 @@ TEST_F(DBusRegistryTest, WaitsOnlySoLongForAServiceThatHangs) {
   EXPECT_EQ(diagnostics.lines.size(), 1U);
 }
 
-TEST_F(DBusRegistryTest, EndsTheCaptureOfAClientThatVanishes) {
+TEST_F(DriverServiceClientTest, EndsTheCaptureOfAClientThatVanishes) {
   plugIn();
   {
-    DBusRegistry dying(diagnostics, Bus::Session, bus_name::kDevelopmentService);
+    DriverServiceClient dying(diagnostics, Bus::Session, bus_name::kDevelopmentService);
     const auto object = dying.instancesOf(class_name::kTouchDriver).at(0);
     ASSERT_EQ(dying.setProperty(object, "calibration", Dictionary{{"statCalibrate", true}}), kSuccess);
   }
@@ -143,7 +143,7 @@ TEST_F(DBusRegistryTest, EndsTheCaptureOfAClientThatVanishes) {
 }
 
 /// A client that speaks the bus directly, as one of another make or version would.
-class ForeignClient : public DBusRegistryTest {
+class ForeignClient : public DriverServiceClientTest {
  protected:
   template <typename... Arguments>
   std::string errorOf(const std::string& path, const char* interface, const char* method,

@@ -26,10 +26,10 @@ class PublishedInstance {
 ///     VARNEXOTouchScreenDriver          properties of the driver instance
 ///      ├── IOHIDPointingDevice          "LocationID"
 ///      └── IOHIDSystem                  "HIDParameters", the same for all
-class InstanceRegistry final : public Registry {
+class PublishedInstances final : public Registry {
  public:
   /// `hidSystem` is not owned and must live as long.
-  explicit InstanceRegistry(HidSystem& hidSystem) : hidSystem_(hidSystem) {}
+  explicit PublishedInstances(HidSystem& hidSystem) : hidSystem_(hidSystem) {}
 
   /// Publishes `instance`, which must live until it is withdrawn, and returns its driver object.
   RegistryObject publish(PublishedInstance& instance);

@@ -1,4 +1,4 @@
-#include "providers/linux/dbus/DBusRegistry.h"
+#include "providers/linux/dbus/DriverServiceClient.h"
 
 #include <algorithm>
 #include <array>
@@ -33,7 +33,7 @@ struct Meaning {
   Status status;
 };
 
-/// What a failed call says, in one place.
+/// D-Bus error names as statuses.
 constexpr std::array kMeanings = {
     Meaning{bus_name::kBadArgumentError, kErrorBadArgument},
     Meaning{bus_name::kUnsupportedError, kErrorUnsupported},
@@ -57,7 +57,7 @@ Status meaningOf(const sdbus::Error& error) {
   return kErrorGeneral;
 }
 
-/// The connection itself is gone, which no reply can say.
+/// The connection itself is gone, so there is no reply.
 bool isDisconnection(const sdbus::Error& error) {
   static constexpr std::array<std::string_view, 4> kNames = {"org.freedesktop.DBus.Error.Disconnected",
                                                              "System.Error.ENOTCONN",
@@ -67,7 +67,7 @@ bool isDisconnection(const sdbus::Error& error) {
 }  // namespace
 
 /// One call of the port, which may take several on the bus but only so long in all.
-class DBusRegistry::Call {
+class DriverServiceClient::Call {
  public:
   Call(sdbus::IConnection& connection, std::chrono::microseconds longest)
       : connection_(connection), end_(std::chrono::steady_clock::now() + longest) {}
@@ -85,13 +85,13 @@ class DBusRegistry::Call {
   std::chrono::steady_clock::time_point end_;
 };
 
-DBusRegistry::DBusRegistry(Diagnostics& diagnostics, Bus bus, std::string service,
-                           std::chrono::microseconds longestCall)
-    : bus_(bus), service_(std::move(service)), longestCall_(longestCall), trouble_(diagnostics) {}
+DriverServiceClient::DriverServiceClient(Diagnostics& diagnostics, Bus bus, std::string service,
+                                         std::chrono::microseconds longestCall)
+    : bus_(bus), service_(std::move(service)), longestCall_(longestCall), outage_(diagnostics) {}
 
-DBusRegistry::~DBusRegistry() = default;
+DriverServiceClient::~DriverServiceClient() = default;
 
-Status DBusRegistry::failed(const sdbus::Error& error) {
+Status DriverServiceClient::failed(const sdbus::Error& error) {
   if (isDisconnection(error)) {
     // A new bus numbers its clients afresh, so nothing that was learnt on this one may be used there.
     connection_.reset();
@@ -102,7 +102,7 @@ Status DBusRegistry::failed(const sdbus::Error& error) {
   return meaningOf(error);
 }
 
-std::string DBusRegistry::owner(const Call& call) {
+std::string DriverServiceClient::owner(const Call& call) {
   const auto daemon = sdbus::createProxy(call.connection(), kDaemon, kDaemonPath);
   const auto ask = [&] {
     std::string found;
@@ -123,8 +123,8 @@ std::string DBusRegistry::owner(const Call& call) {
   }
 }
 
-std::vector<RegistryObject> DBusRegistry::handlesOf(const std::string& owner,
-                                                    const std::vector<sdbus::ObjectPath>& paths) {
+std::vector<RegistryObject> DriverServiceClient::handlesOf(const std::string& owner,
+                                                           const std::vector<sdbus::ObjectPath>& paths) {
   std::vector<RegistryObject> objects;
   for (const auto& path : paths) {
     const Place place{owner, path};
@@ -135,24 +135,24 @@ std::vector<RegistryObject> DBusRegistry::handlesOf(const std::string& owner,
   return objects;
 }
 
-std::vector<RegistryObject> DBusRegistry::instancesOf(std::string_view className) {
+std::vector<RegistryObject> DriverServiceClient::instancesOf(std::string_view className) {
   try {
     if (!connection_) connection_ = connectTo(bus_);
     const Call call(*connection_, longestCall_);
     const auto current = owner(call);
     RegistryProxy proxy(call.connection(), current, bus_name::kRootPath);
     auto found = handlesOf(current, proxy.InstancesOf(bus_name::kInterfaceVersion, std::string(className)));
-    trouble_.end("The touch driver service answers.");
+    outage_.end("The touch driver service answers.");
     return found;
   } catch (const sdbus::Error& error) {
     if (failed(error) != kErrorNoDevice)
-      trouble_.begin("The touch driver service cannot be asked: " + error.getMessage());
+      outage_.begin("The touch driver service cannot be asked: " + error.getMessage());
     return {};
   }
 }
 
 template <typename Use>
-Status DBusRegistry::withObject(RegistryObject object, Use use) {
+Status DriverServiceClient::withObject(RegistryObject object, Use use) {
   const auto found = places_.find(object);
   if (found == places_.end() || !connection_) return kErrorNoDevice;
   const auto place = found->second;
@@ -165,7 +165,7 @@ Status DBusRegistry::withObject(RegistryObject object, Use use) {
   }
 }
 
-std::vector<RegistryObject> DBusRegistry::childrenOf(RegistryObject parent) {
+std::vector<RegistryObject> DriverServiceClient::childrenOf(RegistryObject parent) {
   std::vector<RegistryObject> children;
   withObject(parent, [&](ObjectProxy& proxy, const Place& place) {
     children = handlesOf(place.owner, proxy.Children());
@@ -173,20 +173,20 @@ std::vector<RegistryObject> DBusRegistry::childrenOf(RegistryObject parent) {
   return children;
 }
 
-bool DBusRegistry::conformsTo(RegistryObject object, std::string_view className) {
+bool DriverServiceClient::conformsTo(RegistryObject object, std::string_view className) {
   bool conforms = false;
   withObject(object,
              [&](ObjectProxy& proxy, const Place&) { conforms = proxy.ConformsTo(std::string(className)); });
   return conforms;
 }
 
-std::optional<Dictionary> DBusRegistry::properties(RegistryObject object) {
+std::optional<Dictionary> DriverServiceClient::properties(RegistryObject object) {
   std::optional<Dictionary> properties;
   withObject(object, [&](ObjectProxy& proxy, const Place&) { properties = fromBus(proxy.Properties()); });
   return properties;
 }
 
-Status DBusRegistry::setProperty(RegistryObject object, std::string_view name, const Value& value) {
+Status DriverServiceClient::setProperty(RegistryObject object, std::string_view name, const Value& value) {
   return withObject(
       object, [&](ObjectProxy& proxy, const Place&) { proxy.SetProperty(std::string(name), toBus(value)); });
 }

@@ -7,10 +7,10 @@
 
 namespace touchpanel {
 
-/// One thing that can go wrong and get well again, told once each way however often it is tried.
-class Trouble {
+/// Reports the beginning and the end of one outage, each once, however often the failing call is repeated.
+class OutageReport {
  public:
-  explicit Trouble(Diagnostics& diagnostics) : diagnostics_(diagnostics) {}
+  explicit OutageReport(Diagnostics& diagnostics) : diagnostics_(diagnostics) {}
 
   void begin(std::string_view text) {
     if (current_ == text) return;

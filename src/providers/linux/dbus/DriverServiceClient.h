@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "platform/Diagnostics.h"
+#include "platform/OutageReport.h"
 #include "platform/Registry.h"
-#include "platform/Trouble.h"
 #include "providers/linux/dbus/BusConnection.h"
 #include "providers/linux/dbus/BusNames.h"
 
@@ -22,13 +22,13 @@ namespace touchpanel {
 /// Each call takes `longestCall` at the most. Without a bus or a service nothing is found. A handle names an
 /// object of one run of the service: after a restart the old handles are dead and the next search finds the
 /// new objects.
-class DBusRegistry final : public Registry {
+class DriverServiceClient final : public Registry {
  public:
-  /// `diagnostics` hears once why nothing can be found, unless there simply is no service.
-  explicit DBusRegistry(Diagnostics& diagnostics, Bus bus = Bus::System,
-                        std::string service = bus_name::kService,
-                        std::chrono::microseconds longestCall = std::chrono::seconds(2));
-  ~DBusRegistry() override;
+  /// Why nothing can be found is reported once to `diagnostics`, unless there simply is no service.
+  explicit DriverServiceClient(Diagnostics& diagnostics, Bus bus = Bus::System,
+                               std::string service = bus_name::kService,
+                               std::chrono::microseconds longestCall = std::chrono::seconds(2));
+  ~DriverServiceClient() override;
 
   std::vector<RegistryObject> instancesOf(std::string_view className) override;
   std::vector<RegistryObject> childrenOf(RegistryObject parent) override;
@@ -59,7 +59,7 @@ class DBusRegistry final : public Registry {
   Bus bus_;
   std::string service_;
   std::chrono::microseconds longestCall_;
-  Trouble trouble_;
+  OutageReport outage_;
   std::unique_ptr<sdbus::IConnection> connection_;
   std::map<RegistryObject, Place> places_;
   std::map<Place, RegistryObject> handles_;

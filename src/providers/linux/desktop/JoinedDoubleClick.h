@@ -5,16 +5,16 @@
 
 namespace touchpanel {
 
-/// Another registry, whose double-click time is that of the desktop.
+/// Decorator of a registry: its double-click time is the desktop's.
 ///
 /// The driver service has its own, for the double-tap help; it belongs to the whole machine and knows no
 /// user's desktop. The desktop's is the user's own and is reached from the user's session only, which is
-/// where the control panel runs. So it is joined here: reading "HIDClickTime" tells the desktop's time where
-/// there is one, and writing it tells both. The area is the service's alone; desktops have no such setting.
-class DesktopRegistry final : public Registry {
+/// where the control panel runs. So it is joined here: reading "HIDClickTime" gives the desktop's time where
+/// there is one, and writing it sets both. The area is the service's alone; desktops have no such setting.
+class JoinedDoubleClick final : public Registry {
  public:
   /// Neither is owned.
-  DesktopRegistry(Registry& service, DesktopDoubleClick& desktop) : service_(service), desktop_(desktop) {}
+  JoinedDoubleClick(Registry& service, DesktopDoubleClick& desktop) : service_(service), desktop_(desktop) {}
 
   std::vector<RegistryObject> instancesOf(std::string_view className) override {
     return service_.instancesOf(className);

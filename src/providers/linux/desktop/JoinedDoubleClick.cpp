@@ -1,10 +1,10 @@
-#include "providers/linux/desktop/DesktopRegistry.h"
+#include "providers/linux/desktop/JoinedDoubleClick.h"
 
 #include "contract/DriverProperties.h"
 
 namespace touchpanel {
 
-std::optional<Dictionary> DesktopRegistry::properties(RegistryObject object) {
+std::optional<Dictionary> JoinedDoubleClick::properties(RegistryObject object) {
   auto properties = service_.properties(object);
   if (!properties) return properties;
   const auto* parameters = properties->dictionary(property::kHidParameters);
@@ -16,7 +16,7 @@ std::optional<Dictionary> DesktopRegistry::properties(RegistryObject object) {
   return properties;
 }
 
-Status DesktopRegistry::setProperty(RegistryObject object, std::string_view name, const Value& value) {
+Status JoinedDoubleClick::setProperty(RegistryObject object, std::string_view name, const Value& value) {
   const auto status = service_.setProperty(object, name, value);
   if (status != kSuccess || name != property::kHidClickTime) return status;
   desktop_.setTime(

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "providers/linux/desktop/DesktopRegistry.h"
+#include "providers/linux/desktop/JoinedDoubleClick.h"
 #include "support/FakeRegistry.h"
 
 namespace touchpanel::testing {
@@ -15,7 +15,7 @@ struct FakeDesktop final : DesktopDoubleClick {
   std::optional<std::chrono::milliseconds> set;
 };
 
-class DesktopRegistryTest : public ::testing::Test {
+class JoinedDoubleClickTest : public ::testing::Test {
  protected:
   std::int64_t clickTime() {
     return registry.properties(hid)->dictionary("HIDParameters")->longInteger("HIDClickTime");
@@ -25,16 +25,16 @@ class DesktopRegistryTest : public ::testing::Test {
   RegistryObject hid = service.add(class_name::kHidSystem, 0,
                                    {{"HIDParameters", Dictionary{{"HIDClickTime", std::int64_t{500'000'000}},
                                                                  {"HIDClickSpace", Array{5, 5}}}}});
-  DesktopRegistry registry{service, desktop};
+  JoinedDoubleClick registry{service, desktop};
 };
 
-TEST_F(DesktopRegistryTest, ShowsTheServicesTimeWhereTheDesktopHasNone) {
+TEST_F(JoinedDoubleClickTest, ShowsTheServicesTimeWhereTheDesktopHasNone) {
   EXPECT_EQ(clickTime(), 500'000'000);
   EXPECT_EQ(registry.setProperty(hid, "HIDClickTime", 400'000'000), kSuccess);
   EXPECT_EQ(service.writesTo(hid).size(), 1U);
 }
 
-TEST_F(DesktopRegistryTest, ShowsTheDesktopsTimeAndWritesBoth) {
+TEST_F(JoinedDoubleClickTest, ShowsTheDesktopsTimeAndWritesBoth) {
   desktop.set = std::chrono::milliseconds(650);
   EXPECT_EQ(clickTime(), 650'000'000);
   EXPECT_EQ(*registry.properties(hid)->dictionary("HIDParameters")->array("HIDClickSpace"), (Array{5, 5}));
@@ -43,7 +43,7 @@ TEST_F(DesktopRegistryTest, ShowsTheDesktopsTimeAndWritesBoth) {
   EXPECT_EQ(service.writesTo(hid).size(), 1U);
 }
 
-TEST_F(DesktopRegistryTest, LeavesTheDesktopAloneWhenTheServiceRefuses) {
+TEST_F(JoinedDoubleClickTest, LeavesTheDesktopAloneWhenTheServiceRefuses) {
   desktop.set = std::chrono::milliseconds(650);
   EXPECT_EQ(registry.setProperty(hid + 1, "HIDClickTime", 400'000'000), kErrorNoDevice);
   EXPECT_EQ(registry.setProperty(hid, "HIDClickSpace", Array{9, 9}), kSuccess);
