@@ -37,10 +37,9 @@ std::shared_ptr<UsbAttachment> find(libusb_context* context, const TouchscreenId
     libusb_device_descriptor descriptor{};
     if (libusb_get_device_descriptor(device, &descriptor) != 0) continue;
     if (descriptor.idVendor != TOUCH_VENDOR_ID || descriptor.idProduct != identity.productId) continue;
-    auto attachment = std::make_shared<UsbAttachment>(
-        UsbAttachment{LibusbDevice(libusb_ref_device(device)), descriptor.idVendor, descriptor.idProduct});
+    auto attachment = libusbAttachment(LibusbDevice(libusb_ref_device(device)), descriptor);
     std::uint32_t location = 0;
-    LibusbDeviceInterface(attachment, 0, nullptr).getLocationID(location);
+    LibusbDeviceInterface({attachment}).getLocationID(location);
     if (location == identity.locationId) return attachment;
   }
   return nullptr;
@@ -53,7 +52,7 @@ Status read(const TouchscreenIdentity& identity, HeldCalibration& held, Diagnost
   const std::unique_ptr<libusb_context, ExitLibusb> usb(raw);
   const auto attachment = find(usb.get(), identity);
   if (!attachment) return kErrorNoDevice;
-  LibusbDeviceInterface device(attachment, 0, nullptr);
+  LibusbDeviceInterface device({attachment});
   StoppableDevice stoppable(device, stop);
   StoppableClock clock(stop);
   return readCalibration(stoppable, identity.productId, held, clock, details);

@@ -1,12 +1,10 @@
 #include "providers/linux/usb/LibusbBus.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <poll.h>
 #include <sys/time.h>
 
-#include "contract/DriverProperties.h"
 #include "providers/linux/usb/UsbStatus.h"
 
 namespace touchpanel {
@@ -18,16 +16,12 @@ LibraryInUse libusbInUse() {
           .version = versionText(version->major, version->minor, version->micro)};
 }
 
-// In the body: libusb tells of the devices already there at once, and the queue has to stand by then.
+// In the body: libusb reports the devices already there at once, and the queue has to stand by then.
 LibusbBus::LibusbBus(std::uint16_t vendorId) { started_ = start(vendorId); }
 
 LibusbBus::~LibusbBus() {
   // Everything that holds a device or a handle goes before the context does.
-  interfaces_.clear();
-  plugIns_.clear();
-  services_.clear();
-  ports_.clear();
-  attachments_.clear();
+  clear();
   queue_.clear();
   if (context_ != nullptr) libusb_exit(context_);
 }
@@ -55,45 +49,26 @@ int LibusbBus::hotplug(libusb_context*, libusb_device* device, libusb_hotplug_ev
     // Out of memory, and nothing may be thrown through libusb: this event is lost.
     return 0;
   }
-  for (const auto& port : self.ports_) port->wake();
+  self.wake();
   return 0;
 }
 
 void LibusbBus::pump() {
+  if (context_ == nullptr) return;
   timeval doNotWait{0, 0};
   libusb_handle_events_timeout_completed(context_, &doNotWait, nullptr);
-  takeIn();
-}
-
-void LibusbBus::takeIn() {
   for (auto& [event, device] : std::exchange(queue_, {})) {
     if (event == UsbEvent::FirstMatch)
-      arrived(std::move(device));
+      takeIn(std::move(device));
     else
       left(device.get());
   }
 }
 
-void LibusbBus::arrived(LibusbDevice device) {
+void LibusbBus::takeIn(LibusbDevice device) {
   libusb_device_descriptor descriptor{};
   if (libusb_get_device_descriptor(device.get(), &descriptor) < 0) return;
-  attachments_.push_back(std::make_shared<UsbAttachment>(
-      UsbAttachment{std::move(device), descriptor.idVendor, descriptor.idProduct}));
-  tellPorts(UsbEvent::FirstMatch, attachments_.back());
-}
-
-void LibusbBus::left(libusb_device* device) {
-  const auto found = std::find_if(attachments_.begin(), attachments_.end(),
-                                  [&](const auto& each) { return each->device.get() == device; });
-  if (found == attachments_.end()) return;
-  const auto attachment = *found;
-  attachments_.erase(found);
-  attachment->attached = false;
-  tellPorts(UsbEvent::Terminate, attachment);
-}
-
-void LibusbBus::tellPorts(UsbEvent event, const std::shared_ptr<UsbAttachment>& attachment) {
-  for (const auto& port : ports_) port->note(event, attachment);
+  arrived(libusbAttachment(std::move(device), descriptor));
 }
 
 Status LibusbBus::masterPort(MasterPort& port) {
@@ -101,80 +76,19 @@ Status LibusbBus::masterPort(MasterPort& port) {
   return started_;
 }
 
-void LibusbBus::releaseMasterPort(MasterPort) {}
-
-std::optional<Dictionary> LibusbBus::matchingDictionary(std::string_view className) {
-  if (className != class_name::kUsbDevice) return std::nullopt;
-  return Dictionary();
-}
-
-UsbNotificationPort& LibusbBus::createNotificationPort(MasterPort) {
-  ports_.push_back(std::make_unique<LibusbNotificationPort>(libusbDescriptors(), [this] { pump(); }));
-  return *ports_.back();
-}
-
-Status LibusbBus::addMatchingNotification(UsbNotificationPort& port, UsbEvent event, Dictionary matching,
-                                          UsbCallback callback, UsbIterator*& iterator) {
-  const auto known =
-      std::find_if(ports_.begin(), ports_.end(), [&](const auto& each) { return each.get() == &port; });
-  if (known == ports_.end() || started_ != kSuccess) return kErrorBadArgument;
-  // What came before this request is there already and no event of its own.
-  pump();
-  const auto makeService = [this](const auto& attachment) { return serviceFor(attachment); };
-  auto& registration =
-      (*known)->add(std::make_unique<UsbRegistration>(makeService, event, matching, std::move(callback)));
-  if (event == UsbEvent::FirstMatch)
-    for (const auto& attachment : attachments_) registration.note(event, attachment);
-  iterator = &registration;
-  return kSuccess;
-}
-
-std::vector<int> LibusbBus::libusbDescriptors() const {
-  std::vector<int> descriptors;
+std::vector<int> LibusbBus::descriptors() const {
+  std::vector<int> found;
   const auto** polled = context_ != nullptr ? libusb_get_pollfds(context_) : nullptr;
-  if (polled == nullptr) return descriptors;
+  if (polled == nullptr) return found;
   // Those of open devices are for transfers, which are all synchronous here, and they come and go.
   for (auto* each = polled; *each != nullptr; ++each)
-    if (((*each)->events & POLLIN) != 0) descriptors.push_back((*each)->fd);
+    if (((*each)->events & POLLIN) != 0) found.push_back((*each)->fd);
   libusb_free_pollfds(polled);
-  return descriptors;
+  return found;
 }
 
-UsbService LibusbBus::serviceFor(const std::shared_ptr<UsbAttachment>& attachment) {
-  services_[++lastHandle_] = attachment;
-  return lastHandle_;
-}
-
-Status LibusbBus::createPlugIn(UsbService service, UsbPlugIn& plugIn) {
-  plugIn = 0;
-  const auto found = services_.find(service);
-  if (found == services_.end()) return kErrorNotFound;
-  if (!found->second->attached) return kErrorNoDevice;
-  plugIn = ++lastHandle_;
-  plugIns_[plugIn] = found->second;
-  return kSuccess;
-}
-
-Status LibusbBus::releaseService(UsbService service) {
-  return services_.erase(service) == 0 ? kErrorNotFound : kSuccess;
-}
-
-Status LibusbBus::queryDeviceInterface(UsbPlugIn plugIn, UsbDeviceInterface*& device) {
-  device = nullptr;
-  const auto found = plugIns_.find(plugIn);
-  if (found == plugIns_.end()) return kErrorNotFound;
-  const auto forget = [this](UsbDeviceReference reference) { interfaces_.erase(reference); };
-  auto made = std::make_unique<LibusbDeviceInterface>(found->second, ++lastReference_, forget);
-  device = made.get();
-  interfaces_[lastReference_] = std::move(made);
-  return kSuccess;
-}
-
-void LibusbBus::destroyPlugIn(UsbPlugIn plugIn) { plugIns_.erase(plugIn); }
-
-UsbDeviceInterface* LibusbBus::deviceInterface(UsbDeviceReference reference) {
-  const auto found = interfaces_.find(reference);
-  return found == interfaces_.end() ? nullptr : found->second.get();
+std::shared_ptr<UsbDeviceInterface> LibusbBus::makeInterface(UsbInterfaceOrigin origin) {
+  return std::make_shared<LibusbDeviceInterface>(std::move(origin));
 }
 
 }  // namespace touchpanel

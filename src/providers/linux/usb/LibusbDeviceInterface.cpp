@@ -1,6 +1,8 @@
 #include "providers/linux/usb/LibusbDeviceInterface.h"
 
 #include <array>
+#include <span>
+#include <utility>
 
 #include "contract/LocationId.h"
 #include "providers/linux/usb/UsbStatus.h"
@@ -11,21 +13,30 @@ namespace {
 /// USB allows that many tiers below the root hub.
 constexpr std::size_t kDeepestPath = 7;
 
+struct LibusbAttachment : UsbAttachment {
+  LibusbDevice owned;
+};
+
 }  // namespace
 
-LibusbDeviceInterface::LibusbDeviceInterface(std::shared_ptr<const UsbAttachment> attachment,
-                                             UsbDeviceReference reference,
-                                             std::function<void(UsbDeviceReference)> onRelease)
-    : attachment_(std::move(attachment)), reference_(reference), onRelease_(std::move(onRelease)) {}
+std::shared_ptr<UsbAttachment> libusbAttachment(LibusbDevice device,
+                                                const libusb_device_descriptor& descriptor) {
+  auto* raw = device.get();
+  return std::make_shared<LibusbAttachment>(
+      LibusbAttachment{{raw, descriptor.idVendor, descriptor.idProduct}, std::move(device)});
+}
+
+LibusbDeviceInterface::LibusbDeviceInterface(UsbInterfaceOrigin origin)
+    : AttachedInterface(std::move(origin)),
+      device_(static_cast<const LibusbAttachment&>(attachment()).owned.get()) {}
 
 LibusbDeviceInterface::~LibusbDeviceInterface() { close(); }
 
 Status LibusbDeviceInterface::open() {
   if (handle_ != nullptr) return kSuccess;
-  auto* device = attachment_->device.get();
-  const auto locked = lock_.take(libusb_get_bus_number(device), libusb_get_device_address(device));
+  const auto locked = lock_.take(libusb_get_bus_number(device_), libusb_get_device_address(device_));
   if (locked != kSuccess) return locked;
-  const auto opened = statusOfLibusb(libusb_open(device, &handle_));
+  const auto opened = statusOfLibusb(libusb_open(device_, &handle_));
   if (opened == kSuccess) return kSuccess;
   handle_ = nullptr;
   lock_.release();
@@ -52,7 +63,7 @@ Status LibusbDeviceInterface::deviceRequest(DeviceRequest& request) {
 
 Status LibusbDeviceInterface::getConfiguration(std::uint8_t& configuration) {
   libusb_config_descriptor* descriptor = nullptr;
-  const int result = libusb_get_active_config_descriptor(attachment_->device.get(), &descriptor);
+  const int result = libusb_get_active_config_descriptor(device_, &descriptor);
   if (result == LIBUSB_ERROR_NOT_FOUND) {
     configuration = 0;
     return kSuccess;
@@ -64,28 +75,12 @@ Status LibusbDeviceInterface::getConfiguration(std::uint8_t& configuration) {
 }
 
 Status LibusbDeviceInterface::getLocationID(std::uint32_t& locationId) {
-  auto* device = attachment_->device.get();
   std::array<std::uint8_t, kDeepestPath> ports{};
-  const int depth = libusb_get_port_numbers(device, ports.data(), static_cast<int>(ports.size()));
+  const int depth = libusb_get_port_numbers(device_, ports.data(), static_cast<int>(ports.size()));
   if (depth < 0) return statusOfLibusb(depth);
   const auto path = std::span(ports).first(static_cast<std::size_t>(depth));
-  locationId = locationIdFor(libusb_get_bus_number(device), path);
+  locationId = locationIdFor(libusb_get_bus_number(device_), path);
   return kSuccess;
-}
-
-Status LibusbDeviceInterface::getDeviceVendor(std::uint16_t& vendorId) {
-  vendorId = attachment_->vendorId;
-  return kSuccess;
-}
-
-Status LibusbDeviceInterface::getDeviceProduct(std::uint16_t& productId) {
-  productId = attachment_->productId;
-  return kSuccess;
-}
-
-void LibusbDeviceInterface::release() {
-  const auto onRelease = std::move(onRelease_);  // outlives this
-  onRelease(reference_);
 }
 
 }  // namespace touchpanel

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <chrono>
-#include <functional>
 #include <memory>
 
-#include "platform/Usb.h"
+#include <libusb.h>
+
 #include "providers/linux/usb/DeviceLock.h"
-#include "providers/linux/usb/UsbAttachment.h"
+#include "providers/usb/HotplugBus.h"
 
 namespace touchpanel {
 
@@ -14,13 +14,21 @@ namespace touchpanel {
 /// long a device that hangs can hold the program up.
 inline constexpr std::chrono::milliseconds kTransferTimeout{250};
 
+struct LibusbDeviceUnref {
+  void operator()(libusb_device* device) const { libusb_unref_device(device); }
+};
+using LibusbDevice = std::unique_ptr<libusb_device, LibusbDeviceUnref>;
+
+/// A stay of `device` on the bus, which holds it.
+std::shared_ptr<UsbAttachment> libusbAttachment(LibusbDevice device,
+                                                const libusb_device_descriptor& descriptor);
+
 /// A USB device through libusb. Vendor requests go to the default control endpoint, so no interface is
 /// claimed and the kernel's input driver stays bound.
-class LibusbDeviceInterface final : public UsbDeviceInterface {
+class LibusbDeviceInterface final : public AttachedInterface {
  public:
-  /// `onRelease` gets the reference when the interface is given up, and destroys it.
-  LibusbDeviceInterface(std::shared_ptr<const UsbAttachment> attachment, UsbDeviceReference reference,
-                        std::function<void(UsbDeviceReference)> onRelease);
+  /// `origin` holds an attachment made by libusbAttachment().
+  explicit LibusbDeviceInterface(UsbInterfaceOrigin origin);
   ~LibusbDeviceInterface() override;
 
   /// Success, and nothing more, when this interface has it open already.
@@ -29,15 +37,9 @@ class LibusbDeviceInterface final : public UsbDeviceInterface {
   Status deviceRequest(DeviceRequest& request) override;
   Status getConfiguration(std::uint8_t& configuration) override;
   Status getLocationID(std::uint32_t& locationId) override;
-  Status getDeviceVendor(std::uint16_t& vendorId) override;
-  Status getDeviceProduct(std::uint16_t& productId) override;
-  void release() override;
-  UsbDeviceReference reference() const override { return reference_; }
 
  private:
-  std::shared_ptr<const UsbAttachment> attachment_;
-  UsbDeviceReference reference_;
-  std::function<void(UsbDeviceReference)> onRelease_;
+  libusb_device* device_;
   DeviceLock lock_;
   libusb_device_handle* handle_ = nullptr;
 };
