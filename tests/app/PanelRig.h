@@ -38,8 +38,7 @@ struct PanelRig {
         {entry_key::kHiddevice, static_cast<std::int64_t>(hidSystem)},
     });
     storeSettings({}, *entry);
-    devices[number].ownReference = number;
-    usbServices.add(devices[number]);
+    usb.add(devices[number]);
     state.deviceListArray.push_back(entry);
     if (!state.hasSelection()) state.currentDict = entry;
     return entry;
@@ -83,8 +82,7 @@ struct PanelRig {
   FakeRunLoop runLoop;
   FakeRegistry registry;
   std::map<UsbDeviceReference, FakeUsbDevice> devices;
-  FakeUsbNotifications usbNotifications;
-  FakeUsbServices usbServices;
+  FakeUsb usb;
   FakePropertyListFiles files;
   RecordingDiagnostics diagnostics;
   RecordingStatusLine statusLine;
@@ -92,7 +90,7 @@ struct PanelRig {
   ProcessState process;
   ControllerState state;
   Outlets outlets = interface.outlets();
-  ControllerPorts ports = portsOn(registry, usbNotifications, usbServices);
+  ControllerPorts ports = portsOn(registry, usb, usb);
 };
 
 }  // namespace touchpanel::testing

@@ -171,7 +171,7 @@ class CalibrationRig {
   FakePropertyListFiles files;
   firmware::Firmware touchscreen;
   FakeUsbDevice device;
-  FakeUsbServices usb;
+  FakeUsb usb;
   DriverChannel driver{registry};
   ContextStore store{usb, files, {"driver.plist", "device.plist"}, {clock, diagnostics}, waitNotice};
   CalibrationPorts ports{driver, runLoop, cursor, presentation, store};

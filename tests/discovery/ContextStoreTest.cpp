@@ -15,7 +15,7 @@ namespace {
 
 struct StoringAContext : ::testing::Test {
   testing::FakeUsbDevice device;
-  testing::FakeUsbServices usb;
+  testing::FakeUsb usb;
   testing::FakePropertyListFiles files;
   testing::FakeClock clock;
   testing::RecordingDiagnostics diagnostics;

@@ -79,7 +79,7 @@ TEST_F(LoadingADevice, FillsTheEntryInOrder) {
                                                     {"DoubleClickArea", 4},
                                                     {"Hiddevice", std::int64_t{lastHidSystem}}}));
   EXPECT_EQ(rig.owner.settings, rig.files.files[rig.paths.driverConfig]) << "with the key added by hand";
-  EXPECT_EQ(rig.takeJournal().back(), "reload");
+  EXPECT_EQ(rig.journal.back(), "reload");
 }
 
 TEST_F(LoadingADevice, NamesItByBarCodeOrKindAndCutsTextsAtTheirField) {

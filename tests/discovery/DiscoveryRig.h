@@ -1,19 +1,22 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <list>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <gmock/gmock.h>
+
 #include "discovery/UsbDiscovery.h"
-#include "firmware/Firmware.h"
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeRegistry.h"
 #include "support/FakeRunLoop.h"
 #include "support/FakeUsb.h"
+#include "support/FirmwareUsbDevice.h"
 #include "support/RecordingWaitNotice.h"
 
 namespace touchpanel::testing {
@@ -40,22 +43,22 @@ class FakeDeviceListOwner final : public DeviceListOwner {
 /// between them, goes into one journal, so that a test can compare the order across all of them.
 class DiscoveryRig {
  public:
+  using Journal = std::vector<std::string>;
+
   /// A touchscreen with firmware, not attached yet.
   struct Touchscreen {
     Touchscreen(DeviceKind kind, std::uint32_t serial)
         : firmware(
               firmware::exampleDevice(kind == DeviceKind::Unknown ? DeviceKind::Infrared : kind, serial)) {}
     firmware::Firmware firmware;
-    FakeUsbDevice device;
-    UsbService service = 0;
+    FirmwareUsbDevice device{firmware};
     RegistryObject driver = 0;
   };
 
   DiscoveryRig() {
     clock.onSleep = [this](std::chrono::milliseconds duration) {
       if (duration < kLongWait) return;
-      const bool told = waitNotice.isShown;
-      note("sleep " + std::to_string(duration.count()) + (told ? "" : " without a notice"));
+      note("sleep " + std::to_string(duration.count()) + (waitNotice.isShown ? "" : " without a notice"));
     };
     alerts.onShow = [this] {
       const auto& panel = alerts.panels.back();
@@ -63,34 +66,33 @@ class DiscoveryRig {
            (waitNotice.isShown ? " under a notice" : ""));
       if (onAlert) onAlert();
     };
-    services.onCall = [this](const std::string& call) { note(call); };
-    owner.onCall = [this](const std::string& call) { note(call); };
+    usb.onStep = owner.onCall = [this](const std::string& call) { note(call); };
   }
 
-  /// `location` doubles as the reference of its interface, so entries and calls are easy to tell apart.
   Touchscreen& make(std::uint32_t location, std::uint16_t productId) {
     auto& made = touchscreens.emplace_back(kindOf(productId), location);
     made.device.locationId = location;
     made.device.productId = productId;
-    made.device.ownReference = static_cast<UsbDeviceReference>(location);
-    made.service = services.add(made.device);
-    made.device.onCall = [this](const FakeUsbDevice::Call& call) { noteDeviceCall(call); };
-    made.device.answer = [&made](const Bytes& packet) { return answerOf(made, packet); };
+    made.device.onCall = [this](const FakeUsbDevice::Call& call) {
+      using enum FakeUsbDevice::Operation;
+      if (call.operation != Out && call.operation != In) note(call.name());
+    };
     return made;
   }
   void plugIn(Touchscreen& touchscreen) {
     touchscreen.driver = registry.addDriver(touchscreen.device.locationId);
-    notifications.plugIn(touchscreen.service, touchscreen.device.productId);
+    usb.plugIn(touchscreen.device);
   }
   void plugOut(Touchscreen& touchscreen) {
     registry.remove(touchscreen.driver);
-    notifications.plugOut(touchscreen.service, touchscreen.device.productId);
+    usb.plugOut(touchscreen.device);
   }
   Touchscreen& attached(std::uint32_t location, std::uint16_t productId) {
     auto& made = make(location, productId);
     plugIn(made);
     return made;
   }
+  bool start() { return discovery.registerForUSBNotifications(); }
 
   std::vector<std::uint32_t> listedLocations() const {
     std::vector<std::uint32_t> locations;
@@ -98,18 +100,23 @@ class DiscoveryRig {
       locations.push_back(static_cast<std::uint32_t>(entry->integer(entry_key::kLocationID)));
     return locations;
   }
+  /// Whether `events` are what the journal begins with.
+  ::testing::AssertionResult begins(const Journal& events) const {
+    const Journal first(journal.begin(), journal.begin() + static_cast<std::ptrdiff_t>(
+                                                               std::min(journal.size(), events.size())));
+    if (first == events) return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << ::testing::PrintToString(first);
+  }
   void note(std::string event) { journal.push_back(std::move(event)); }
-  std::vector<std::string> takeJournal() { return std::exchange(journal, {}); }
 
-  std::vector<std::string> journal;
+  Journal journal;
   std::function<void()> onAlert;
   FakeApplication application;
   FakeAlerts alerts;
   FakeClock clock;
   FakeRunLoop runLoop;
   FakeRegistry registry;
-  FakeUsbNotifications notifications;
-  FakeUsbServices services;
+  FakeUsb usb;
   FakePropertyListFiles files;
   struct JournalDiagnostics final : Diagnostics {
     explicit JournalDiagnostics(DiscoveryRig& rig) : rig_(rig) {}
@@ -121,45 +128,12 @@ class DiscoveryRig {
   FakeDeviceListOwner owner;
   ConfigPaths paths = ConfigPaths::in("/x");
   std::list<Touchscreen> touchscreens;
-  UsbDiscovery discovery{{application, alerts, clock, runLoop, registry, notifications, services, files,
-                          diagnostics, waitNotice, process, paths},
+  UsbDiscovery discovery{{application, alerts, clock, runLoop, registry, usb, usb, files, diagnostics,
+                          waitNotice, process, paths},
                          owner};
 
  private:
   static constexpr std::chrono::milliseconds kLongWait{100};
-
-  static Bytes answerOf(Touchscreen& touchscreen, const Bytes& packet) {
-    PacketBuffer reply{};
-    std::size_t length = 0;
-    if (touchscreen.firmware.receive(packet) != firmware::TransferResult::Done ||
-        touchscreen.firmware.reply(reply, length) != firmware::TransferResult::Done) {
-      touchscreen.device.outStatus = touchscreen.device.inStatus = kErrorNoDevice;
-      return {};
-    }
-    return {reply.begin(), reply.begin() + static_cast<std::ptrdiff_t>(length)};
-  }
-  void noteDeviceCall(const FakeUsbDevice::Call& call) {
-    using Operation = FakeUsbDevice::Operation;
-    switch (call.operation) {
-      case Operation::Open:
-        return note("open");
-      case Operation::Close:
-        return note("close");
-      case Operation::GetConfiguration:
-        return note("configuration");
-      case Operation::GetLocationID:
-        return note("location");
-      case Operation::GetDeviceVendor:
-        return note("vendor");
-      case Operation::GetDeviceProduct:
-        return note("product");
-      case Operation::Release:
-        return note("release");
-      case Operation::Out:
-      case Operation::In:
-        return;
-    }
-  }
 };
 
 }  // namespace touchpanel::testing

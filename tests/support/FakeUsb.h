@@ -1,6 +1,5 @@
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -8,82 +7,24 @@
 #include <utility>
 #include <vector>
 
-#include "contract/DriverProperties.h"
-#include "platform/Usb.h"
+#include "providers/usb/HotplugBus.h"
 #include "support/FakeUsbDevice.h"
 
 namespace touchpanel::testing {
 
-/// Matched services and the scripted devices behind them. Each step towards a device can be told to fail.
-class FakeUsbServices final : public UsbServices {
+/// A bus of scripted devices, which the test owns and plugs in and out.
+class FakeUsb final : public HotplugBus {
  public:
-  struct Service {
-    FakeUsbDevice* device = nullptr;  ///< null: the interface query yields none
-    Status createStatus = kSuccess;
-    bool hasPlugIn = true;
-    Status releaseStatus = kSuccess;
-    Status queryStatus = kSuccess;
-  };
-
-  UsbService add(FakeUsbDevice& device) {
-    services[++last_] = {.device = &device};
-    return last_;
-  }
-
-  Status createPlugIn(UsbService service, UsbPlugIn& plugIn) override {
-    note("create plug-in " + std::to_string(service));
-    const auto& found = services.at(service);
-    plugIn = found.hasPlugIn ? service : 0;
-    return found.createStatus;
-  }
-  Status releaseService(UsbService service) override {
-    note("release service " + std::to_string(service));
-    return services.at(service).releaseStatus;
-  }
-  Status queryDeviceInterface(UsbPlugIn plugIn, UsbDeviceInterface*& device) override {
-    note("query " + std::to_string(plugIn));
-    device = services.at(plugIn).device;
-    return services.at(plugIn).queryStatus;
-  }
-  void destroyPlugIn(UsbPlugIn plugIn) override { note("destroy plug-in " + std::to_string(plugIn)); }
-  UsbDeviceInterface* deviceInterface(UsbDeviceReference reference) override {
-    for (const auto& [handle, service] : services)
-      if (service.device != nullptr && service.device->ownReference == reference &&
-          !service.device->isReleased)
-        return service.device;
-    return nullptr;
-  }
-
-  std::map<UsbService, Service> services;
-  std::function<void(const std::string&)> onCall;  ///< told of each step before it is carried out
-
- private:
-  void note(const std::string& call) {
-    if (onCall) onCall(call);
-  }
-  UsbService last_ = 0;
-};
-
-/// Notifications that the test sends by plugging services in and out. An event is delivered only from the
-/// run loop source of the port that it was registered with, and only to an iterator that was run out before,
-/// as on the real platform.
-class FakeUsbNotifications final : public UsbNotifications {
- public:
-  struct Registration {
+  struct Request {
     UsbEvent event = UsbEvent::FirstMatch;
     Dictionary matching;
-    bool operator==(const Registration&) const = default;
+    bool operator==(const Request&) const = default;
   };
 
-  /// Attaches `service`; `productId` decides who is told.
-  void plugIn(UsbService service, std::uint16_t productId) {
-    attached_.emplace_back(service, productId);
-    announce(UsbEvent::FirstMatch, service, productId);
-  }
-  void plugOut(UsbService service, std::uint16_t productId) {
-    std::erase(attached_, std::pair(service, productId));
-    announce(UsbEvent::Terminate, service, productId);
-  }
+  void plugIn(FakeUsbDevice& device) { arrived(attachmentOf(device)); }
+  void plugOut(FakeUsbDevice& device) { left(&device); }
+  /// Makes `device` known by its reference, without plugging it in.
+  void add(FakeUsbDevice& device) { addInterface(attachmentOf(device)); }
 
   Status masterPort(MasterPort& port) override {
     port = masterPortValue;
@@ -91,76 +32,60 @@ class FakeUsbNotifications final : public UsbNotifications {
   }
   void releaseMasterPort(MasterPort) override { ++releasedMasterPorts; }
   std::optional<Dictionary> matchingDictionary(std::string_view className) override {
-    if (!canMatch) return std::nullopt;
-    return Dictionary{{"class", std::string(className)}};
+    return canMatch ? HotplugBus::matchingDictionary(className) : std::nullopt;
   }
-  UsbNotificationPort& createNotificationPort(MasterPort) override {
-    return *ports.emplace_back(std::make_unique<Port>());
+  UsbNotificationPort& createNotificationPort(MasterPort port) override {
+    return *ports.emplace_back(&HotplugBus::createNotificationPort(port));
   }
   Status addMatchingNotification(UsbNotificationPort& port, UsbEvent event, Dictionary matching,
                                  UsbCallback callback, UsbIterator*& iterator) override {
-    if (registrations.size() == registrationsUntilFailure) return kErrorNoMemory;
-    registrations.push_back({event, matching});
-    auto& watch = *static_cast<Port&>(port).watches.emplace_back(std::make_unique<Watch>());
-    watch.event = event;
-    watch.productId = static_cast<std::uint16_t>(matching.integer("idProduct"));
-    watch.callback = std::move(callback);
-    if (event == UsbEvent::FirstMatch)
-      for (const auto& [service, productId] : attached_)
-        if (productId == watch.productId) watch.pending.push_back(service);
-    iterator = &watch;
-    return kSuccess;
+    if (requests.size() == requestsUntilFailure) return kErrorNoMemory;
+    requests.push_back({event, matching});
+    return HotplugBus::addMatchingNotification(port, event, std::move(matching), std::move(callback),
+                                               iterator);
   }
-
-  struct Watch final : UsbIterator {
-    UsbService next() override {
-      isArmed = pending.empty();
-      if (isArmed) return 0;
-      const auto service = pending.front();
-      pending.pop_front();
-      return service;
-    }
-    UsbEvent event = UsbEvent::FirstMatch;
-    std::uint16_t productId = 0;
-    UsbCallback callback;
-    std::deque<UsbService> pending;
-    bool isArmed = false;
-  };
-  struct Port final : UsbNotificationPort, RunLoopSource {
-    RunLoopSource& runLoopSource() override { return *this; }
-    std::vector<int> descriptors() const override { return {}; }
-    void perform() override {
-      while (!messages.empty()) {
-        auto& watch = *messages.front();
-        messages.pop_front();
-        if (watch.isArmed && !watch.pending.empty()) watch.callback(watch);
-      }
-    }
-    std::vector<std::unique_ptr<Watch>> watches;
-    std::deque<Watch*> messages;  ///< one for each event, in the order of the events
-  };
+  Status createPlugIn(UsbService service, UsbPlugIn& plugIn) override {
+    return step("create plug-in", [&] { return HotplugBus::createPlugIn(service, plugIn); });
+  }
+  Status releaseService(UsbService service) override {
+    return step("release service", [&] { return HotplugBus::releaseService(service); });
+  }
+  Status queryDeviceInterface(UsbPlugIn plugIn, UsbDeviceInterface*& device) override {
+    return step("query", [&] { return HotplugBus::queryDeviceInterface(plugIn, device); });
+  }
+  void destroyPlugIn(UsbPlugIn plugIn) override {
+    step("destroy plug-in", [&] { return HotplugBus::destroyPlugIn(plugIn), kSuccess; });
+  }
 
   // How it behaves.
   Status masterPortStatus = kSuccess;
   MasterPort masterPortValue = 1;
   bool canMatch = true;
-  std::size_t registrationsUntilFailure = SIZE_MAX;
+  std::size_t requestsUntilFailure = SIZE_MAX;
+  std::map<std::string, Status> failures;  ///< what the next such step returns instead of being carried out
+  std::function<void(const std::string&)> onStep;  ///< called before each step towards a device
 
   // What happened.
-  std::vector<Registration> registrations;
-  std::vector<std::unique_ptr<Port>> ports;
+  std::vector<Request> requests;
+  std::vector<UsbNotificationPort*> ports;
   int releasedMasterPorts = 0;
 
  private:
-  void announce(UsbEvent event, UsbService service, std::uint16_t productId) {
-    for (const auto& port : ports)
-      for (const auto& watch : port->watches)
-        if (watch->event == event && watch->productId == productId) {
-          watch->pending.push_back(service);
-          port->messages.push_back(watch.get());
-        }
+  template <typename CarryOut>
+  Status step(const std::string& name, CarryOut carryOut) {
+    if (onStep) onStep(name);
+    const auto failure = failures.extract(name);
+    return failure ? failure.mapped() : carryOut();
   }
-  std::vector<std::pair<UsbService, std::uint16_t>> attached_;
+  static std::shared_ptr<UsbAttachment> attachmentOf(FakeUsbDevice& device) {
+    return std::make_shared<UsbAttachment>(UsbAttachment{&device, device.vendorId, device.productId});
+  }
+  std::shared_ptr<UsbDeviceInterface> makeInterface(UsbInterfaceOrigin origin) override {
+    auto& device = *static_cast<FakeUsbDevice*>(origin.attachment->device);
+    device.ownReference = origin.reference;
+    device.onRelease = std::move(origin.onRelease);
+    return {std::shared_ptr<void>(), &device};  // not owned
+  }
 };
 
 }  // namespace touchpanel::testing

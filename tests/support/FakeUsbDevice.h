@@ -1,9 +1,10 @@
 #pragma once
 
 #include <algorithm>
-#include <cstring>
+#include <array>
 #include <functional>
-#include <string>
+#include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/Usb.h"
@@ -12,7 +13,7 @@ namespace touchpanel::testing {
 
 /// A USB device whose answers the test scripts, and which remembers every call in order. Without a script it
 /// takes every packet and answers none.
-class FakeUsbDevice final : public UsbDeviceInterface {
+class FakeUsbDevice : public UsbDeviceInterface {
  public:
   using Bytes = std::vector<std::uint8_t>;
 
@@ -31,6 +32,11 @@ class FakeUsbDevice final : public UsbDeviceInterface {
     Operation operation = Operation::Open;
     Bytes packet;  ///< what went out; empty for every other operation
     bool operator==(const Call&) const = default;
+    const char* name() const {
+      constexpr std::array kNames = {"open",     "close",  "out",     "in",     "configuration",
+                                     "location", "vendor", "product", "release"};
+      return kNames.at(static_cast<std::size_t>(operation));
+    }
   };
 
   // What the device is.
@@ -42,9 +48,9 @@ class FakeUsbDevice final : public UsbDeviceInterface {
 
   // How it behaves. A status other than success fails that operation.
   std::function<Status()> onOpen;             ///< asked at each open
-  std::function<void(const Call&)> onCall;    ///< told of each call before it is carried out
+  std::function<void(const Call&)> onCall;    ///< called before each operation is carried out
   std::function<Bytes(const Bytes&)> answer;  ///< the reply to a packet; empty: none, the last one stays
-  Status closeStatus = kSuccess;
+  std::function<void(UsbDeviceReference)> onRelease;
   Status outStatus = kSuccess;
   Status inStatus = kSuccess;
   Status getConfigurationStatus = kSuccess;
@@ -75,60 +81,60 @@ class FakeUsbDevice final : public UsbDeviceInterface {
   }
   Status close() override {
     note({Operation::Close, {}});
-    if (closeStatus == kSuccess) isOpen = false;
-    return closeStatus;
+    isOpen = false;
+    return kSuccess;
   }
   Status deviceRequest(DeviceRequest& request) override {
     requests.push_back(request);
-    return (request.bmRequestType & 0x80) != 0 ? transferIn(request) : transferOut(request);
+    const bool isIn = (request.bmRequestType & 0x80) != 0;
+    const std::span data(request.pData, request.wLength);
+    note(isIn ? Call{Operation::In, {}} : Call{Operation::Out, Bytes(data.begin(), data.end())});
+    if (const auto status = isIn ? inStatus : outStatus; status != kSuccess) return status;
+    std::size_t moved = data.size();
+    const auto status = isIn ? transferIn(data, moved) : transferOut(data);
+    if (status == kSuccess) request.wLenDone = static_cast<std::uint32_t>(moved);
+    return status;
   }
   Status getConfiguration(std::uint8_t& value) override {
-    note({Operation::GetConfiguration, {}});
-    value = configuration;
+    answerWith(configuration, value, Operation::GetConfiguration);
     return getConfigurationStatus;
   }
   Status getLocationID(std::uint32_t& value) override {
-    note({Operation::GetLocationID, {}});
-    value = locationId;
-    return kSuccess;
+    return answerWith(locationId, value, Operation::GetLocationID);
   }
   Status getDeviceVendor(std::uint16_t& value) override {
-    note({Operation::GetDeviceVendor, {}});
-    value = vendorId;
-    return kSuccess;
+    return answerWith(vendorId, value, Operation::GetDeviceVendor);
   }
   Status getDeviceProduct(std::uint16_t& value) override {
-    note({Operation::GetDeviceProduct, {}});
-    value = productId;
-    return kSuccess;
+    return answerWith(productId, value, Operation::GetDeviceProduct);
   }
   void release() override {
     note({Operation::Release, {}});
     isReleased = true;
+    if (const auto forget = std::exchange(onRelease, nullptr)) forget(ownReference);
   }
   UsbDeviceReference reference() const override { return ownReference; }
 
  private:
+  virtual Status transferOut(std::span<std::uint8_t> packet) {
+    if (!answer) return kSuccess;
+    if (auto reply = answer({packet.begin(), packet.end()}); !reply.empty()) pendingReply = std::move(reply);
+    return kSuccess;
+  }
+  virtual Status transferIn(std::span<std::uint8_t> reply, std::size_t& moved) {
+    moved = std::min(reply.size(), pendingReply.size());
+    std::copy_n(pendingReply.begin(), moved, reply.begin());
+    return kSuccess;
+  }
+  template <typename Number>
+  Status answerWith(Number held, Number& value, Operation operation) {
+    note({operation, {}});
+    value = held;
+    return kSuccess;
+  }
   void note(Call call) {
     if (onCall) onCall(call);
     calls.push_back(std::move(call));
-  }
-  Status transferOut(DeviceRequest& request) {
-    Bytes packet(request.pData, request.pData + request.wLength);
-    note({Operation::Out, packet});
-    if (outStatus != kSuccess) return outStatus;
-    request.wLenDone = request.wLength;
-    if (!answer) return kSuccess;
-    if (auto reply = answer(packet); !reply.empty()) pendingReply = std::move(reply);
-    return kSuccess;
-  }
-  Status transferIn(DeviceRequest& request) {
-    note({Operation::In, {}});
-    if (inStatus != kSuccess) return inStatus;
-    const auto length = std::min<std::size_t>(request.wLength, pendingReply.size());
-    if (length > 0) std::memcpy(request.pData, pendingReply.data(), length);
-    request.wLenDone = static_cast<std::uint32_t>(length);
-    return kSuccess;
   }
 };
 
