@@ -1,8 +1,6 @@
 #!/usr/bin/env python3
-"""Works the calibration solver's results out a second time, bit for bit.
-
-    solver_reference.py               prints the table that SolverTest.cpp includes
-    solver_reference.py --check FILE  compares FILE with that table; exit status 1 when they differ
+"""Works the calibration solver's results out a second time, bit for bit, and prints the table that
+CalibrationSolverTest.cpp includes.
 
 Everything below keeps to the order of operations that the result is defined by, in double precision, with
 single precision only where it is written. The result of pow() must not depend on whose library computed it,
@@ -10,10 +8,8 @@ so the data are checked to be such that every power is the correctly rounded one
 """
 
 import ctypes
-import difflib
 import math
 import struct
-import sys
 from fractions import Fraction
 
 NAN = float("nan")
@@ -65,7 +61,7 @@ def invert_3x3(n):
     return [[divide(entry, det) for entry in row] for row in adjugate]
 
 
-def invert_10x10(n, swaps=None):
+def invert_10x10(n):
     size = 10
     companion = [[1.0 if row == column else 0.0 for column in range(size)] for row in range(size)]
     for c in range(size):
@@ -74,8 +70,6 @@ def invert_10x10(n, swaps=None):
                 break
         else:
             return None
-        if swaps is not None and r != c:
-            swaps.append((c, r))
         n[r], n[c] = n[c], n[r]
         companion[r], companion[c] = companion[c], companion[r]
         for k in range(size):
@@ -92,7 +86,7 @@ def invert_10x10(n, swaps=None):
     return companion
 
 
-def fit(degree, targets, raw_x, raw_y, swaps=None):
+def fit(degree, targets, raw_x, raw_y):
     """Coefficients by (power of x, power of y); None when there are none."""
     terms = terms_of(degree)
     count = len(targets)
@@ -111,7 +105,7 @@ def fit(degree, targets, raw_x, raw_y, swaps=None):
             total += (targets[k] * power(raw_x[k], i)) * power(raw_y[k], j)
         right[i, j] = total
     normal = [[moments[i + a, j + b] for a, b in terms] for i, j in terms]
-    inverse = invert_3x3(normal) if degree == 1 else invert_10x10(normal, swaps)
+    inverse = invert_3x3(normal) if degree == 1 else invert_10x10(normal)
     if inverse is None:
         return None
     result = {}
@@ -245,32 +239,12 @@ def row(values):
     return "{" + ", ".join(bits(value) for value in values) + "}"
 
 
-def table():
-    lines = ["// Printed by solver_reference.py; do not edit."]
-    for name, degree, samples in CASES:
-        columns = list(zip(*samples))
-        lines.append("{\"%s\", %s, %d," % (name, "Model::Linear" if degree == LINEAR else "Model::Distorted",
-                                           len(samples)))
-        lines.extend(" " + row(column) + "," for column in columns)
-        for axis in (0, 1):
-            result = fit(degree, columns[axis], columns[2], columns[3])
-            coefficients = [0.0] * 10 if result is None else [result.get(term, 0.0) for term in STORED]
-            lines.append(" {%s, %s}%s" % ("false" if result is None else "true", row(coefficients),
-                                          "}," if axis else ","))
-    return "\n".join(lines) + "\n"
-
-
-def main():
-    expected = table()
-    if sys.argv[1:2] != ["--check"]:
-        sys.stdout.write(expected)
-        return 0
-    with open(sys.argv[2], encoding="ascii") as file:
-        found = file.read()
-    sys.stdout.writelines(difflib.unified_diff(found.splitlines(True), expected.splitlines(True), "checked in",
-                                               "worked out"))
-    return 0 if found == expected else 1
-
-
-if __name__ == "__main__":
-    sys.exit(main())
+for name, degree, samples in CASES:
+    columns = list(zip(*samples))
+    print('{"%s", %s, %d,' % (name, "Model::Linear" if degree == LINEAR else "Model::Distorted", len(samples)))
+    for column in columns:
+        print(" " + row(column) + ",")
+    for axis in (0, 1):
+        result = fit(degree, columns[axis], columns[2], columns[3])
+        coefficients = [0.0] * 10 if result is None else [result.get(term, 0.0) for term in STORED]
+        print(" {%s, %s}%s" % ("false" if result is None else "true", row(coefficients), "}," if axis else ","))
