@@ -1,5 +1,3 @@
-#include <cmath>
-
 #include <gtest/gtest.h>
 
 #include "calibration/CalibrationGrid.h"
@@ -30,12 +28,6 @@ const GridCase kCases[] = {
      {{0x1.733332p-1F, 0x1.733334p-1F}, {0x1.73304cp+14F, 0x1.199764p+13F}},
      {{0x1.19999ap-2F, 0x1.19999cp-2F}, {0x1.199766p+13F, 0x1.73304cp+14F}},
      {{0x1.e66666p-1F, 0x1.9999a0p-5F}, {0x1.e6629ap+14F, 0x1.e6629ap+14F}}},
-    {{7680, 4320},
-     {{7296, 4104}, {0x1.e66298p+14F, 0x1.999666p+10F}},
-     {{384, 216}, {0x1.999664p+10F, 0x1.e6629ap+14F}},
-     {{5568, 3132}, {0x1.73304cp+14F, 0x1.199766p+13F}},
-     {{2112, 1188}, {0x1.199766p+13F, 0x1.73304ep+14F}},
-     {{7296, 216}, {0x1.e66298p+14F, 0x1.e6629ap+14F}}},
     {{1023.25F, -611.5F},
      {{0x1.e60b34p+9F, -0x1.227666p+9F}, {0x1.e6629ap+14F, 0x1.999672p+10F}},
      {{0x1.994cccp+5F, -0x1.e93334p+4F}, {0x1.999664p+10F, 0x1.e6629ap+14F}},
@@ -58,13 +50,6 @@ TEST(CalibrationGrid, PlacesTargetsToTheLastBitInBoxesOfAnySize) {
     expect(gridTarget(4, 1, gridCase.box), gridCase.row4Column1);
     expect(gridTarget(5, 4, gridCase.box), gridCase.row5Column4);
   }
-}
-
-TEST(CalibrationGrid, PutsEveryTargetOfABoxWithoutSizeAtItsCornerAndNowhereForTheDriver) {
-  EXPECT_EQ(fourPointTarget(3, {}), Point());
-  EXPECT_EQ(gridTarget(3, 2, {}), Point());
-  EXPECT_TRUE(std::isnan(driverUnits({}, {}).x));
-  EXPECT_TRUE(std::isnan(driverUnits({}, {}).y));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <cmath>
 #include <memory>
 #include <utility>
-#include <variant>
 #include <vector>
 
 #include "contract/DriverProperties.h"
@@ -48,9 +47,8 @@ class TouchedView {
   /// Touches the target that is shown as the next one: the middle of the smallest disc on the screen.
   void tapTarget() {
     Point middle;
-    for (const auto& operation : canvas_.operations)
-      if (const auto* disc = std::get_if<FilledOval>(&operation))
-        middle = {disc->bounds.x + disc->bounds.width / 2, disc->bounds.y + disc->bounds.height / 2};
+    for (const auto& [what, place, color] : canvas_.operations)
+      if (what == "oval") middle = {place.x + place.width / 2, place.y + place.height / 2};
     tap(middle);
   }
   void tapMiddle() { tap({screen_.width / 2, screen_.height / 2}); }
