@@ -1,6 +1,7 @@
 #include "calibration/CalibrationSolver.h"
 
 #include <array>
+#include <cfloat>
 #include <cmath>
 #include <cstddef>
 #include <utility>
@@ -8,6 +9,7 @@
 // The result is defined to the last bit, so the order of every operation below is part of the contract: no
 // sum may be reassociated, no product fused, no pivot chosen for its size, no input scaled. Only work that
 // yields the same bits, such as a power or a quotient that is used again, may be done once and kept.
+static_assert(FLT_EVAL_METHOD == 0, "single and double precision are evaluated in their own type");
 
 namespace touchpanel {
 namespace {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -53,9 +54,12 @@ std::array<std::uint8_t, sizeof(Record)> imageOf(const Record& record) {
 template <typename Record>
 void copyImage(std::span<const std::uint8_t> image, Record& record) {
   static_assert(std::is_trivially_copyable_v<Record>);
+  if (image.empty()) return;  // its address may be null, which memcpy does not take
   std::memcpy(&record, image.data(), image.size() < sizeof(Record) ? image.size() : sizeof(Record));
 }
 
+// A record in memory is its image on the wire.
+static_assert(std::endian::native == std::endian::little);
 static_assert(sizeof(_CALIB_PARAMS) == kCalibParamsSize);
 static_assert(offsetof(_CALIB_PARAM, A03) == 0 && offsetof(_CALIB_PARAM, A12) == 4);
 static_assert(offsetof(_CALIB_PARAM, A21) == 8 && offsetof(_CALIB_PARAM, A30) == 12);

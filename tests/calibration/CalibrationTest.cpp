@@ -285,7 +285,7 @@ TEST(Calibration, ShowsNoTargetInAModeWithoutAGrid) {
 }
 
 TEST(Calibration, GoesOnWithEntriesThatLackOrMistypeTheirKeys) {
-  for (const Value& image : {Value(Bytes(10, 7)), Value(Bytes(4000, 7)), Value("293")}) {
+  for (const Value& image : {Value(Bytes()), Value(Bytes(10, 7)), Value(Bytes(4000, 7)), Value("293")}) {
     Rig rig(25);
     *rig.entry = {{"CalibrateMode", 25}, {"Handle", rig.entry->integer("Handle")}, {"DeviceContext", image}};
     rig.start();
