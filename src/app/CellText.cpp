@@ -1,17 +1,12 @@
 #include "app/CellText.h"
 
-#include <cstdio>
-
 #include "discovery/DeviceEntry.h"
+#include "platform/HexText.h"
 
 namespace touchpanel {
 
 std::string cellText(std::string_view key, const Value& value) {
-  if (key == entry_key::kLocationID) {
-    char text[sizeof "0x00000000"];
-    std::snprintf(text, sizeof text, "0x%08x", static_cast<std::uint32_t>(value.integer()));
-    return text;
-  }
+  if (key == entry_key::kLocationID) return "0x" + hexText(value.integer());
   if (const auto* text = value.get<std::string>()) return *text;
   return value.isNumber() ? std::to_string(value.longInteger()) : std::string();
 }

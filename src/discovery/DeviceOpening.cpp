@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "discovery/StatusText.h"
+#include "platform/HexText.h"
 
 namespace touchpanel {
 
@@ -29,7 +29,7 @@ UsbPlugIn DeviceOpening::plugInOf(UsbService service) {
   // made of it.
   const Status released = ports_.usbServices.releaseService(service);
   if (released == kSuccess && plugIn != 0) return plugIn;
-  ports_.diagnostics.line(withStatus("Unable to create a plug-in (%08x)", released));
+  ports_.diagnostics.line("Unable to create a plug-in (" + hexText(released) + ")");
   return 0;
 }
 
@@ -39,7 +39,7 @@ UsbDeviceInterface* DeviceOpening::interfaceOf(UsbPlugIn plugIn) {
   ports_.process.devIntf = device;
   ports_.usbServices.destroyPlugIn(plugIn);
   if (status == kSuccess && device != nullptr) return device;
-  ports_.diagnostics.line(withStatus("couldn't create a device interface (%08x)", status));
+  ports_.diagnostics.line("couldn't create a device interface (" + hexText(status) + ")");
   return nullptr;
 }
 
@@ -55,10 +55,10 @@ Status DeviceOpening::openPatiently(UsbDeviceInterface& device) {
 }
 
 void DeviceOpening::giveUp(UsbDeviceInterface& device, Status status) {
-  ports_.diagnostics.line(withStatus("unable to open device: %08x", status));
+  ports_.diagnostics.line("unable to open device: " + hexText(status));
   device.release();
   ports_.process.devIntf = nullptr;
-  ports_.alerts.show("Error", withStatus("Unable to open device: %08x.", status), "OK");
+  ports_.alerts.show("Error", "Unable to open device: " + hexText(status) + ".", "OK");
 }
 
 }  // namespace touchpanel

@@ -6,7 +6,7 @@
 #include "contract/ProductId.h"
 #include "discovery/DeviceList.h"
 #include "discovery/Pairing.h"
-#include "discovery/StatusText.h"
+#include "platform/HexText.h"
 #include "platform_build/BuildConstants.h"
 #include "protocol/Exchange.h"
 
@@ -42,7 +42,7 @@ bool UsbDiscovery::registerAllProducts() {
   MasterPort masterPort = 0;
   const Status status = usb.masterPort(masterPort);
   if (status != kSuccess || masterPort == 0) {
-    ports_.diagnostics.line(withStatus("ERR: Couldn't create a master I/O Kit port(%08x)", status));
+    ports_.diagnostics.line("ERR: Couldn't create a master I/O Kit port(" + hexText(status) + ")");
     return false;
   }
   auto matching = usb.matchingDictionary(class_name::kUsbDevice);

@@ -1,9 +1,7 @@
 #include "driver/service/DriverInstance.h"
 
-#include <array>
-#include <cstdio>
-
 #include "contract/DriverProperties.h"
+#include "platform/HexText.h"
 
 namespace touchpanel::driver {
 
@@ -69,12 +67,9 @@ void DriverInstance::startReading() {
 
 void DriverInstance::finishReading(Status status, const HeldCalibration& held) {
   if (status != kSuccess) {
-    std::array<char, 112> text{};
-    std::snprintf(
-        text.data(), text.size(),
-        "Touchscreen %08x: its calibration cannot be read (error %08x); the last one known is used.",
-        identity_.locationId, static_cast<unsigned>(status));
-    ports_.diagnostics.line(text.data());
+    ports_.diagnostics.line("Touchscreen " + hexText(identity_.locationId) +
+                            ": its calibration cannot be read (error " + hexText(status) +
+                            "); the last one known is used.");
     return;
   }
   if (wroteCalibration_) return;

@@ -1,15 +1,12 @@
 #include "driver/service/StateStore.h"
 
-#include <array>
-#include <cstdio>
+#include "platform/HexText.h"
 
 namespace touchpanel::driver {
 
 std::string StateStore::pathOf(const TouchscreenIdentity& identity) const {
-  std::array<char, 48> name{};
-  std::snprintf(name.data(), name.size(), "/touchscreen-%08x-%04x.plist", identity.locationId,
-                identity.productId);
-  return directory_ + name.data();
+  return directory_ + "/touchscreen-" + hexText(identity.locationId) + "-" + hexText(identity.productId, 4) +
+         ".plist";
 }
 
 Dictionary StateStore::load(const TouchscreenIdentity& identity) {

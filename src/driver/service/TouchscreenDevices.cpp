@@ -1,8 +1,8 @@
 #include "driver/service/TouchscreenDevices.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
+
+#include "platform/HexText.h"
 
 namespace touchpanel::driver {
 
@@ -18,18 +18,10 @@ std::string describe(Status status) {
     case kErrorNotFound:
       return "not there (is the uinput module loaded?)";
     default:
-      break;
+      return "error " + hexText(status);
   }
-  std::array<char, 24> text{};
-  std::snprintf(text.data(), text.size(), "error %08x", static_cast<unsigned>(status));
-  return text.data();
 }
 
-std::string locationText(const TouchscreenIdentity& identity) {
-  std::array<char, 24> text{};
-  std::snprintf(text.data(), text.size(), "%08x", identity.locationId);
-  return text.data();
-}
 }  // namespace
 
 TouchscreenDevices::TouchscreenDevices(const TouchscreenIdentity& identity, TouchInputs& inputs,
@@ -77,7 +69,7 @@ void TouchscreenDevices::write(const OutputFrame& frame) {
 void TouchscreenDevices::pointerFailed(Status status) {
   // Called from inside a frame of an input that must not be closed now: the retry makes a new device.
   pointerBroken_ = true;
-  pointerOutage_.begin("Touchscreen " + locationText(identity_) + ": the pointer device fails, " +
+  pointerOutage_.begin("Touchscreen " + hexText(identity_.locationId) + ": the pointer device fails, " +
                        describe(status) + ".");
   retry_->arm(timers_.now() + kRetryInterval);
 }
@@ -86,7 +78,7 @@ void TouchscreenDevices::attach() {
   bool all = makePointer();
   if (all)
     for (auto& node : nodes_) all = grab(node) && all;
-  if (all) grabOutage_.end("Touchscreen " + locationText(identity_) + ": its input is ours again.");
+  if (all) grabOutage_.end("Touchscreen " + hexText(identity_.locationId) + ": its input is ours again.");
   chooseSource();
   if (all)
     retry_->disarm();
@@ -101,13 +93,13 @@ bool TouchscreenDevices::makePointer() {
   auto status = pointers_.create(identity_, pointer_);
   if (status == kSuccess) status = pointer_->setMultiTouch(multiTouch_);
   if (status == kSuccess) {
-    pointerOutage_.end("Touchscreen " + locationText(identity_) + ": the pointer device is there now.");
+    pointerOutage_.end("Touchscreen " + hexText(identity_.locationId) + ": the pointer device is there now.");
     return true;
   }
   pointer_.reset();
   source_ = nullptr;
   for (auto& node : nodes_) node.input.reset();
-  pointerOutage_.begin("Touchscreen " + locationText(identity_) + ": no pointer device can be made, " +
+  pointerOutage_.begin("Touchscreen " + hexText(identity_.locationId) + ": no pointer device can be made, " +
                        describe(status) + ". Its touches stay raw.");
   return false;
 }
@@ -119,7 +111,7 @@ bool TouchscreenDevices::grab(Node& node) {
   node.input.reset();
   node.refused = status == kErrorUnsupported;
   if (node.refused) return true;
-  grabOutage_.begin("Touchscreen " + locationText(identity_) + ": " + node.path + " cannot be taken, " +
+  grabOutage_.begin("Touchscreen " + hexText(identity_.locationId) + ": " + node.path + " cannot be taken, " +
                     describe(status) + ".");
   return false;
 }

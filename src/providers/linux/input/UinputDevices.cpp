@@ -1,8 +1,6 @@
 #include "providers/linux/input/UinputDevices.h"
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <optional>
 #include <span>
 
@@ -12,6 +10,7 @@
 #include <unistd.h>
 
 #include "contract/DriverProperties.h"
+#include "platform/HexText.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/linux/input/OutputEvents.h"
 #include "providers/linux/loop/ErrnoStatus.h"
@@ -38,9 +37,7 @@ void enableAxis(libevdev* device, unsigned code, std::int32_t maximum) {
 
 Evdev describe(const TouchscreenIdentity& identity, const char* role) {
   Evdev device(libevdev_new());
-  std::array<char, 64> name{};
-  std::snprintf(name.data(), name.size(), "Touchscreen %08x %s", identity.locationId, role);
-  libevdev_set_name(device.get(), name.data());
+  libevdev_set_name(device.get(), ("Touchscreen " + hexText(identity.locationId) + ' ' + role).c_str());
   libevdev_set_id_bustype(device.get(), BUS_VIRTUAL);
   libevdev_set_id_vendor(device.get(), TOUCH_VENDOR_ID);
   libevdev_set_id_product(device.get(), identity.productId);
