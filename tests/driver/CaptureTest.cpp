@@ -1,20 +1,17 @@
-// A calibration run as the driver lives it.
-#include <gtest/gtest.h>
+// A calibration run as the driver sees it, and what the calibration does to a touch.
+#include <limits>
 
 #include "Glass.h"
 
 namespace touchpanel::testing {
 namespace {
 
-struct Published {
-  std::int32_t x, y, pointId;
-  bool operator==(const Published&) const = default;
-};
-
-Published read(const driver::TouchDriver& driver) {
+/// "x,y of target", as a control panel reads the last captured touch.
+std::string read(const driver::TouchDriver& driver) {
   const auto properties = driver.properties();
-  const auto* calibration = properties.dictionary("calibration");
-  return {calibration->integer("x"), calibration->integer("y"), calibration->integer("pointId")};
+  const auto* calibration = properties.dictionary(property::kCalibration);
+  return std::to_string(calibration->integer("x")) + ',' + std::to_string(calibration->integer("y")) +
+         " of " + std::to_string(calibration->integer("pointId"));
 }
 
 _CALIB_PARAMS shiftedBy(float dx, float dy) {
@@ -31,41 +28,44 @@ Bytes bytesOf(const _CALIB_PARAMS& params) {
 }
 
 TEST(Capture, PublishesEachFingerUpForTheTargetThatIsExpected) {
+  struct Step {
+    const char* script;
+    const char* published;
+    const char* why;
+  };
   Glass glass;
-  glass.play("0: 111,222; 8: -");
-  EXPECT_EQ(read(glass.driver), (Published{0, 0, 0})) << "no run, no capture";
-
-  glass.calibrate({{"statCalibrate", true}});
-  glass.play("100: 1000,2000; 108: 1010,2020");
-  EXPECT_EQ(read(glass.driver), (Published{0, 0, 0})) << "not before the finger leaves";
-  glass.play("116: -");
-  EXPECT_EQ(read(glass.driver), (Published{1010, 2020, 0}));
-  glass.play("200: 3000,4000; 208: -");
-  EXPECT_EQ(read(glass.driver), (Published{3000, 4000, 1}));
-
-  glass.calibrate({{"pointId", 7}});
-  EXPECT_EQ(read(glass.driver), (Published{3000, 4000, 1})) << "the last touch stays the one of target 1";
-  glass.play("300: 5000,6000; 308: -");
-  EXPECT_EQ(read(glass.driver), (Published{5000, 6000, 7}));
-
-  glass.calibrate({{"statCalibrate", false}});
-  glass.play("400: 1,1; 408: -");
-  EXPECT_EQ(read(glass.driver), (Published{5000, 6000, 7}));
-  glass.calibrate({{"statCalibrate", true}});
-  EXPECT_EQ(read(glass.driver), (Published{0, 0, 0})) << "a new run must not find the old run's touch";
+  for (const auto& [script, published, why] : std::vector<Step>{
+           {"0: 111,222; 8: -", "0,0 of 0", "no run, no capture"},
+           {"statCalibrate=yes; 100: 1000,2000; 108: 1010,2020", "0,0 of 0", "not before the finger leaves"},
+           {"116: -", "1010,2020 of 0", ""},
+           {"200: 3000,4000; 208: -", "3000,4000 of 1", ""},
+           {"pointId=7", "3000,4000 of 1", "the last touch stays the one of target 1"},
+           {"300: 5000,6000; 308: -", "5000,6000 of 7", ""},
+           {"statCalibrate=no; 400: 1,1; 408: -", "5000,6000 of 7", "the run is over"},
+           {"statCalibrate=yes", "0,0 of 0", "a new run must not find the old run's touch"},
+           {"500: 0,0; 508: -", "1,1 of 0", "a touch at the edge is not taken for no touch"},
+           {"600: 0@500,600; 608: 0@500,600 1@9000; 616: 1@9000; 624: -", "500,600 of 1", "two fingers"}}) {
+    glass.play(script);
+    EXPECT_EQ(read(glass.driver), published) << why;
+  }
 }
 
-TEST(Capture, ATouchAtTheEdgeIsNotTakenForNoTouch) {
+TEST(Capture, AFingerThatWasDownBeforeIsNoTouchOfTheRun) {
   Glass glass;
-  glass.calibrate({{"statCalibrate", true}});
-  glass.play("0: 0,0; 8: -");
-  EXPECT_EQ(read(glass.driver), (Published{1, 1, 0}));
+  glass.play("0: 9000; statCalibrate=yes; 8: 9000; 16: -");
+  EXPECT_EQ(read(glass.driver), "0,0 of 0");
+  glass.play("100: 500,600; 108: -");
+  EXPECT_EQ(read(glass.driver), "500,600 of 0");
+  glass.play("200: 0@9000");
+  glass.driver.releaseAll();
+  glass.play("300: 1@700,800; 308: -");
+  EXPECT_EQ(read(glass.driver), "700,800 of 1") << "nor is one whose sensor went away under it";
 }
 
 TEST(Capture, PublishesThePointBeforeTheReleaseThatBelongsToIt) {
   for (const int mode : {0, 1, 2, 3}) {
     SCOPED_TRACE(mode);
-    std::vector<Published> atRelease;
+    std::vector<std::string> atRelease;
     bool wasDown = false;
     driver::TouchDriver* self = nullptr;
     driver::TouchDriver driver([&](const OutputFrame& frame) {
@@ -73,11 +73,11 @@ TEST(Capture, PublishesThePointBeforeTheReleaseThatBelongsToIt) {
       wasDown = frame.left;
     });
     self = &driver;
-    driver.setProperty("configration", Dictionary{{"mode", mode}});
-    driver.setProperty("calibration", Dictionary{{"statCalibrate", true}});
+    driver.setProperty(property::kConfigration, Dictionary{{"mode", mode}});
+    driver.setProperty(property::kCalibration, Dictionary{{"statCalibrate", true}});
     driver.process({std::chrono::milliseconds(0), 1, {{{0, 700, 800}}}});
     driver.process({std::chrono::milliseconds(8), 0, {}});
-    EXPECT_EQ(atRelease, (std::vector<Published>{{700, 800, 0}}));
+    EXPECT_EQ(atRelease, std::vector<std::string>{"700,800 of 0"});
   }
 }
 
@@ -85,36 +85,11 @@ TEST(Capture, PointerOutputIsRawPlainAndWholeMeanwhile) {
   Glass glass;
   glass.calibrate(
       {{"calibrateStatus", true}, {"calibParams", bytesOf(shiftedBy(500, -300))}, {"maxX", 20000}});
-  glass.configure({{"mode", 1}, {"clickRange", 100}, {"smoothness", 50}});
-  glass.calibrate({{"statCalibrate", true}});
-  EXPECT_EQ(glass.play("0: 1000,1000; 8: 1050,1000; 5000!; 5008: 30000,1000; 5016: -"),
-            "left 1000,1000; drag 1050,1000; drag 30000,1000; up 30000,1000");
-  glass.calibrate({{"statCalibrate", false}});
-  glass.configure({{"smoothness", 0}});
-  EXPECT_EQ(glass.play("6000: 1000,1000; 6008: -"), "move 1500,700; left 1500,700; up 1500,700");
-}
-
-TEST(Capture, AFingerThatIsDownWhenARunBeginsIsNoTouchOfIt) {
-  Glass glass;
-  glass.configure({{"mode", 0}});
-  glass.play("0: 9000,9000");
-  glass.calibrate({{"statCalibrate", true}});
-  glass.play("8: 9000,9000; 16: -");
-  EXPECT_EQ(read(glass.driver), (Published{0, 0, 0}));
-  glass.play("100: 500,600; 108: -");
-  EXPECT_EQ(read(glass.driver), (Published{500, 600, 0}));
-
-  glass.play("200: 0@9000,9000");
-  glass.driver.releaseAll();
-  glass.play("300: 1@700,800; 308: -");
-  EXPECT_EQ(read(glass.driver), (Published{700, 800, 1})) << "nor one whose sensor went away under it";
-}
-
-TEST(Capture, TwoFingersAreOneTouchOfTheFirst) {
-  Glass glass;
-  glass.calibrate({{"statCalibrate", true}});
-  glass.play("0: 0@500,600; 8: 0@500,600 1@9000,9000; 16: 1@9000,9000; 24: -");
-  EXPECT_EQ(read(glass.driver), (Published{500, 600, 0}));
+  EXPECT_EQ(
+      glass.play("mode=1 clickRange=100 smoothness=50; statCalibrate=yes; 0: 1000; 8: 1050,1000; 5000!; "
+                 "5008: 30000,1000; 5016: -"),
+      "left 1000; drag 1050,1000; drag 30000,1000; up");
+  EXPECT_EQ(glass.play("statCalibrate=no; smoothness=0; 6000: 1000; 6008: -"), "move 1500,700; left; up");
 }
 
 TEST(Calibration, IsEvaluatedInDoubleRoundedAndClampedToTheTouchArea) {
@@ -141,7 +116,7 @@ TEST(Calibration, IsEvaluatedInDoubleRoundedAndClampedToTheTouchArea) {
   for (const auto& row : table) {
     SCOPED_TRACE(row.what);
     Glass glass;
-    glass.configure({{"mode", 0}, {"smoothness", 0}, {"enableTouchSensitivity", false}});
+    glass.play("mode=0 smoothness=0 enableTouchSensitivity=no");
     ASSERT_EQ(glass.calibrate({{"calibrateStatus", true},
                                {"calibParams", bytesOf(row.params)},
                                {"minX", 20},
@@ -149,9 +124,10 @@ TEST(Calibration, IsEvaluatedInDoubleRoundedAndClampedToTheTouchArea) {
                                {"maxX", 30000},
                                {"maxY", 31000}}),
               kSuccess);
-    EXPECT_EQ(glass.play("0: 3000,5000; 8: -"), std::string("left ") + row.lands + "; up " + row.lands);
+    EXPECT_EQ(glass.play("0: 3000,5000; 8: -"), std::string("left ") + row.lands + "; up");
     glass.calibrate({{"calibrateStatus", false}});
-    EXPECT_EQ(glass.play("5000: 3000,5000; 5008: -"), "left 3000,5000; up 3000,5000");
+    EXPECT_EQ(glass.play("5000: 1000; 5008: -; 6000: 3000,5000; 6008: -"),
+              "left 1000; up; left 3000,5000; up");
   }
 }
 
