@@ -1,21 +1,22 @@
 #pragma once
 
+#include <array>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
-#include <fcntl.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
+#include <sys/types.h>
 #include <unistd.h>
 
 #include "support/TemporaryDirectory.h"
 
 namespace touchpanel::testing {
 
-/// A dbus-daemon of the test's own, which is this process's session bus while it runs. Nothing of the
-/// machine's buses is touched. It has no activation files.
+/// A dbus-daemon of the test's own, which is this process's session bus while it runs. GLib's GTestDBus does
+/// not wait until the daemon has ended, so a call after stop() could still be answered.
 class PrivateBus {
  public:
   PrivateBus() { start(); }
@@ -23,47 +24,30 @@ class PrivateBus {
   PrivateBus(const PrivateBus&) = delete;
   PrivateBus& operator=(const PrivateBus&) = delete;
 
-  /// Also after stop(): another daemon at the same address.
+  /// Also after stop(): another daemon at the same address. Returns once it listens.
   void start() {
-    directory_.write(
-        "bus.conf",
-        "<!DOCTYPE busconfig PUBLIC '-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN' "
-        "'http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd'><busconfig><listen>" +
-            address() +
-            "</listen><auth>EXTERNAL</auth><policy context='default'><allow send_destination='*'/>"
-            "<allow receive_sender='*'/><allow own='*'/></policy></busconfig>");
+    const auto address = "unix:path=" + directory_.file("socket");
     ::unlink(directory_.file("socket").c_str());
-    int ready[2];
-    if (::pipe2(ready, O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
-    process_ = ::fork();
-    if (process_ == 0) {
-      ::prctl(PR_SET_PDEATHSIG, SIGKILL);  // not even a test that is killed leaves it behind
-      const int log = ::open(directory_.file("log").c_str(), O_WRONLY | O_CREAT, 0600);
-      ::dup2(log, STDERR_FILENO);
-      const int out = ::dup(ready[1]);  // without close-on-exec
-      const auto config = "--config-file=" + directory_.file("bus.conf");
-      const auto print = "--print-address=" + std::to_string(out);
-      ::execlp("dbus-daemon", "dbus-daemon", "--nofork", "--nopidfile", config.c_str(), print.c_str(),
-               nullptr);
-      ::_exit(127);
-    }
-    ::close(ready[1]);
-    char byte = 0;
-    const bool started = process_ > 0 && ::read(ready[0], &byte, 1) == 1;  // waits until it listens
-    ::close(ready[0]);
-    if (!started) throw std::runtime_error("dbus-daemon does not start");
-    ::setenv("DBUS_SESSION_BUS_ADDRESS", address().c_str(), 1);
+    // Not even a test that is killed leaves it behind.
+    const auto command =
+        "exec setpriv --pdeathsig KILL dbus-daemon --session --nofork --nopidfile --print-pid --address=" +
+        address + " 2>" + directory_.file("log");
+    daemon_ = ::popen(command.c_str(), "re");
+    std::array<char, 32> line{};
+    if (!daemon_ || !std::fgets(line.data(), line.size(), daemon_))
+      throw std::runtime_error("no dbus-daemon");
+    process_ = std::atoi(line.data());
+    ::setenv("DBUS_SESSION_BUS_ADDRESS", address.c_str(), 1);
   }
   void stop() {
-    if (process_ <= 0) return;
+    if (!daemon_) return;
     ::kill(process_, SIGKILL);
-    ::waitpid(process_, nullptr, 0);
-    process_ = -1;
+    ::pclose(std::exchange(daemon_, nullptr));
   }
-  std::string address() const { return "unix:path=" + directory_.file("socket"); }
 
  private:
   TemporaryDirectory directory_;
+  std::FILE* daemon_ = nullptr;
   pid_t process_ = -1;
 };
 

@@ -9,42 +9,35 @@
 namespace touchpanel::testing {
 namespace {
 
-class ReadCalibration : public ::testing::Test {
- protected:
-  Status read(std::uint16_t product) {
-    return driver::readCalibration(device, product, held, clock, diagnostics);
+TEST(ReadCalibration, WaitsOnlyForADeviceThatAnotherProgramHasOpen) {
+  struct Row {
+    const char* what;
+    std::uint16_t product;
+    int refusals;
+    Status afterwards;
+    Status result;
+    std::size_t attempts;
+  };
+  for (const auto& row : std::vector<Row>{
+           {"free at the last attempt", kProductInfrared0080, 49, kErrorNoDevice, kErrorNoDevice, 50},
+           {"never free", kProductOptical, 50, kSuccess, kErrorExclusiveAccess, 50},
+           {"gone", kProductOptical, 0, kErrorNoDevice, kErrorNoDevice, 1},
+           {"does not answer", kProductInfrared0080, 0, kSuccess, kErrorInputOutput, 1},
+           {"holds nothing", kProductConfigurationOnly, 0, kSuccess, kErrorUnsupported, 0}}) {
+    SCOPED_TRACE(row.what);
+    FakeUsbDevice device;
+    FakeClock clock;
+    RecordingDiagnostics diagnostics;
+    driver::HeldCalibration held;
+    int refusals = row.refusals;
+    device.onOpen = [&] { return refusals-- > 0 ? kErrorExclusiveAccess : row.afterwards; };
+    EXPECT_EQ(driver::readCalibration(device, row.product, held, clock, diagnostics), row.result);
+    EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), row.attempts);
+    EXPECT_FALSE(device.isOpen);
+    if (row.result != kErrorInputOutput) {
+      EXPECT_EQ(clock.now, std::chrono::milliseconds(500) * (row.attempts > 0 ? row.attempts - 1 : 0));
+    }
   }
-  FakeUsbDevice device;
-  FakeClock clock;
-  RecordingDiagnostics diagnostics;
-  driver::HeldCalibration held;
-};
-
-TEST_F(ReadCalibration, WaitsForADeviceThatAnotherProgramHasOpen) {
-  int refusals = 49;
-  device.onOpen = [&] { return refusals-- > 0 ? kErrorExclusiveAccess : kErrorNoDevice; };
-  EXPECT_EQ(read(kProductInfrared0080), kErrorNoDevice);
-  EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), 50U);
-  EXPECT_EQ(clock.now, std::chrono::milliseconds(49 * 500));
-}
-
-TEST_F(ReadCalibration, GivesUpOnADeviceThatNeverGetsFreeAndAtOnceOnOneThatIsGone) {
-  device.onOpen = [] { return kErrorExclusiveAccess; };
-  EXPECT_EQ(read(kProductOptical), kErrorExclusiveAccess);
-  EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), 50U);
-  device.onOpen = [] { return kErrorNoDevice; };
-  EXPECT_EQ(read(kProductOptical), kErrorNoDevice);
-  EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), 51U);
-}
-
-TEST_F(ReadCalibration, ClosesADeviceThatDoesNotAnswer) {
-  EXPECT_EQ(read(kProductInfrared0080), kErrorInputOutput);
-  EXPECT_FALSE(device.isOpen);
-}
-
-TEST_F(ReadCalibration, LeavesAProductAloneThatHoldsNothing) {
-  EXPECT_EQ(read(kProductConfigurationOnly), kErrorUnsupported);
-  EXPECT_TRUE(device.calls.empty());
 }
 
 }  // namespace

@@ -3,11 +3,8 @@
 
 #include "contract/DriverProperties.h"
 #include "driver/service/DriverService.h"
-#include "support/FakeCalibrationReader.h"
-#include "support/FakePointerDevices.h"
 #include "support/FakePropertyListFiles.h"
-#include "support/FakeTimers.h"
-#include "support/FakeTouchInputs.h"
+#include "support/FakeServicePorts.h"
 #include "support/RecordingDiagnostics.h"
 
 namespace touchpanel::testing {
@@ -86,21 +83,12 @@ TEST_F(Service, CarriesTouchesFromTheNodeToThePointer) {
   service->nodeArrived(kUsb, kNode);
   EXPECT_FALSE(inputs.nodes[kNode].held) << "not ours as long as no touchscreen is known for it";
   plug();
-  write("configration", {{"enableRightClick", false}});
-  touch(0ms, 100, 200);
-  lift(8ms);
-  ASSERT_EQ(pointer().frames.size(), 2U);
-  EXPECT_TRUE(pointer().frames[0].left);
-  EXPECT_EQ(pointer().frames[0].x, 100);
-}
-
-TEST_F(Service, MakesTheRightClickOfAFingerThatReportsNothingMore) {
-  plug();
   touch(0ms, 100, 200);
   timers.advance(1500ms);
   lift(1600ms);
   ASSERT_EQ(pointer().frames.size(), 3U);
-  EXPECT_TRUE(pointer().frames[1].right);
+  EXPECT_EQ(pointer().frames[0].x, 100);
+  EXPECT_TRUE(pointer().frames[1].right) << "of a finger that reports nothing more";
 }
 
 TEST_F(Service, LetsGoOfTheButtonWhenTheNodeVanishesUnderAFinger) {
@@ -131,18 +119,19 @@ TEST_F(Service, HoldsEveryPointingNodeButListensToTheFirstThatReportsTouches) {
 }
 
 TEST_F(Service, KeepsTryingARefusedGrabAndSaysSoOnce) {
-  inputs.nodes[kNode].openResult = kErrorExclusiveAccess;
+  auto& node = inputs.nodes[kNode];
+  node.openResult = kErrorExclusiveAccess;
   plug();
   timers.advance(5s);
   EXPECT_EQ(diagnostics.lines.size(), 1U);
-  EXPECT_GE(inputs.nodes[kNode].attempts, 5);
-  inputs.nodes[kNode].openResult = kSuccess;
+  EXPECT_GE(node.attempts, 5);
+  node.openResult = kSuccess;
   timers.advance(1s);
-  EXPECT_TRUE(inputs.nodes[kNode].held);
+  EXPECT_TRUE(node.held);
   EXPECT_EQ(diagnostics.lines.size(), 2U);
-  const int attempts = inputs.nodes[kNode].attempts;
+  const int attempts = node.attempts;
   timers.advance(10s);
-  EXPECT_EQ(inputs.nodes[kNode].attempts, attempts);
+  EXPECT_EQ(node.attempts, attempts);
 }
 
 TEST_F(Service, LeavesTheDesktopItsRawTouchesWhileThereIsNoPointerDevice) {
@@ -172,22 +161,12 @@ TEST_F(Service, MakesANewPointerDeviceWhenWritingFails) {
   EXPECT_EQ(pointer().frames.back().x, 5);
 }
 
-TEST_F(Service, HasAMultiTouchDeviceInModeThreeOnly) {
+TEST_F(Service, KeepsSettingsThroughRestartAndReplugAndMultiTouchWithThem) {
   plug();
   EXPECT_FALSE(pointer().multiTouch);
-  write("configration", {{"mode", 3}});
-  EXPECT_TRUE(pointer().multiTouch);
-  start();
-  plug();
-  EXPECT_TRUE(pointer().multiTouch) << "after a restart, too";
-  write("configration", {{"mode", 2}});
-  EXPECT_FALSE(pointer().multiTouch);
-}
-
-TEST_F(Service, KeepsWhatItWasToldThroughRestartAndReplug) {
-  plug();
   write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}, {"statCalibrate", true}});
-  write("configration", {{"smoothness", 9}, {"mode", 1}});
+  write("configration", {{"smoothness", 9}, {"mode", 3}});
+  EXPECT_TRUE(pointer().multiTouch);
   const auto configration = read("configration");
   auto calibration = read("calibration");
   calibration.set("statCalibrate", false);
@@ -199,15 +178,14 @@ TEST_F(Service, KeepsWhatItWasToldThroughRestartAndReplug) {
     plug();
     EXPECT_EQ(read("configration"), configration);
     EXPECT_EQ(read("calibration"), calibration);
+    EXPECT_TRUE(pointer().multiTouch);
   }
-}
-
-TEST_F(Service, TellsTwoTouchscreensOfAKindApartByTheirPlace) {
-  plug();
-  write("configration", {{"smoothness", 9}});
+  write("configration", {{"mode", 2}});
+  EXPECT_FALSE(pointer().multiTouch);
   service->touchscreenArrived("/sys/usb2", {kHere + 1, kProductConfigurationOnly});
   const auto other = service->registry().instancesOf(class_name::kTouchDriver).at(1);
-  EXPECT_EQ(service->registry().properties(other)->dictionary("configration")->integer("smoothness"), 1);
+  EXPECT_EQ(service->registry().properties(other)->dictionary("configration")->integer("smoothness"), 1)
+      << "two of a kind are told apart by their place";
 }
 
 TEST_F(Service, WritesNoFileForAWriteThatChangesNothing) {
@@ -222,24 +200,18 @@ TEST_F(Service, WritesNoFileForAWriteThatChangesNothing) {
 }
 
 TEST_F(Service, GoesOnWhenStateCannotBeSavedAndSaysSoOnce) {
-  files.writable = false;
   plug();
-  EXPECT_EQ(write("configration", {{"mode", 1}}), kSuccess);
-  EXPECT_EQ(write("configration", {{"mode", 0}}), kSuccess);
-  EXPECT_EQ(diagnostics.lines.size(), 1U);
-  files.writable = true;
-  write("configration", {{"mode", 1}});
-  EXPECT_EQ(diagnostics.lines.size(), 2U);
+  for (const bool writable : {false, false, true}) {
+    files.writable = writable;
+    EXPECT_EQ(write("configration", {{"mode", files.writeAttempts % 2}}), kSuccess);
+    EXPECT_EQ(diagnostics.lines.size(), writable ? 2U : 1U);
+  }
 }
 
-TEST_F(Service, UsesWhatIsSoundOfADamagedStateFile) {
+TEST_F(Service, ReportsADamagedStateFile) {
+  files.files["/state/touchscreen-00110000-0001.plist"] = {
+      {"configration", Dictionary{{"mode", "1"}, {"smoothness", 5}}}};
   plug();
-  write("configration", {{"mode", 1}, {"smoothness", 5}});
-  for (auto& [path, contents] : files.files)
-    contents = {{"configration", Dictionary{{"mode", "1"}, {"smoothness", 5}}}, {"calibration", 3}};
-  start();
-  plug();
-  EXPECT_EQ(read("configration").integer("mode"), 2);
   EXPECT_EQ(read("configration").integer("smoothness"), 5);
   EXPECT_EQ(diagnostics.lines.size(), 1U);
 }
@@ -261,7 +233,7 @@ TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
   touch(0ms, 100, 100);
   EXPECT_EQ(pointer().frames.size(), 1U) << "touches do not wait for the reading";
   lift(5ms);
-  reader.finish(kHere, kSuccess, calibratedDevice());
+  reader.underWay.at(kHere).done(kSuccess, calibratedDevice());
   const auto image = imageOf(calibratedDevice().params);
   EXPECT_EQ(*read("calibration").bytes("calibParams"), Bytes(image.begin(), image.end()));
   start();
@@ -270,20 +242,16 @@ TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
       << "and remembers it";
 }
 
-TEST_F(Service, PrefersWhatAPanelSaidWhileTheDeviceWasRead) {
+TEST_F(Service, KeepsWhatAPanelWroteMeanwhileAndWhatADeviceCannotReplace) {
   plug(kProductInfrared0080);
   write("calibration", {});
   write("calibration", {{"calibrateStatus", false}});
-  reader.finish(kHere, kSuccess, calibratedDevice());
+  reader.underWay.at(kHere).done(kSuccess, calibratedDevice());
   EXPECT_FALSE(read("calibration").boolean("calibrateStatus"));
-}
-
-TEST_F(Service, KeepsTheRememberedCalibrationWhenTheDeviceCannotBeRead) {
-  plug(kProductInfrared0080);
   write("calibration", {{"calibrateStatus", true}});
   start();
   plug(kProductInfrared0080);
-  reader.finish(kHere, kErrorTimeout, {});
+  reader.underWay.at(kHere).done(kErrorTimeout, {});
   EXPECT_TRUE(read("calibration").boolean("calibrateStatus"));
   EXPECT_EQ(diagnostics.lines.size(), 1U);
 }

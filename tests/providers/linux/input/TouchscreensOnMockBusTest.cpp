@@ -7,9 +7,8 @@
 #include "providers/linux/input/UdevTouchscreens.h"
 #include "providers/linux/loop/EventLoop.h"
 #include "providers/linux/usb/DeviceLock.h"
-#include "support/FakePointerDevices.h"
 #include "support/FakePropertyListFiles.h"
-#include "support/FakeTouchInputs.h"
+#include "support/FakeServicePorts.h"
 #include "support/MockUsbBus.h"
 #include "support/RecordingDiagnostics.h"
 #include "touchdriverd/UsbCalibrationReader.h"
@@ -40,10 +39,6 @@ class TouchscreensOnMockBus : public ::testing::Test {
     return *service.registry().properties(object)->dictionary(property::kCalibration);
   }
   bool isCalibrated(RegistryObject object) { return calibration(object).boolean("calibrateStatus"); }
-  std::uint32_t locationOf(RegistryObject driver) {
-    return static_cast<std::uint32_t>(
-        service.registry().properties(driver + 1)->longInteger(property::kLocationID));
-  }
 
   Firmware infrared{calibrated(DeviceKind::Infrared)};
   Firmware optical{calibrated(DeviceKind::Optical)};
@@ -65,12 +60,13 @@ TEST_F(TouchscreensOnMockBus, ArePublishedAtOnceAndCalibratedOutOfTheDevice) {
   bus.plugIn("1-3.1", optical);
   start();
   ASSERT_EQ(drivers().size(), 2U);
-  std::set<std::uint32_t> places;
+  std::set<std::int64_t> places;
   for (const auto driver : drivers()) {
     EXPECT_FALSE(isCalibrated(driver)) << "published before it is read";
-    places.insert(locationOf(driver));
+    places.insert(service.registry().properties(driver + 1)->longInteger(property::kLocationID));
   }
-  EXPECT_EQ(places, (std::set{*locationIdFromKernelName("1-2"), *locationIdFromKernelName("1-3.1")}));
+  EXPECT_EQ(places,
+            (std::set<std::int64_t>{*locationIdFromKernelName("1-2"), *locationIdFromKernelName("1-3.1")}));
   for (const auto driver : drivers()) {
     EXPECT_TRUE(happens([&] { return isCalibrated(driver); }));
     const auto params = imageOf(infrared.stored().calibParams);
@@ -118,14 +114,6 @@ TEST_F(TouchscreensOnMockBus, AreReadOnceTheControlPanelHasClosedThem) {
   EXPECT_EQ(infrared.packetsReceived(), 0U);
   panel.release();
   EXPECT_TRUE(happens([&] { return isCalibrated(driver); }));
-}
-
-TEST_F(TouchscreensOnMockBus, ThatDoNotAnswerKeepWhatIsRemembered) {
-  infrared.setFault({firmware::Fault::Stalls, 0});
-  bus.plugIn("1-2", infrared);
-  start();
-  EXPECT_TRUE(happens([&] { return !diagnostics.lines.empty(); }));
-  EXPECT_FALSE(isCalibrated(drivers().at(0)));
 }
 
 }  // namespace

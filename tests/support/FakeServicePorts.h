@@ -1,0 +1,160 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "driver/service/CalibrationReader.h"
+#include "platform/PointerDevices.h"
+#include "platform/Timers.h"
+#include "platform/TouchInputs.h"
+
+// Doubles of the ports that the driver service stands on.
+namespace touchpanel::testing {
+
+/// Input nodes by path, whose touches the test makes up.
+class FakeTouchInputs final : public TouchInputs {
+ public:
+  struct Node {
+    Status openResult = kSuccess;
+    bool touches = true;
+    bool held = false;
+    int attempts = 0;
+    FrameListener* listener = nullptr;
+  };
+
+  Status open(const std::string& path, std::unique_ptr<TouchInput>& input) override {
+    auto& node = nodes[path];
+    ++node.attempts;
+    if (node.openResult == kSuccess) input = std::make_unique<Input>(node);
+    return node.openResult;
+  }
+  void touch(const std::string& path, const RawFrame& frame) {
+    if (nodes[path].listener) nodes[path].listener->frame(frame);
+  }
+
+  std::map<std::string, Node> nodes;
+
+ private:
+  struct Input final : TouchInput {
+    explicit Input(Node& of) : node(of) { node.held = true; }
+    ~Input() override {
+      node.held = false;
+      node.listener = nullptr;
+    }
+    bool reportsTouches() const override { return node.touches; }
+    void listen(FrameListener& listener) override { node.listener = &listener; }
+    Node& node;
+  };
+};
+
+/// Pointer devices by location, with what was written to each.
+class FakePointerDevices final : public PointerDevices {
+ public:
+  struct Device {
+    bool exists = false;
+    bool multiTouch = false;
+    Status writeResult = kSuccess;
+    std::vector<OutputFrame> frames;
+  };
+
+  Status create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) override {
+    ++attempts;
+    if (createResult == kSuccess) device = std::make_unique<Pointer>(devices[identity.locationId]);
+    return createResult;
+  }
+
+  Status createResult = kSuccess;
+  int attempts = 0;
+  std::map<std::uint32_t, Device> devices;
+
+ private:
+  struct Pointer final : PointerDevice {
+    explicit Pointer(Device& of) : device(of) { device.exists = true; }
+    ~Pointer() override { device.exists = device.multiTouch = false; }
+    Status write(const OutputFrame& frame) override {
+      if (device.writeResult == kSuccess) device.frames.push_back(frame);
+      return device.writeResult;
+    }
+    Status setMultiTouch(bool wanted) override {
+      device.multiTouch = wanted;
+      return kSuccess;
+    }
+    Device& device;
+  };
+};
+
+/// Timers whose clock the test moves.
+class FakeTimers final : public Timers {
+ public:
+  std::chrono::microseconds now() const override { return time; }
+  std::unique_ptr<Timer> create(std::function<void()> callback) override {
+    return std::make_unique<Armed>(*this, std::move(callback));
+  }
+  /// Lets time pass and fires what comes due, in order.
+  void advance(std::chrono::microseconds duration) {
+    const auto end = time + duration;
+    int fired = 0;
+    while (auto* next = nextDue(end)) {
+      ASSERT_LT(++fired, 1000) << "a timer is armed for the present again and again";
+      time = std::max(time, *next->due);
+      next->due.reset();
+      next->callback();
+    }
+    time = end;
+  }
+
+  std::chrono::microseconds time{0};
+
+ private:
+  struct Armed final : Timer {
+    Armed(FakeTimers& owner, std::function<void()> call) : timers(owner), callback(std::move(call)) {
+      timers.all_.push_back(this);
+    }
+    ~Armed() override { std::erase(timers.all_, this); }
+    void arm(std::chrono::microseconds when) override { due = when; }
+    void disarm() override { due.reset(); }
+
+    FakeTimers& timers;
+    std::function<void()> callback;
+    std::optional<std::chrono::microseconds> due;
+  };
+  Armed* nextDue(std::chrono::microseconds end) {
+    Armed* next = nullptr;
+    for (auto* timer : all_)
+      if (timer->due && *timer->due <= end && (!next || *timer->due < *next->due)) next = timer;
+    return next;
+  }
+
+  std::vector<Armed*> all_;
+};
+
+/// Reads that are under way by location, which the test finishes when it likes.
+class FakeCalibrationReader final : public driver::CalibrationReader {
+ public:
+  struct Read {
+    driver::HeldCalibration known;
+    Done done;
+  };
+
+  std::unique_ptr<driver::PendingRead> start(const TouchscreenIdentity& identity,
+                                             const driver::HeldCalibration& known, Done done) override {
+    underWay[identity.locationId] = {known, std::move(done)};
+    return std::make_unique<Pending>(underWay, identity.locationId);
+  }
+
+  std::map<std::uint32_t, Read> underWay;
+
+ private:
+  struct Pending final : driver::PendingRead {
+    Pending(std::map<std::uint32_t, Read>& all, std::uint32_t location) : reads(all), locationId(location) {}
+    ~Pending() override { reads.erase(locationId); }
+    std::map<std::uint32_t, Read>& reads;
+    std::uint32_t locationId;
+  };
+};
+
+}  // namespace touchpanel::testing
