@@ -282,29 +282,26 @@ TEST_F(Service, SharesTheDoubleClickSettingsAndKeepsThem) {
   service->touchscreenArrived("/sys/usb2", {kHere + 1, kProductConfigurationOnly});
   const auto systems = service->registry().instancesOf(class_name::kHidSystem);
   ASSERT_EQ(systems.size(), 2U);
-  const auto clickTime = [&](RegistryObject system) {
-    return service->registry().properties(system)->dictionary("HIDParameters")->longInteger("HIDClickTime");
+  const auto parameters = [&](RegistryObject system) {
+    return *service->registry().properties(system)->dictionary("HIDParameters");
   };
-  EXPECT_EQ(clickTime(systems[0]), 500'000'000);
-  EXPECT_EQ(service->setProperty(systems[0], "HIDClickTime", std::int64_t{60'000'000'000}, ":1.1"), kSuccess);
-  EXPECT_EQ(service->setProperty(systems[1], "HIDClickTime", 700'000'000, ":1.1"), kSuccess);
-  EXPECT_EQ(service->setProperty(systems[1], "HIDClickSpace", Array{8, 9}, ":1.1"), kSuccess);
-  const std::vector<std::pair<const char*, Value>> bad = {{"HIDClickTime", -1},
-                                                          {"HIDClickTime", true},
-                                                          {"HIDClickTime", std::int64_t{60'000'000'001}},
-                                                          {"HIDClickSpace", Array{1}},
-                                                          {"HIDClickSpace", Array{1, -1}},
-                                                          {"HIDClickSpace", Array{"1", 1}},
-                                                          {"HIDClickSpace", 5}};
-  for (const auto& [name, value] : bad)
-    EXPECT_EQ(service->setProperty(systems[0], name, value, ":1.1"), kErrorBadArgument) << name;
-  EXPECT_EQ(service->setProperty(systems[0], "HIDParameters", Dictionary{}, ":1.1"), kErrorUnsupported);
+  const auto set = [&](RegistryObject system, const char* name, const Value& value) {
+    return service->setProperty(system, name, value, ":1.1");
+  };
+  EXPECT_EQ(parameters(systems[0]).longInteger("HIDClickTime"), 500'000'000);
+  EXPECT_EQ(set(systems[0], "HIDClickTime", std::int64_t{60'000'000'000}), kSuccess);
+  EXPECT_EQ(set(systems[1], "HIDClickTime", 700'000'000), kSuccess);
+  EXPECT_EQ(set(systems[1], "HIDClickSpace", Array{8, 9}), kSuccess);
+  for (const auto& bad : Array{-1, true, std::int64_t{60'000'000'001}})
+    EXPECT_EQ(set(systems[0], "HIDClickTime", bad), kErrorBadArgument);
+  for (const auto& bad : Array{5, Array{1, 1, 1}, Array{1, -1}, Array{"1", 1}})
+    EXPECT_EQ(set(systems[0], "HIDClickSpace", bad), kErrorBadArgument);
+  EXPECT_EQ(set(systems[0], "HIDParameters", Dictionary{}), kErrorUnsupported);
   start();
   plug();
-  const auto parameters =
-      *service->registry().properties(service->registry().instancesOf(class_name::kHidSystem).at(0));
-  EXPECT_EQ(parameters.dictionary("HIDParameters")->longInteger("HIDClickTime"), 700'000'000);
-  EXPECT_EQ(*parameters.dictionary("HIDParameters")->array("HIDClickSpace"), (Array{8, 9}));
+  const auto kept = parameters(service->registry().instancesOf(class_name::kHidSystem).at(0));
+  EXPECT_EQ(kept.longInteger("HIDClickTime"), 700'000'000);
+  EXPECT_EQ(*kept.array("HIDClickSpace"), (Array{8, 9}));
 
   // Felt: a second tap 8 units away lands on the first one's point.
   write("configration", {{"enableRightClick", false}});

@@ -184,18 +184,6 @@ TEST_F(DriverServiceClientTest, OutlivesTheBusItself) {
   EXPECT_EQ(probe(find(registry)), kSuccess);
 }
 
-TEST_F(DriverServiceClientTest, FindsAServiceThatWasThereBeforeTheBus) {
-  bus.stop();
-  restart();
-  EXPECT_FALSE(served->connectAgain());
-  EXPECT_EQ(served->diagnostics.lines.size(), 1U) << "reported once";
-  served->plugIn(kHere);
-  bus.start();
-  EXPECT_TRUE(served->connectAgain());
-  EXPECT_EQ(served->diagnostics.lines.size(), 2U);
-  EXPECT_NE(find(registry), 0U);
-}
-
 TEST_F(DriverServiceClientTest, WaitsOnlySoLongForAServiceThatHangs) {
   served->plugIn(kHere);
   DriverServiceClient impatient(diagnostics, Bus::Session, bus_name::kDevelopmentService,

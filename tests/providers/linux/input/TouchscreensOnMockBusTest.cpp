@@ -6,7 +6,6 @@
 #include "driver/service/DriverService.h"
 #include "providers/linux/input/UdevTouchscreens.h"
 #include "providers/linux/loop/EventLoop.h"
-#include "providers/linux/usb/DeviceLock.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
 #include "support/MockUsbBus.h"
@@ -97,23 +96,6 @@ TEST_F(TouchscreensOnMockBus, OfOtherMakesAreNoneOfOurs) {
   bus.plugIn("1-4", optical);
   ASSERT_TRUE(happens([&] { return !drivers().empty(); }));
   EXPECT_EQ(drivers().size(), 1U);
-}
-
-TEST_F(TouchscreensOnMockBus, AreReadOnceTheControlPanelHasClosedThem) {
-  bus.plugIn("1-2", infrared);
-  DeviceLock panel;
-  unsigned usbBus = 0;
-  unsigned number = 0;
-  ASSERT_EQ(std::sscanf(bus.nodeOf("1-2").c_str(), "/dev/bus/usb/%u/%u", &usbBus, &number), 2);
-  ASSERT_EQ(panel.take(static_cast<std::uint8_t>(usbBus), static_cast<std::uint8_t>(number)), kSuccess);
-  start();
-  const auto driver = drivers().at(0);
-  EXPECT_EQ(service.setProperty(driver, property::kConfigration, Dictionary{{"smoothness", 3}}, ":1.1"),
-            kSuccess)
-      << "the service answers while it waits for the device";
-  EXPECT_EQ(infrared.packetsReceived(), 0U);
-  panel.release();
-  EXPECT_TRUE(happens([&] { return isCalibrated(driver); }));
 }
 
 }  // namespace
