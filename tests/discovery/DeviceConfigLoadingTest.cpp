@@ -1,30 +1,24 @@
-#include <gmock/gmock.h>
-
 #include "DiscoveryRig.h"
 #include "discovery/DeviceConfigLoading.h"
 
-namespace touchpanel {
+namespace touchpanel::testing {
 namespace {
 
-using testing::DiscoveryRig;
-using testing::FakeRegistry;
-
-struct LoadingADevice : ::testing::Test {
-  DiscoveryRig rig;
+struct LoadingADevice : ::testing::Test, DiscoveryRig {
   _DEVICT_CONTEXT context{};
-  RegistryObject driver = rig.registry.addDriver(0x10);
+  RegistryObject driver = registry.addDriver(0x10);
 
-  /// The entry that a device of `productId` gets.
+  /// The entry that a device of `productId` gets. The context stays as it is.
   Dictionary load(std::uint16_t productId) {
-    auto& touchscreen = rig.make(0x14100000, productId);
-    touchscreen.device.ownReference = 77;
-    rig.discovery.configLoading().LoadDeviceConfig(context, touchscreen.device, driver, 0x94100000);
-    return rig.owner.list.empty() ? Dictionary() : *rig.owner.list.back();
+    auto& device = make(0x14100000, productId).device;
+    device.ownReference = 77;
+    auto completed = context;
+    discovery.configLoading().LoadDeviceConfig(completed, device, driver, 0x94100000);
+    return owner.list.empty() ? Dictionary() : *owner.list.back();
   }
-  void addHidSystem(RegistryObject below, Dictionary parameters) {
-    lastHidSystem = rig.registry.add("IOHIDSystem", below, {{"HIDParameters", std::move(parameters)}});
+  RegistryObject addHidSystem(RegistryObject below, std::int64_t clickTime) {
+    return registry.add("IOHIDSystem", below, {{"HIDParameters", Dictionary{{"HIDClickTime", clickTime}}}});
   }
-  RegistryObject lastHidSystem = 0;
 };
 
 template <std::size_t size>
@@ -38,48 +32,32 @@ TEST_F(LoadingADevice, FillsTheEntryInOrder) {
   put(context.FirmwareVer, "1.2");
   context.DeviceConfig.CalibrateStatus = 2;
   context.DeviceConfig.MonitorID = 9;
-  rig.files.files[rig.paths.driverConfig] = {{"TouchSensitivityArea", 12},
-                                             {"TouchSensitivityTime", 11},
-                                             {"EnableTouchSensitivity", false},
-                                             {"RightClickArea", 9},
-                                             {"RightClickTime", 8},
-                                             {"EnableRightClick", true},
-                                             {"CalibrateType", 6},
-                                             {"CalibrateMode", 25},
-                                             {"Smoothness", 4},
-                                             {"ClickRange", false},
-                                             {"EnableTouch", true},
-                                             {"TouchMode", 0},
-                                             {"AddedByHand", 1}};
-  addHidSystem(driver, {{"HIDClickTime", std::int64_t{500'000'000}}, {"HIDClickSpace", Array{4, 6}}});
   const auto image = imageOf(context);
-  EXPECT_EQ(load(kProductInfrared0086), (Dictionary{{"CalibrateStatus", "YES"},
-                                                    {"SN", "SN-1"},
-                                                    {"FirmwareVersion", "1.2"},
-                                                    {"MonitorID", 0},
-                                                    {"TouchMode", 0},
-                                                    {"EnableTouch", true},
-                                                    {"ClickRange", false},
-                                                    {"Smoothness", 4},
-                                                    {"CalibrateMode", 25},
-                                                    {"CalibrateType", 6},
-                                                    {"EnableRightClick", true},
-                                                    {"RightClickTime", 8},
-                                                    {"RightClickArea", 9},
-                                                    {"EnableTouchSensitivity", false},
-                                                    {"TouchSensitivityTime", 11},
-                                                    {"TouchSensitivityArea", 12},
-                                                    {"Handle", static_cast<std::int32_t>(driver)},
-                                                    {"DeviceInterface", 77},
-                                                    {"LocationID", static_cast<std::int32_t>(0x94100000)},
-                                                    {"VendorID", 0x6666},
-                                                    {"ProductID", 0x0086},
-                                                    {"DeviceContext", Bytes(image.begin(), image.end())},
-                                                    {"DoubleClickTime", 500},
-                                                    {"DoubleClickArea", 4},
-                                                    {"Hiddevice", std::int64_t{lastHidSystem}}}));
-  EXPECT_EQ(rig.owner.settings, rig.files.files[rig.paths.driverConfig]) << "with the key added by hand";
-  EXPECT_EQ(rig.journal.back(), "reload");
+  auto& file = files.files[paths.driverConfig];
+  file = {{"AddedByHand", 1}};
+  for (int i = settings_key::kAll.size(); i > 0; --i) file.set(settings_key::kAll.at(i - 1U), 100 + i);
+  const auto hidSystem = registry.add(
+      "IOHIDSystem", driver,
+      {{"HIDParameters",
+        Dictionary{{"HIDClickTime", std::int64_t{500'000'000}}, {"HIDClickSpace", Array{4, 6}}}}});
+
+  Dictionary expected{
+      {"CalibrateStatus", "YES"}, {"SN", "SN-1"}, {"FirmwareVersion", "1.2"}, {"MonitorID", 0}};
+  int number = 100;
+  for (const char* key : settings_key::kAll) expected.set(key, ++number);
+  const Dictionary rest{{"Handle", static_cast<std::int32_t>(driver)},
+                        {"DeviceInterface", 77},
+                        {"LocationID", static_cast<std::int32_t>(0x94100000)},
+                        {"VendorID", 0x6666},
+                        {"ProductID", 0x0086},
+                        {"DeviceContext", Bytes(image.begin(), image.end())},
+                        {"DoubleClickTime", 500},
+                        {"DoubleClickArea", 4},
+                        {"Hiddevice", std::int64_t{hidSystem}}};
+  for (const auto& [key, value] : rest) expected.set(key, value);
+  EXPECT_EQ(load(kProductInfrared0086), expected);
+  EXPECT_EQ(owner.settings, file) << "with the key added by hand";
+  EXPECT_EQ(journal.back(), "reload");
 }
 
 TEST_F(LoadingADevice, NamesItByBarCodeOrKindAndCutsTextsAtTheirField) {
@@ -103,89 +81,76 @@ TEST_F(LoadingADevice, NamesItByBarCodeOrKindAndCutsTextsAtTheirField) {
 TEST_F(LoadingADevice, CompletesOnlyTheConfigurationOnlyKindFromItsFile) {
   context.CalibParams.X.A10 = 3.5F;
   context.DeviceConfig.CalibrateStatus = 1;
-  auto loaded = [this](std::uint16_t productId) {
-    const auto before = context;
-    const auto entry = load(productId);
-    context = before;
-    return entry;
-  };
-  auto entry = loaded(kProductConfigurationOnly);
+  auto entry = load(kProductConfigurationOnly);
   EXPECT_EQ(entry.text("CalibrateStatus"), "NO");
   EXPECT_EQ(contextOf(entry).CalibParams.X.A10, 0.0F) << "the defaults are zeros";
 
   Bytes params(116, 0x11);
   params.resize(120, 0x22);
-  auto& file = rig.files.files[rig.paths.deviceConfig];
+  auto& file = files.files[paths.deviceConfig];
   file = {{"CalibrateStatus", true}, {"CalibParams", params}};
-  entry = loaded(kProductConfigurationOnly);
+  entry = load(kProductConfigurationOnly);
   EXPECT_EQ(entry.text("CalibrateStatus"), "YES");
   const auto image = *entry.bytes("DeviceContext");
   EXPECT_EQ(image.size(), 293U);
   EXPECT_EQ(Bytes(image.begin() + 116, image.begin() + 232), Bytes(116, 0x11));
   EXPECT_EQ(image[232], 0) << "bytes beyond the block are not taken";
-  EXPECT_EQ(contextOf(loaded(kProductOptical)).CalibParams.X.A10, 3.5F);
+  EXPECT_EQ(contextOf(load(kProductOptical)).CalibParams.X.A10, 3.5F);
 
   file = {{"CalibParams", Bytes(4, 0x11)}};
-  entry = loaded(kProductConfigurationOnly);
+  entry = load(kProductConfigurationOnly);
   EXPECT_EQ(entry.text("CalibrateStatus"), "NO") << "an absent status is no";
   EXPECT_EQ(contextOf(entry).CalibParams.X.A10, 3.5F) << "short data leaves the rest";
   file = {{"CalibrateStatus", 1}, {"CalibParams", "text"}};
-  EXPECT_EQ(contextOf(loaded(kProductConfigurationOnly)).CalibParams.X.A10, 3.5F);
+  EXPECT_EQ(contextOf(load(kProductConfigurationOnly)).CalibParams.X.A10, 3.5F);
 }
 
 TEST_F(LoadingADevice, StartsEveryDeviceWithTheSettingsOfTheFile) {
   load(kProductOptical);
-  rig.owner.list.front()->set("TouchMode", 3);
+  owner.list.front()->set("TouchMode", 3);
   EXPECT_EQ(load(kProductOptical).integer("TouchMode"), 2);
 }
 
 TEST_F(LoadingADevice, ReadsDoubleClickValuesAsFarAsThereAreAny) {
+  EXPECT_FALSE(load(kProductOptical).contains("Hiddevice")) << "there is no HID system";
+  const auto hidSystem = registry.add("IOHIDSystem", driver);
+  const auto with = [](Dictionary parameters) {
+    return std::optional(Dictionary{{"HIDParameters", std::move(parameters)}});
+  };
   struct Case {
     const char* name;
-    Dictionary parameters;
+    std::optional<Dictionary> properties;
     std::optional<std::int32_t> time;
     std::optional<std::int32_t> area;
   };
   for (const auto& expected :
-       {Case{"both", {{"HIDClickTime", std::int64_t{2'999'999}}, {"HIDClickSpace", Array{5, 5}}}, 2, 5},
-        Case{"negative time", {{"HIDClickTime", std::int64_t{-1'999'999}}}, -1, {}},
-        Case{"time only", {{"HIDClickTime", 7'000'000}}, 7, {}},
-        Case{"empty space", {{"HIDClickSpace", Array{}}}, {}, {}},
-        Case{"odd types", {{"HIDClickTime", "soon"}, {"HIDClickSpace", 4}}, {}, {}},
-        Case{"none", {}, {}, {}}}) {
+       {Case{"both", with({{"HIDClickTime", std::int64_t{2'999'999}}, {"HIDClickSpace", Array{5, 5}}}), 2, 5},
+        Case{"negative time", with({{"HIDClickTime", std::int64_t{-1'999'999}}}), -1, {}},
+        Case{"time only", with({{"HIDClickTime", 7'000'000}}), 7, {}},
+        Case{"empty space", with({{"HIDClickSpace", Array{}}}), {}, {}},
+        Case{"odd types", with({{"HIDClickTime", "soon"}, {"HIDClickSpace", 4}}), {}, {}},
+        Case{"none", with({}), {}, {}}, Case{"no parameters", Dictionary{{"Other", 1}}, {}, {}},
+        Case{"unreadable", std::nullopt, {}, {}}}) {
     SCOPED_TRACE(expected.name);
-    rig.registry.remove(lastHidSystem);
-    addHidSystem(driver, expected.parameters);
+    registry.objects[hidSystem].properties = expected.properties;
     const auto entry = load(kProductOptical);
     EXPECT_EQ(entry.contains("DoubleClickTime"), expected.time.has_value());
     EXPECT_EQ(entry.integer("DoubleClickTime"), expected.time.value_or(0));
     EXPECT_EQ(entry.contains("DoubleClickArea"), expected.area.has_value());
     EXPECT_EQ(entry.integer("DoubleClickArea"), expected.area.value_or(0));
-    EXPECT_EQ(registryObjectOf(entry, "Hiddevice"), lastHidSystem);
+    const bool isRead = expected.properties && expected.properties->contains("HIDParameters");
+    EXPECT_EQ(registryObjectOf(entry, "Hiddevice"), isRead ? hidSystem : 0U);
   }
 }
 
-TEST_F(LoadingADevice, LeavesDoubleClickOutWithoutAReadableHidSystem) {
-  const auto withoutHid = load(kProductOptical);
-  rig.registry.objects[rig.registry.add("IOHIDSystem", driver)].properties = {{"Other", 1}};
-  const auto withoutParameters = load(kProductOptical);
-  rig.registry.objects.rbegin()->second.properties.reset();
-  const auto unreadable = load(kProductOptical);
-  for (const auto& entry : {withoutHid, withoutParameters, unreadable})
-    for (const char* key : {"DoubleClickTime", "DoubleClickArea", "Hiddevice"})
-      EXPECT_FALSE(entry.contains(key)) << key;
-}
-
 TEST_F(LoadingADevice, TakesTheLastReadableInstanceAndCarriesAnEarlierOneForward) {
-  addHidSystem(driver, {{"HIDClickTime", std::int64_t{100'000'000}}});
-  const auto second = rig.registry.addDriver(0x20);
-  addHidSystem(second, {{"HIDClickTime", std::int64_t{200'000'000}}});
-  const auto wanted = lastHidSystem;
-  rig.registry.addDriver(0x30);  // has no HID system below it
+  addHidSystem(driver, 100'000'000);
+  const auto wanted = addHidSystem(registry.addDriver(0x20), 200'000'000);
+  registry.addDriver(0x30);  // has no HID system below it
   const auto entry = load(kProductOptical);
   EXPECT_EQ(entry.integer("DoubleClickTime"), 200);
   EXPECT_EQ(registryObjectOf(entry, "Hiddevice"), wanted);
 }
 
 }  // namespace
-}  // namespace touchpanel
+}  // namespace touchpanel::testing

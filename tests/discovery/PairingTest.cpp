@@ -1,5 +1,6 @@
 #include <gmock/gmock.h>
 
+#include "discovery/DriverChannel.h"
 #include "discovery/Pairing.h"
 #include "support/FakeRegistry.h"
 
@@ -50,7 +51,8 @@ TEST(CompareID, FindsTheFirstInstanceAtALocation) {
   const auto textual = registry.add("VARNEXOTouchScreenDriver");
   registry.add(kWanted, textual, {{"LocationID", "32"}});
   const auto twin = registry.addDriver(0x14100000);
-  const std::vector<RegistryObject> all{silent, plain, wide, textual, twin};
+  const auto nowhere = registry.addDriver(0);
+  const std::vector<RegistryObject> all{silent, plain, wide, textual, nowhere, twin};
   struct Case {
     std::uint32_t location;
     RegistryObject instance;
@@ -63,11 +65,17 @@ TEST(CompareID, FindsTheFirstInstanceAtALocation) {
   }
 }
 
-TEST(CompareID, FindsNothingAtLocationZero) {
+TEST(DriverChannel, PassesTheTouchModeOnAsStoredAndWrapsTheDoubleClickTime) {
   FakeRegistry registry;
-  RegistryObject out = 0;
-  const std::vector<RegistryObject> all{registry.add("VARNEXOTouchScreenDriver"), registry.addDriver(0)};
-  EXPECT_EQ(compareID(registry, all, 0, out), 0U);
+  const auto handle = registry.addDriver(7);
+  DriverChannel channel(registry);
+  channel.setMode(handle, "two");
+  EXPECT_EQ(registry.writes.back().value, Value(Dictionary{{"mode", "two"}}));
+  for (const auto& [milliseconds, nanoseconds] : {std::pair(2147, 2'147'000'000), {2148, -2'146'967'296}}) {
+    registry.writes.clear();
+    channel.writeDoubleClick(handle, milliseconds, 4);
+    EXPECT_EQ(registry.writes.front().value, Value(nanoseconds));
+  }
 }
 
 }  // namespace
