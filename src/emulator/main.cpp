@@ -1,8 +1,10 @@
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <exception>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -58,9 +60,18 @@ Options parse(int count, char** words) {
   return options;
 }
 
+touchpanel::FileDescriptor inputOf(const Options& options) {
+  const bool standard = options.script.empty();
+  touchpanel::FileDescriptor input(standard ? ::dup(STDIN_FILENO)
+                                            : ::open(options.script.c_str(), O_RDONLY | O_CLOEXEC));
+  if (!input && !standard) throw std::system_error(errno, std::generic_category(), options.script);
+  return input;
+}
+
 }  // namespace
 
 int main(int count, char** words) {
+  using namespace touchpanel;
   using namespace touchpanel::emulator;
   const Options options = parse(count, words);
   if (options.help || !options.understood) {
@@ -68,22 +79,17 @@ int main(int count, char** words) {
     std::fputs(text.c_str(), options.help ? stdout : stderr);
     return options.help ? 0 : 2;
   }
-  int input = STDIN_FILENO;
-  if (!options.script.empty()) {
-    input = ::open(options.script.c_str(), O_RDONLY | O_CLOEXEC);
-    if (input < 0) {
-      std::fprintf(stderr, "touchscreen-emulator: %s: %s\n", options.script.c_str(), std::strerror(errno));
-      return 1;
-    }
-  }
+  sigset_t signals;
+  sigemptyset(&signals);
+  for (const int each : {SIGINT, SIGTERM}) sigaddset(&signals, each);
+  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
   try {
     Server server;
     if (!options.socketPath.empty()) server.listen(options.socketPath);
-    server.addSource(input, STDOUT_FILENO);
-    server.run();
+    server.addSource(inputOf(options), FileDescriptor(::dup(STDOUT_FILENO)));
+    return server.run();
   } catch (const std::exception& error) {
     std::fprintf(stderr, "touchscreen-emulator: %s\n", error.what());
     return 1;
   }
-  return 0;
 }

@@ -4,14 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "emulator/console/Session.h"
 #include "emulator/console/Touchscreens.h"
 #include "emulator/usbip/VhciBus.h"
+#include "providers/linux/loop/EventLoop.h"
+#include "providers/linux/loop/FileDescriptor.h"
 
 namespace touchpanel::emulator {
 
-/// The emulator's loop: commands from standard input and from everyone who connects to a socket, USB traffic
-/// from the kernel, all in one thread.
+/// Commands from standard input and from the clients of a socket, and USB traffic of the kernel, in one thread.
+/// The process must have blocked SIGINT and SIGTERM. Throws std::system_error where the system refuses.
 class Server {
  public:
   Server();
@@ -19,33 +20,32 @@ class Server {
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
 
-  /// Takes commands from `input`, answers on `output`; neither is closed. When such a source has come to its
-  /// end and nobody else can give commands, run() returns.
-  void addSource(int input, int output);
-  /// Takes commands from everyone who connects to a local socket at `path`, which only its owner may do.
-  /// Throws std::system_error.
+  /// Takes commands from `input` and answers on `output`, which may block.
+  void addSource(FileDescriptor input, FileDescriptor output);
+  /// Takes commands from every client of a local socket at `path`, to which only its owner may connect.
   void listen(const std::string& path);
-  /// Serves until "quit", SIGINT or SIGTERM, or the end of the last source; then unplugs everything.
-  void run();
+  /// Serves until "quit", SIGINT or SIGTERM, or, without a socket, the end of the last source. Returns the exit
+  /// status.
+  int run();
 
  private:
   struct Client;
 
-  bool finished() const;
-  void watch(std::vector<struct pollfd>& descriptors) const;
-  int timeout(Time now) const;
-  void readFrom(Client& client);
-  static void writeTo(Client& client);
   void accept();
-  void serviceBus();
-  void progress(Time now);
+  void readFrom(Client& client);
+  void writeTo(Client& client);
+  void exchange();
+  void proceed();
+  void wake();
 
+  EventLoop loop_;
+  std::unique_ptr<Timer> timer_;  ///< for proceed(), which may destroy what other callbacks run in
   VhciBus bus_;
   Touchscreens touchscreens_{bus_};
   std::vector<std::unique_ptr<Client>> clients_;
   std::string socketPath_;
-  int listener_ = -1;
-  int signals_ = -1;
+  FileDescriptor listener_;
+  std::unique_ptr<EventLoop::Watch> connections_;
 };
 
 }  // namespace touchpanel::emulator

@@ -12,6 +12,7 @@
 #include <utility>
 
 #include <fcntl.h>
+#include <sys/epoll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -22,16 +23,15 @@ namespace {
 
 constexpr int kFullSpeed = 2;
 
+/// Where the kernel shows its controllers. The first one has the files of all.
+std::string controller(int index) { return "/sys/devices/platform/vhci_hcd." + std::to_string(index); }
+
 std::string reasonOf(int error) { return std::generic_category().message(error); }
 
 /// Writes `text` at once, as files of the kernel want it. Returns 0 or an error number.
 int writeAtOnce(const std::string& path, const std::string& text) {
-  const int file = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (file < 0) return errno;
-  const ssize_t written = ::write(file, text.data(), text.size());
-  const int error = written < 0 ? errno : 0;
-  ::close(file);
-  return error;
+  const FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  return file && ::write(file.get(), text.data(), text.size()) >= 0 ? 0 : errno;
 }
 
 PlugResult failed(std::string reason) { return {PlugResult::Outcome::Failed, 0, std::move(reason)}; }
@@ -57,20 +57,18 @@ bool hasDevice(const std::filesystem::path& controller, int hubPort) {
 
 }  // namespace
 
-VhciBus::VhciBus(std::string platform) : platform_(std::move(platform)) {}
+VhciBus::VhciBus(EventLoop& loop, std::function<void()> active) : loop_(loop), active_(std::move(active)) {}
 
 VhciBus::~VhciBus() {
-  for (const Line& line : lines_) hangUp(line);
+  for (const auto& line : lines_) hangUp(*line);
 }
 
-std::string VhciBus::controller(int index) const { return platform_ + "/vhci_hcd." + std::to_string(index); }
-
 PlugResult VhciBus::plug(UsbIpConnection& connection, std::optional<int> wanted) {
-  // The first controller has the files of all: the list of its own ports is "status", the next one
-  // "status.1".
   for (int index = 0;; ++index) {
-    const std::string suffix = index == 0 ? "" : "." + std::to_string(index);
-    const std::string ports = contents(controller(0) + "/status" + suffix);
+    // The first controller's own ports are listed in "status", those of the next one in "status.1".
+    std::string list = controller(0) + "/status";
+    if (index > 0) list += '.' + std::to_string(index);
+    const std::string ports = contents(list);
     if (ports.empty() && index == 0)
       return failed("no virtual USB controller: is the module vhci-hcd loaded?");
     if (ports.empty()) return busy(wanted ? "that port is taken" : "every port is taken");
@@ -85,56 +83,57 @@ PlugResult VhciBus::plug(UsbIpConnection& connection, std::optional<int> wanted)
 PlugResult VhciBus::plugAt(UsbIpConnection& connection, int port) {
   std::array<int, 2> ends{};
   if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return failed(reasonOf(errno));
-  const auto [ours, kernels] = ends;
+  FileDescriptor ours(ends[0]);
+  const FileDescriptor kernels(ends[1]);
   const int deviceId = port + 1;
   std::ostringstream request;
-  request << port << ' ' << kernels << ' ' << deviceId << ' ' << kFullSpeed;
+  request << port << ' ' << kernels.get() << ' ' << deviceId << ' ' << kFullSpeed;
   const int error = writeAtOnce(controller(0) + "/attach", request.str());
-  ::close(kernels);
-  if (error == 0) {
-    lines_.push_back({&connection, ours, port});
-    return {PlugResult::Outcome::Plugged, port, {}};
-  }
-  ::close(ours);
-  return error == EBUSY ? busy(reasonOf(error)) : failed(controller(0) + "/attach: " + reasonOf(error));
+  if (error == EBUSY) return busy(reasonOf(error));
+  if (error != 0) return failed(controller(0) + "/attach: " + reasonOf(error));
+
+  Line& line =
+      *lines_.emplace_back(std::make_unique<Line>(Line{&connection, std::move(ours), port, false, {}}));
+  line.watch = loop_.watch(
+      line.socket.get(),
+      [&line] {
+        return EventLoop::PollRequest{.events =
+                                          line.connection->outgoing().empty() ? EPOLLIN : EPOLLIN | EPOLLOUT};
+      },
+      [this, &line] {
+        line.cut = !receive(line) || !send(line);
+        if (line.cut) line.watch->stop();
+        active_();
+      });
+  return {PlugResult::Outcome::Plugged, port, {}};
 }
 
 void VhciBus::unplug(UsbIpConnection& connection) {
-  const auto line = std::find_if(lines_.begin(), lines_.end(),
-                                 [&](const Line& candidate) { return candidate.connection == &connection; });
-  if (line == lines_.end()) return;
-  hangUp(*line);
-  lines_.erase(line);
-}
-
-void VhciBus::hangUp(const Line& line) const {
-  writeAtOnce(controller(0) + "/detach", std::to_string(line.port));
-  ::close(line.socket);
-}
-
-void VhciBus::watch(std::vector<pollfd>& descriptors) const {
-  for (const Line& line : lines_) {
-    const bool more = !line.connection->outgoing().empty();
-    descriptors.push_back({line.socket, static_cast<short>(more ? POLLIN | POLLOUT : POLLIN), 0});
-  }
-}
-
-std::vector<UsbIpConnection*> VhciBus::service() {
-  std::vector<UsbIpConnection*> cut;
-  // A port that the kernel has given up may be another device's by now: it is not told to detach.
-  std::erase_if(lines_, [&](const Line& line) {
-    if (receive(line) && send(line)) return false;
-    cut.push_back(line.connection);
-    ::close(line.socket);
+  std::erase_if(lines_, [&](const auto& line) {
+    if (line->connection != &connection) return false;
+    hangUp(*line);
     return true;
   });
+}
+
+void VhciBus::hangUp(const Line& line) {
+  // A port that the kernel has given up may be another device's by now.
+  if (!line.cut) writeAtOnce(controller(0) + "/detach", std::to_string(line.port));
+}
+
+std::vector<UsbIpConnection*> VhciBus::exchange() {
+  std::vector<UsbIpConnection*> cut;
+  for (const auto& line : lines_) {
+    line->cut = line->cut || !send(*line);
+    if (line->cut) cut.push_back(line->connection);
+  }
   return cut;
 }
 
 bool VhciBus::receive(const Line& line) {
   std::array<std::uint8_t, 16384> buffer;
   for (;;) {
-    const ssize_t got = ::recv(line.socket, buffer.data(), buffer.size(), MSG_DONTWAIT);
+    const ssize_t got = ::recv(line.socket.get(), buffer.data(), buffer.size(), MSG_DONTWAIT);
     if (got < 0) return errno == EAGAIN || errno == EINTR;
     if (got == 0) return false;
     if (!line.connection->receive(std::span(buffer).first(static_cast<std::size_t>(got)))) return false;
@@ -144,7 +143,7 @@ bool VhciBus::receive(const Line& line) {
 bool VhciBus::send(const Line& line) {
   std::vector<std::uint8_t>& data = line.connection->outgoing();
   while (!data.empty()) {
-    const ssize_t sent = ::send(line.socket, data.data(), data.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
+    const ssize_t sent = ::send(line.socket.get(), data.data(), data.size(), MSG_DONTWAIT | MSG_NOSIGNAL);
     if (sent < 0) return errno == EAGAIN || errno == EINTR;
     data.erase(data.begin(), data.begin() + sent);
   }

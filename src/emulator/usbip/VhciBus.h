@@ -1,11 +1,13 @@
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include <poll.h>
-
 #include "emulator/usbip/UsbBus.h"
+#include "providers/linux/loop/EventLoop.h"
+#include "providers/linux/loop/FileDescriptor.h"
 
 namespace touchpanel::emulator {
 
@@ -13,8 +15,8 @@ namespace touchpanel::emulator {
 /// Needs write access to the controller's files, which only root has.
 class VhciBus : public UsbBus {
  public:
-  /// `platform` is where the kernel shows its controllers, "vhci_hcd.0" and so on.
-  explicit VhciBus(std::string platform = "/sys/devices/platform");
+  /// `active` is called after the kernel has sent something or has cut a line, and may not unplug anything.
+  VhciBus(EventLoop& loop, std::function<void()> active);
   ~VhciBus() override;
   VhciBus(const VhciBus&) = delete;
   VhciBus& operator=(const VhciBus&) = delete;
@@ -22,27 +24,27 @@ class VhciBus : public UsbBus {
   PlugResult plug(UsbIpConnection& connection, std::optional<int> port) override;
   void unplug(UsbIpConnection& connection) override;
 
-  /// Appends what has to be watched for service().
-  void watch(std::vector<pollfd>& descriptors) const;
-  /// Takes what the kernel has sent and sends what there is for it, without waiting. Returns the lines that
-  /// the kernel has cut by itself; they are to be unplugged.
-  std::vector<UsbIpConnection*> service();
+  /// Sends what there is for the kernel, without waiting. Returns the lines that the kernel has cut; they are to
+  /// be unplugged.
+  std::vector<UsbIpConnection*> exchange();
 
  private:
   struct Line {
     UsbIpConnection* connection;
-    int socket;
+    FileDescriptor socket;
     int port;
+    bool cut = false;
+    std::unique_ptr<EventLoop::Watch> watch;
   };
 
-  std::string controller(int index) const;
   PlugResult plugAt(UsbIpConnection& connection, int port);
-  void hangUp(const Line& line) const;
+  static void hangUp(const Line& line);
   static bool receive(const Line& line);
   static bool send(const Line& line);
 
-  std::string platform_;
-  std::vector<Line> lines_;
+  EventLoop& loop_;
+  std::function<void()> active_;
+  std::vector<std::unique_ptr<Line>> lines_;
 };
 
 }  // namespace touchpanel::emulator

@@ -1,5 +1,6 @@
 #include "providers/linux/loop/EventLoop.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <ctime>
 #include <exception>
@@ -27,7 +28,7 @@ int guarded(sd_event_source* source, Call call) noexcept {
   try {
     call();
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "touchdriverd: %s\n", error.what());
+    std::fprintf(stderr, "%s: %s\n", program_invocation_short_name, error.what());
     sd_event_exit(sd_event_source_get_event(source), 1);
   } catch (...) {
     sd_event_exit(sd_event_source_get_event(source), 1);
@@ -141,5 +142,7 @@ void EventLoop::runOnce(std::chrono::microseconds longest) {
 }
 
 int EventLoop::run() { return sd_event_loop(event_); }
+
+void EventLoop::stop() { sd_event_exit(event_, 0); }
 
 }  // namespace touchpanel

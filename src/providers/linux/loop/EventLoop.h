@@ -45,6 +45,8 @@ class EventLoop final : public Timers {
   void runOnce(std::chrono::microseconds longest);
   /// Runs until stopped; returns the exit status, 1 when a callback threw.
   int run();
+  /// Ends run() with 0 after the callback that calls it.
+  void stop();
 
  private:
   sd_event* event_ = nullptr;
