@@ -1,7 +1,7 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "emulator/usbip/UsbIpConnection.h"
+#include "emulator/usbip/VhciPorts.h"
 
 namespace touchpanel::emulator {
 namespace {
@@ -72,34 +72,21 @@ TEST_F(UsbIpConnectionTest, AnswersTransfersInAnyCutOfTheStream) {
   }
 }
 
-TEST_F(UsbIpConnectionTest, ParksReadsUntilThereIsATouch) {
+TEST_F(UsbIpConnectionTest, ParksReadsUntilThereIsATouchOrTheyAreTakenBack) {
   connection.receive(submit(1, true, 1, 64));
   connection.receive(submit(2, true, 1, 64));
   EXPECT_TRUE(sent().empty());
   device.touch(0, {0.5, 0.5}, 0);
   connection.deliverReports();
-  const Bytes first = sent();
-  ASSERT_EQ(first.size(), kUsbIpHeaderSize + 64);
-  EXPECT_EQ(Bytes(first.begin(), first.begin() + kUsbIpHeaderSize), answer(3, 1, 0, 64));
-  EXPECT_EQ(first[kUsbIpHeaderSize], 1);
-  device.lift(0, 0);
-  device.touch(0, {0.1, 0.1}, 0);
-  connection.deliverReports();
   EXPECT_EQ(sent().size(), kUsbIpHeaderSize + 64);
-  connection.receive(submit(3, true, 1, 64));
-  EXPECT_EQ(sent().size(), kUsbIpHeaderSize + 64) << "a report that came between two reads is not lost";
-}
-
-TEST_F(UsbIpConnectionTest, GivesUpReadsThatAreTakenBack) {
-  connection.receive(submit(1, true, 1, 64));
-  connection.receive(unlink(2, 1));
-  EXPECT_EQ(sent(), answer(4, 2, -104, 0));
+  connection.receive(unlink(3, 2));
+  EXPECT_EQ(sent(), answer(4, 3, -104, 0));
   EXPECT_FALSE(device.listened());
-  connection.receive(unlink(3, 1));
-  EXPECT_EQ(sent(), answer(4, 3, 0, 0)) << "nothing is pending any more";
+  connection.receive(unlink(4, 2));
+  EXPECT_EQ(sent(), answer(4, 4, 0, 0)) << "nothing is pending any more";
 }
 
-TEST_F(UsbIpConnectionTest, TellsTheKernelWhenADeviceIsDead) {
+TEST_F(UsbIpConnectionTest, AnswersForADeadDevice) {
   device.firmware().setFault({firmware::Fault::DiesAfterPackets, 0});
   connection.receive(vendorOut);
   EXPECT_EQ(sent(), answer(3, 8, -71, 0));
@@ -109,6 +96,41 @@ TEST_F(UsbIpConnectionTest, EndsAStreamThatMakesNoSense) {
   EXPECT_FALSE(connection.receive(Bytes(kUsbIpHeaderSize, 0xFF)));
   UsbIpConnection other{device};
   EXPECT_FALSE(other.receive(submit(1, true, 0, 0x10000)));
+}
+
+TEST(UsbTouchscreen, RefusesWhatItDoesNotKnow) {
+  UsbTouchscreen screen{firmware::exampleDevice(DeviceKind::Infrared), {}, 1};
+  const ControlSetup refused[] = {{0x80, 6, 0x0600, 0, 10},  // no high speed, so no device qualifier
+                                  {0x80, 6, 0x0F00, 0, 5},   // no binary object store
+                                  {0x80, 6, 0x0309, 0, 255}, {0x00, 9, 2, 0, 0},     {0x00, 3, 1, 0, 0},
+                                  {0xA1, 1, 0x0309, 0, 8},   {0xC0, 1, 0, 0, 64},    {0xC1, 0, 0, 0, 64},
+                                  {0xE0, 0, 0, 0, 1},        {0x20, 1, 0x0302, 0, 8}};
+  for (const ControlSetup& setup : refused) {
+    EXPECT_EQ(screen.control(setup, {}).outcome, ControlOutcome::Stalled)
+        << int{setup.requestType} << ' ' << int{setup.request} << ' ' << setup.value;
+  }
+}
+
+TEST(TouchReports, OfOneFingerStayWithTheOneThatCameFirst) {
+  TouchReports reports(ReportStyle::SingleTouch);
+  EXPECT_EQ(reports.touch(5, {0x0102, 3}, 0), (Bytes{1, 2, 1, 3, 0}));
+  EXPECT_EQ(reports.touch(0, {9, 9}, 0), (Bytes{1, 2, 1, 3, 0}));
+  EXPECT_EQ(reports.lift(5, 0), (Bytes{0, 2, 1, 3, 0}));
+  EXPECT_EQ(reports.touch(0, {8, 9}, 0), (Bytes{1, 8, 0, 9, 0}));
+}
+
+TEST(VhciPorts, OnlyAnUnusedPortBelowSuperSpeedTakesATouchscreen) {
+  constexpr char ports[] =
+      "hub port sta spd dev      sockfd local_busid\n"
+      "hs  0030 006 002 00010001 000003 1-1\n"
+      "hs  0031 005 000 00000000 000000 0-0\n"
+      "hs  0032 004 000 00000000 000000 0-0\n"
+      "hs  0033 004 000 00000000 000000 0-0\n"
+      "ss  0045 004 000 00000000 000000 0-0\n";
+  EXPECT_EQ(freeVhciPort(ports, std::nullopt), (VhciPort{32, 3}));
+  EXPECT_EQ(freeVhciPort(ports, 33), (VhciPort{33, 4}));
+  for (const int taken : {9, 30, 31, 45}) EXPECT_EQ(freeVhciPort(ports, taken), std::nullopt) << taken;
+  EXPECT_EQ(freeVhciPort("nonsense\nhs x y\n", std::nullopt), std::nullopt);
 }
 
 }  // namespace
