@@ -1,4 +1,5 @@
-#include <string>
+#include <array>
+#include <cstdio>
 
 #include "firmware/Firmware.h"
 
@@ -38,9 +39,9 @@ _CALIB_PARAMS identity() {
 }
 
 std::vector<std::uint8_t> barCodeText(std::uint32_t serial) {
-  const auto digits = std::to_string(serial);
-  const auto text = "IR-2026-" + std::string(digits.size() < 7 ? 7 - digits.size() : 0, '0') + digits;
-  return {text.begin(), text.end()};
+  std::array<char, kBarCodeTextSize> text{};
+  const int length = std::snprintf(text.data(), text.size(), "IR-2026-%07u", serial);
+  return {text.begin(), text.begin() + length};
 }
 
 /// Fields that a panel shows as A26B11C-D1E-01-0000-0000001, ending in `serial`.

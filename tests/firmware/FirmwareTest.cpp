@@ -15,6 +15,8 @@ Bytes packet(std::uint8_t kind, std::uint8_t code, std::uint8_t subCode, const B
       buildPkg(kind, code, subCode, static_cast<std::int32_t>(payload.size()), payload.data(), built.data()));
   return built;
 }
+Bytes enter(std::uint8_t unit) { return packet(PKT_SET, CMD_SET_MODE, unit, {kModeCommand}); }
+const Bytes kGetVersion = packet(PKT_GET, CMD_GET_VERSION, 0);
 
 Bytes replyOf(Firmware& firmware) {
   Bytes reply(kPacketSize);
@@ -28,8 +30,8 @@ const Bytes kNothing(kPacketSize);
 
 TEST(Firmware, AnswersWithAWellFormedPacketOfItsReplyClass) {
   Firmware firmware(exampleDevice(DeviceKind::Infrared));
-  firmware.receive(packet(PKT_SET, CMD_SET_MODE, 0, {kModeCommand}));
-  firmware.receive(packet(PKT_GET, CMD_GET_VERSION, 0));
+  firmware.receive(enter(0));
+  firmware.receive(kGetVersion);
   Bytes expected = {0xAA, 0x10, 0x32, 5, 0, 5, 2, 12, 0, 0x59};
   expected.resize(kPacketSize);
   EXPECT_EQ(replyOf(firmware), expected);
@@ -37,7 +39,6 @@ TEST(Firmware, AnswersWithAWellFormedPacketOfItsReplyClass) {
 
 TEST(Firmware, HandsItsBlocksOutOnlyWhenEveryUnitIsInCommandMode) {
   Firmware firmware(exampleDevice(DeviceKind::Optical));
-  const auto enter = [](std::uint8_t unit) { return packet(PKT_SET, CMD_SET_MODE, unit, {kModeCommand}); };
   const auto read = packet(PKT_GET, CMD_OPT_GET_CALIB, 0);
   firmware.receive(read);
   EXPECT_EQ(replyOf(firmware), kNothing);
@@ -56,13 +57,16 @@ TEST(Firmware, HandsItsBlocksOutOnlyWhenEveryUnitIsInCommandMode) {
 
 TEST(Firmware, IgnoresEveryTruncationAndBitFlipOfAPacket) {
   Firmware firmware(exampleDevice(DeviceKind::Infrared));
-  const auto good = packet(PKT_SET, CMD_SET_MODE, 0, {kModeCommand});
+  const auto good = enter(0);
   for (std::size_t length = 0; length < good.size(); ++length)
     EXPECT_EQ(firmware.receive(std::span(good).first(length)), TransferResult::Done);
   for (std::size_t bit = 0; bit < 8 * good.size(); ++bit) {
     auto flipped = good;
     flipped[bit / 8] ^= static_cast<std::uint8_t>(1U << (bit % 8));
     EXPECT_EQ(firmware.receive(flipped), TransferResult::Done);
+    if (bit / 8 >= kPayloadAt) continue;
+    flipped.back() = static_cast<std::uint8_t>(flipped.back() + flipped[bit / 8] - good[bit / 8]);
+    EXPECT_EQ(firmware.receive(flipped), TransferResult::Done) << "a wrong header with its checksum";
   }
   EXPECT_FALSE(firmware.inCommandMode());
   EXPECT_EQ(replyOf(firmware), kNothing);
@@ -93,26 +97,42 @@ TEST(Firmware, OfAConfigurationOnlyDeviceStallsEveryTransfer) {
   Firmware firmware(exampleDevice(DeviceKind::ConfigurationOnly));
   Bytes reply(kPacketSize);
   std::size_t length = 1;
-  EXPECT_EQ(firmware.receive(packet(PKT_GET, CMD_GET_VERSION, 0)), TransferResult::Stalled);
+  EXPECT_EQ(firmware.receive(kGetVersion), TransferResult::Stalled);
   EXPECT_EQ(firmware.reply(reply, length), TransferResult::Stalled);
   EXPECT_EQ(length, 0U);
 }
 
-TEST(Firmware, ComesBackInWorkModeWithItsBlocksAfterAPowerCycle) {
+TEST(Firmware, ThatIsLateCountsEveryCommandAnew) {
   Firmware firmware(exampleDevice(DeviceKind::Infrared));
-  firmware.receive(packet(PKT_SET, CMD_SET_MODE, 0, {kModeCommand}));
+  firmware.setFault({Fault::LateReply, 2});
+  const auto mode = enter(0);
+  const std::pair<Bytes, bool> sent[] = {{mode, false},        {mode, true},       {mode, false},
+                                         {kGetVersion, false}, {mode, false},      {mode, true},
+                                         {kGetVersion, false}, {kGetVersion, true}};
+  for (const auto& [command, answered] : sent) {
+    firmware.receive(command);
+    EXPECT_EQ(replyOf(firmware) != kNothing, answered);
+  }
+}
+
+TEST(Firmware, ComesBackInWorkModeWithItsBlocksAndItsFaultAfterAPowerCycle) {
+  Firmware firmware(exampleDevice(DeviceKind::Infrared));
+  firmware.receive(enter(0));
   firmware.receive(packet(PKT_SET, CMD_IR_SET_CALIB_X, 0, Bytes(kBlockSize, 0x5A)));
   firmware.setFault({Fault::DiesAfterPackets, 1});
-  firmware.receive(packet(PKT_GET, CMD_GET_VERSION, 0));
+  firmware.receive(kGetVersion);
   EXPECT_EQ(replyOf(firmware)[kCommandAt], CMD_GET_VERSION);
-  EXPECT_EQ(firmware.receive(packet(PKT_GET, CMD_GET_VERSION, 0)), TransferResult::Gone);
+  for (int life = 0; life < 2; ++life) {
+    EXPECT_EQ(firmware.receive(kGetVersion), TransferResult::Gone);
+    firmware.powerCycle();
+    EXPECT_EQ(replyOf(firmware), kNothing);
+    EXPECT_FALSE(firmware.inCommandMode());
+    EXPECT_EQ(imageOf(firmware.stored().calibParams.X)[0], 0x5A);
+    EXPECT_EQ(firmware.receive(enter(0)), TransferResult::Done);
+  }
+  EXPECT_EQ(firmware.receive(kGetVersion), TransferResult::Gone);
   firmware.setFault({});
-  EXPECT_EQ(firmware.receive(packet(PKT_GET, CMD_GET_VERSION, 0)), TransferResult::Gone);
-
-  firmware.powerCycle();
-  EXPECT_EQ(replyOf(firmware), kNothing);
-  EXPECT_FALSE(firmware.inCommandMode());
-  EXPECT_EQ(imageOf(firmware.stored().calibParams.X)[0], 0x5A);
+  EXPECT_EQ(firmware.receive(kGetVersion), TransferResult::Gone) << "until it is plugged in again";
 }
 
 }  // namespace
