@@ -180,8 +180,8 @@ TEST_F(DriverServiceClientTest, OutlivesTheBusItself) {
   EXPECT_EQ(find(registry), 0U);
   bus.start();
   ASSERT_TRUE(served->connectAgain());
-  EXPECT_EQ(probe(before), kErrorNoDevice) << "the new bus gives out the same client names again";
   EXPECT_EQ(probe(find(registry)), kSuccess);
+  EXPECT_EQ(probe(before), kErrorNoDevice) << "the new bus gives out the same client names again";
 }
 
 TEST_F(DriverServiceClientTest, WaitsOnlySoLongForAServiceThatHangs) {

@@ -92,9 +92,8 @@ TEST_F(TouchscreensOnMockBus, OfOtherMakesAreNoneOfOurs) {
   Firmware otherProduct(foreign);
   bus.plugIn("1-2", otherProduct);
   bus.plugIn("1-3", infrared, 1, 0x1234);
-  start();
   bus.plugIn("1-4", optical);
-  ASSERT_TRUE(happens([&] { return !drivers().empty(); }));
+  start();
   EXPECT_EQ(drivers().size(), 1U);
 }
 
