@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 
 #include "config/DataSet.h"
-#include "config/SettingsKeys.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/files/PropertyListCoding.h"
 #include "support/TemporaryDirectory.h"

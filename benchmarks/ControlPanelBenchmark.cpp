@@ -1,7 +1,6 @@
 #include <benchmark/benchmark.h>
 
-#include "PanelRig.h"
-#include "app/MyController.h"
+#include "ControllerRig.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/TemporaryDirectory.h"
@@ -15,7 +14,8 @@ constexpr int kTouchscreens = 40;
 class Wall {
  public:
   explicit Wall(PropertyListFiles& files, const std::string& directory = "memory")
-      : files_(files), paths_(ConfigPaths::in(directory)) {
+      : controller(outletsOf(rig.interface), rig.portsOn(machine_.registry(), machine_.usb(), machine_.usb(),
+                                                         files, ConfigPaths::in(directory))) {
     const auto examples = simulated::exampleTouchscreens();
     for (int number = 0; number < kTouchscreens; ++number) {
       auto model = examples[static_cast<std::size_t>(number) % examples.size()];
@@ -34,22 +34,13 @@ class Wall {
         benchmark::DoNotOptimize(controller.objectValue(column, row));
   }
 
-  testing::PanelRig rig;
+  testing::ControllerRig rig;
 
  private:
-  ControllerPorts portsOnThisMachine() {
-    return {rig.application,  rig.alerts, rig.sheets,      rig.screen,          rig.cursor,
-            rig.presentation, rig.clock,  rig.runLoop,     machine_.registry(), machine_.usb(),
-            machine_.usb(),   files_,     rig.diagnostics, rig.statusLine,      rig.waitNotice,
-            rig.process,      paths_};
-  }
-
   simulated::SimulatedTouchscreens machine_;
-  PropertyListFiles& files_;
-  ConfigPaths paths_;
 
  public:
-  MyController controller{rig.outlets, portsOnThisMachine()};
+  MyController controller;
 };
 
 void apply(Wall& wall, benchmark::State& state) {

@@ -2,24 +2,30 @@
 
 #include <memory>
 
-#include "app/BorderlessWindow.h"
-#include "app/ControllerPorts.h"
 #include "app/ControllerState.h"
 #include "app/RunWindow.h"
 #include "calibration/Calibration.h"
 #include "calibration/RegionCalibration.h"
-#include "discovery/ContextStore.h"
-#include "discovery/DriverChannel.h"
 
 namespace touchpanel {
+
+/// A window without a title bar that takes the keyboard and becomes main all the same: a calibration needs its
+/// key events.
+class BorderlessWindow final : public WindowBehaviour {
+ public:
+  bool canBecomeKeyWindow() const override { return true; }
+  bool canBecomeMainWindow() const override { return true; }
+};
 
 /// Puts a calibration of the selected touchscreen on the main screen, above everything, and starts it. View
 /// and window are kept until the next run of their kind replaces them. While a run is on the screen no other
 /// one is started.
 class CalibrationStarter {
  public:
-  /// `controller` is told of an accepted result; it must outlive the runs.
-  CalibrationStarter(const ControllerPorts& ports, const ControllerState& state, TableReloader& controller);
+  /// `controller` is called after an accepted result; it must outlive the runs.
+  CalibrationStarter(const ControllerState& state, const CalibrationPorts& ports, Screen& screen,
+                     StatusLine& statusLine, TableReloader& controller)
+      : state_(state), ports_(ports), screen_(screen), statusLine_(statusLine), controller_(controller) {}
 
   /// Targets all over the screen.
   void startPoints();
@@ -33,11 +39,11 @@ class CalibrationStarter {
   template <typename View>
   void start(std::unique_ptr<View>& view, std::unique_ptr<RunWindow>& window);
 
-  const ControllerPorts& ports_;
   const ControllerState& state_;
+  CalibrationPorts ports_;
+  Screen& screen_;
+  StatusLine& statusLine_;
   TableReloader& controller_;
-  DriverChannel driver_;
-  ContextStore store_;
   BorderlessWindow behaviour_;
 
   // A window goes before the view that it shows.

@@ -3,8 +3,13 @@
 #include <memory>
 
 #include "discovery/DeviceEntry.h"
+#include "platform/StatusLine.h"
+#include "platform/Translatable.h"
 
 namespace touchpanel {
+
+/// The answer to every command that needs a selection.
+inline const StatusMessage kNoDeviceSelected{TRANSLATABLE_TEXT("StatusLine", "No touchscreen is selected.")};
 
 /// What the main controller owns and its collaborators work on.
 struct ControllerState {

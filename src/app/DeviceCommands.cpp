@@ -1,39 +1,33 @@
 #include "app/DeviceCommands.h"
 
+#include "platform/Translatable.h"
+
 namespace touchpanel {
 
-DeviceCommands::DeviceCommands(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state)
-    : outlets_(outlets),
-      ports_(ports),
-      state_(state),
-      buttons_(outlets, state),
-      driver_(ports.registry),
-      store_(ports.usbServices, ports.files, ports.paths, {ports.clock, ports.diagnostics},
-             ports.waitNotice) {}
-
 void DeviceCommands::Reset() {
-  if (!state_.hasSelection()) return ports_.statusLine.show({StatusText::NoDeviceSelected});
+  if (!state_.hasSelection()) return statusLine_.show(kNoDeviceSelected);
   auto& entry = *state_.currentDict;
   driver_.resetCalibration(registryObjectOf(entry, entry_key::kHandle));
-  auto& context = ports_.process.DeviceContext;
-  context.DeviceConfig.CalibrateStatus = 0;
-  store_.save(entry.integer(entry_key::kProductID), entry.integer(entry_key::kDeviceInterface), context);
+  context_.DeviceConfig.CalibrateStatus = 0;
+  store_.save(entry.integer(entry_key::kProductID), entry.integer(entry_key::kDeviceInterface), context_);
   outlets_.btnReset.setEnabled(false);
   entry.set(entry_key::kCalibrateStatus, entry_key::kNo);
-  storeContext(entry, context);
+  storeContext(entry, context_);
   outlets_.deviceTableView.reloadData();
-  ports_.statusLine.show({StatusText::CalibrationReset, entry.text(entry_key::kSN)});
+  statusLine_.show({TRANSLATABLE_TEXT("StatusLine", "A reset of the calibration was sent to %1."),
+                    entry.text(entry_key::kSN)});
 }
 
 void DeviceCommands::EnableTouch() {
-  if (!state_.hasSelection()) return ports_.statusLine.show({StatusText::NoDeviceSelected});
+  if (!state_.hasSelection()) return statusLine_.show(kNoDeviceSelected);
   auto& selected = *state_.currentDict;
   const bool enable = !selected.boolean(settings_key::kEnableTouch);
   for (const auto& entry : state_.deviceListArray) entry->set(settings_key::kEnableTouch, enable);
   buttons_.titleEnableTouch(enable);
   driver_.enableTouch(registryObjectOf(selected, entry_key::kHandle), enable);
-  ports_.statusLine.show(
-      {enable ? StatusText::TouchEnabled : StatusText::TouchDisabled, selected.text(entry_key::kSN)});
+  statusLine_.show({enable ? TRANSLATABLE_TEXT("StatusLine", "Touch was enabled on %1.")
+                           : TRANSLATABLE_TEXT("StatusLine", "Touch was disabled on %1."),
+                    selected.text(entry_key::kSN)});
 }
 
 }  // namespace touchpanel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/CommandButtons.h"
-#include "app/ControllerPorts.h"
 #include "discovery/ContextStore.h"
 #include "discovery/DriverChannel.h"
 
@@ -10,23 +9,33 @@ namespace touchpanel {
 /// The commands that act on the selected touchscreen at once.
 class DeviceCommands {
  public:
-  DeviceCommands(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state);
+  /// `context` is what a reset writes.
+  DeviceCommands(const Outlets& outlets, ControllerState& state, CommandButtons& buttons,
+                 DriverChannel& driver, ContextStore& store, _DEVICT_CONTEXT& context, StatusLine& statusLine)
+      : outlets_(outlets),
+        state_(state),
+        buttons_(buttons),
+        driver_(driver),
+        store_(store),
+        context_(context),
+        statusLine_(statusLine) {}
 
-  /// Discards the device's calibration, in the driver and in the device. What is written is the process-wide
-  /// context, not the entry's: apart from the status everything goes out as it stands there. Blocks for the
+  /// Discards the device's calibration, in the driver and in the device. What is written is `context`,
+  /// not the entry's: apart from the status everything goes out as it stands there. Blocks for the
   /// time of the write. No outcome is examined.
   void Reset();
 
-  /// Turns "EnableTouch" over in every entry, but tells the selected device's driver only.
+  /// Inverts "EnableTouch" of the selected device in every entry, but sends it to that device's driver only.
   void EnableTouch();
 
  private:
   const Outlets& outlets_;
-  const ControllerPorts& ports_;
   ControllerState& state_;
-  CommandButtons buttons_;
-  DriverChannel driver_;
-  ContextStore store_;
+  CommandButtons& buttons_;
+  DriverChannel& driver_;
+  ContextStore& store_;
+  _DEVICT_CONTEXT& context_;
+  StatusLine& statusLine_;
 };
 
 }  // namespace touchpanel

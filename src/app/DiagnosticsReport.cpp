@@ -47,8 +47,9 @@ void addDevice(std::string& report, const Dictionary& entry, Registry& registry)
     const auto* value = entry.find(key);
     addValue(report, key, value ? cellText(key, *value) : "absent");
   }
-  for (const auto* key : settings_key::kAll)
-    if (const auto* value = entry.find(key)) addValue(report, key, cellText(key, *value));
+  for (const auto& setting : kSettingsInFile)
+    if (const auto* value = entry.find(setting.key))
+      addValue(report, setting.key, cellText(setting.key, *value));
   addDriverState(report, entry, registry);
 }
 

@@ -1,5 +1,7 @@
 #include "app/DiscoveredDevices.h"
 
+#include "platform/Translatable.h"
+
 namespace touchpanel {
 
 DiscoveredDevices::DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
@@ -9,8 +11,11 @@ DiscoveredDevices::DiscoveredDevices(const Outlets& outlets, ControllerState& st
 void DiscoveredDevices::reloadDeviceTable() {
   outlets_.deviceTableView.reloadData();
   const auto& list = state_.deviceListArray;
-  if (list.size() > told_) statusLine_.show({StatusText::DeviceConnected, list.back()->text(entry_key::kSN)});
-  if (list.size() < told_) statusLine_.show({StatusText::DeviceUnplugged});
+  if (list.size() > told_)
+    statusLine_.show(
+        {TRANSLATABLE_TEXT("StatusLine", "%1 was connected."), list.back()->text(entry_key::kSN)});
+  if (list.size() < told_)
+    statusLine_.show({TRANSLATABLE_TEXT("StatusLine", "A touchscreen was unplugged.")});
   told_ = list.size();
 }
 

@@ -1,14 +1,50 @@
 #include "app/MyController.h"
 
-#include "app/Collaborators.h"
+#include "app/CalibrationStarter.h"
+#include "app/DeviceCommands.h"
+#include "app/DiscoveredDevices.h"
 #include "app/VersionLabel.h"
 #include "discovery/DeviceList.h"
+#include "discovery/UsbDiscovery.h"
 
 namespace touchpanel {
 
 namespace {
 constexpr int kAboutReturnCode = 1;
 }
+
+/// What does the controller's work; all of it shares the controller's state. Each stands once and behind what it
+/// uses.
+struct MyController::Collaborators {
+  Collaborators(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state,
+                TableReloader& controller)
+      : Collaborators(outlets, ports, ports.discovery, state, controller) {}
+  Collaborators(const Outlets& outlets, const ControllerPorts& ports, const DiscoveryPorts& system,
+                ControllerState& state, TableReloader& controller)
+      : driver(system.registry),
+        store(system.usbServices, system.files, system.paths, {system.clock, system.diagnostics},
+              system.waitNotice),
+        buttons(outlets, state),
+        settings(
+            outlets, state, buttons, driver,
+            {ports.sheets, ports.statusLine, system.usbServices, system.process, system.files, system.paths}),
+        table(outlets, state, settings),
+        commands(outlets, state, buttons, driver, store, system.process.DeviceContext, ports.statusLine),
+        calibrations(state, {driver, system.runLoop, ports.cursor, ports.presentation, store}, ports.screen,
+                     ports.statusLine, controller),
+        devices(outlets, state, table, ports.statusLine),
+        discovery(system, devices) {}
+
+  DriverChannel driver;
+  ContextStore store;
+  CommandButtons buttons;
+  SettingsPanel settings;
+  DeviceTable table;
+  DeviceCommands commands;
+  CalibrationStarter calibrations;
+  DiscoveredDevices devices;
+  UsbDiscovery discovery;
+};
 
 MyController::MyController(const Outlets& outlets, const ControllerPorts& ports)
     : outlets_(outlets),
@@ -21,14 +57,14 @@ MyController::~MyController() = default;
 
 void MyController::init() {
   state_ = ControllerState();
-  ports_.process.devIntf = nullptr;
+  ports_.discovery.process.devIntf = nullptr;
 }
 
 void MyController::awakeFromNib() {
   outlets_.btnMapping.setEnabled(false);
   registerForUSBNotifications();
   outlets_.KeyWindow.setHidesOnDeactivate(false);
-  outlets_.lbDriverVersion.setText(driverVersionText());
+  outlets_.lbDriverVersion.setText(kDriverVersion);
 }
 
 std::int32_t MyController::numberOfRows() { return collaborators_->table.numberOfRows(); }
@@ -46,7 +82,7 @@ void MyController::reloadTableViewData() {
   UpdateSettings();
 }
 
-void MyController::Exit() { ports_.application.exit(0); }
+void MyController::Exit() { ports_.discovery.application.exit(0); }
 
 void MyController::About() { ports_.sheets.begin(outlets_.AboutWindow, outlets_.KeyWindow); }
 
@@ -88,7 +124,7 @@ void MyController::SaveDriverConfig() { collaborators_->settings.SaveDriverConfi
 void MyController::WriteDriverConfigToFile() { collaborators_->settings.WriteDriverConfigToFile(); }
 
 void MyController::WriteDeviceConfigToFile(const _DEVICT_CONTEXT& context) {
-  writeDeviceConfig(ports_.files, ports_.paths, context);
+  writeDeviceConfig(ports_.discovery.files, ports_.discovery.paths, context);
 }
 
 bool MyController::registerForUSBNotifications() {
@@ -100,7 +136,8 @@ bool MyController::CheckDevice(std::uint32_t locationId) const {
 }
 
 void MyController::RemoveDeviceFromArray() {
-  touchpanel::RemoveDeviceFromArray(collaborators_->devices, ports_.registry, ports_.application);
+  touchpanel::RemoveDeviceFromArray(collaborators_->devices, ports_.discovery.registry,
+                                    ports_.discovery.application);
 }
 
 void MyController::LoadDeviceConfig(_DEVICT_CONTEXT& context, UsbDeviceInterface& device,

@@ -1,5 +1,7 @@
 #include "app/RunWindow.h"
 
+#include "platform/Translatable.h"
+
 namespace touchpanel {
 
 RunWindow::RunWindow(std::unique_ptr<FullScreenWindow> window, TableReloader& controller,
@@ -18,7 +20,11 @@ void RunWindow::present(View& view) {
 
 void RunWindow::close() {
   window_->close();
-  statusLine_.show({accepted_ ? StatusText::CalibrationSaved : StatusText::CalibrationLeft, device_});
+  statusLine_.show(
+      {accepted_ ? TRANSLATABLE_TEXT("StatusLine", "The new calibration of %1 was accepted.")
+                 : TRANSLATABLE_TEXT("StatusLine",
+                                     "The calibration of %1 ended; nothing was written to the touchscreen."),
+       device_});
 }
 
 void RunWindow::reloadTableViewData() {

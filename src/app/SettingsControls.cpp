@@ -10,43 +10,32 @@ constexpr std::int32_t kManyTargets = 25;
 constexpr std::int32_t kRowOfFewTargets = 0;
 constexpr std::int32_t kRowOfManyTargets = 1;
 
-constexpr std::int32_t kClickOnTouch = 0;
-constexpr std::int32_t kClickOnRelease = 1;
-constexpr std::int32_t kDragAndHold = 2;
+struct Show {
+  void operator()(RadioGroup& control, std::int32_t value) const { control.selectRow(value); }
+  void operator()(IntegerControl& control, std::int32_t value) const { control.setIntegerValue(value); }
+  void operator()(CheckBox& control, bool value) const { control.setOn(value); }
+};
+
+struct Read {
+  void operator()(const RadioGroup& control, std::int32_t& value) const { value = control.selectedRow(); }
+  void operator()(const IntegerControl& control, std::int32_t& value) const {
+    value = control.integerValue();
+  }
+  void operator()(const CheckBox& control, bool& value) const { value = control.isOn(); }
+};
 
 }  // namespace
 
-void SettingsControls::show(const SettingsValues& values) {
-  outlets_.touchMode.selectRow(values.touchMode);
-  outlets_.calibMode.selectRow(values.calibrateMode == kFewTargets ? kRowOfFewTargets : kRowOfManyTargets);
+void SettingsControls::show(const TouchSettings& settings) {
   outlets_.calibType.setEnabled(false);
-  outlets_.calibType.selectRow(values.calibrateType);
-  outlets_.singleClickArea.setIntegerValue(values.clickRange);
-  outlets_.smoothness.setIntegerValue(values.smoothness);
-  outlets_.enableRightClick.setOn(values.enableRightClick);
-  outlets_.rightClickTime.setIntegerValue(values.rightClickTime);
-  outlets_.rightClickArea.setIntegerValue(values.rightClickArea);
-  outlets_.doubleClickTime.setIntegerValue(values.doubleClickTime);
-  outlets_.doubleClickArea.setIntegerValue(values.doubleClickArea);
-  outlets_.enableTouchSensitivity.setOn(values.enableTouchSensitivity);
-  outlets_.touchSensitivityTime.setIntegerValue(values.touchSensitivityTime);
-  outlets_.touchSensitivityArea.setIntegerValue(values.touchSensitivityArea);
+  outlets_.calibMode.selectRow(settings.calibrateMode == kFewTargets ? kRowOfFewTargets : kRowOfManyTargets);
+  forEachSetting(outlets_, settings, Show());
 }
 
-SettingsValues SettingsControls::values() const {
-  return {.touchMode = outlets_.touchMode.selectedRow(),
-          .clickRange = outlets_.singleClickArea.integerValue(),
-          .smoothness = outlets_.smoothness.integerValue(),
-          .calibrateMode = outlets_.calibMode.selectedRow() == kRowOfFewTargets ? kFewTargets : kManyTargets,
-          .calibrateType = outlets_.calibType.selectedRow(),
-          .enableRightClick = outlets_.enableRightClick.isOn(),
-          .rightClickTime = outlets_.rightClickTime.integerValue(),
-          .rightClickArea = outlets_.rightClickArea.integerValue(),
-          .doubleClickTime = outlets_.doubleClickTime.integerValue(),
-          .doubleClickArea = outlets_.doubleClickArea.integerValue(),
-          .enableTouchSensitivity = outlets_.enableTouchSensitivity.isOn(),
-          .touchSensitivityTime = outlets_.touchSensitivityTime.integerValue(),
-          .touchSensitivityArea = outlets_.touchSensitivityArea.integerValue()};
+TouchSettings SettingsControls::changed(TouchSettings settings) const {
+  settings.calibrateMode = outlets_.calibMode.selectedRow() == kRowOfFewTargets ? kFewTargets : kManyTargets;
+  forEachSetting(outlets_, settings, Read());
+  return settings;
 }
 
 void SettingsControls::enableDependents(std::int32_t touchMode, std::int32_t productId) {

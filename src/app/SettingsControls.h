@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Outlets.h"
-#include "app/SettingsValues.h"
+#include "contract/TouchSettings.h"
 
 namespace touchpanel {
 
@@ -10,12 +10,12 @@ class SettingsControls {
  public:
   explicit SettingsControls(const Outlets& outlets) : outlets_(outlets) {}
 
-  /// Shows `values`. Any number of targets but 4 is shown as the second choice. The calibration type can be
+  /// Shows `settings`. Any number of targets but 4 is shown as the second choice. The calibration type can be
   /// seen, never chosen.
-  void show(const SettingsValues& values);
+  void show(const TouchSettings& settings);
 
-  /// What the controls show now; the number of targets is 4 or 25.
-  SettingsValues values() const;
+  /// `settings` with what the controls show in their place; the number of targets is then 4 or 25.
+  TouchSettings changed(TouchSettings settings) const;
 
   /// Enables the controls that depend on the touch mode and on what kind of device `productId` is:
   ///

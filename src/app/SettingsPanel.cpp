@@ -1,17 +1,36 @@
 #include "app/SettingsPanel.h"
 
+#include "platform/Translatable.h"
+
 namespace touchpanel {
 
-SettingsPanel::SettingsPanel(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state)
-    : outlets_(outlets),
-      ports_(ports),
-      state_(state),
-      controls_(outlets),
-      buttons_(outlets, state),
-      driver_(ports.registry) {}
+namespace {
+
+/// The settings in `entry`. A key that it lacks reads as its default: a double-click time that the system does
+/// not have must not be offered, and then applied, as 0 ms.
+TouchSettings settingsOf(const Dictionary& entry) {
+  TouchSettings settings;
+  for (const auto& setting : kTouchSettings) {
+    const auto* stored = entry.find(setting.key);
+    if (stored == nullptr) continue;
+    if (const auto* integer = std::get_if<std::int32_t TouchSettings::*>(&setting.member))
+      settings.** integer = stored->integer();
+    if (const auto* boolean = std::get_if<bool TouchSettings::*>(&setting.member))
+      settings.** boolean = stored->boolean();
+  }
+  return settings;
+}
+
+/// Integers and booleans, whatever types were there before.
+void storeSettings(const TouchSettings& settings, Dictionary& entry) {
+  for (const auto& setting : kTouchSettings)
+    if (setting.isOnSheet) entry.set(setting.key, valueOf(settings, setting));
+}
+
+}  // namespace
 
 void SettingsPanel::Settings() {
-  if (!state_.hasSelection()) return ports_.statusLine.show({StatusText::NoDeviceSelected});
+  if (!state_.hasSelection()) return ports_.statusLine.show(kNoDeviceSelected);
   state_.bEnableItems = false;
   state_.bSaveSettings = false;
   outlets_.btnApply.setEnabled(false);
@@ -26,9 +45,9 @@ void SettingsPanel::UpdateSettings() {
   if (!state_.hasSelection()) return;
   const auto& entry = *state_.currentDict;
   buttons_.titleEnableTouch(entry.boolean(settings_key::kEnableTouch));
-  const auto values = settingsOf(entry);
-  RefreshTouchMode(values.touchMode);
-  controls_.show(values);
+  const auto settings = settingsOf(entry);
+  RefreshTouchMode(settings.mode);
+  controls_.show(settings);
   ports_.process.devIntf = ports_.usbServices.deviceInterface(entry.integer(entry_key::kDeviceInterface));
 }
 
@@ -38,16 +57,17 @@ void SettingsPanel::RefreshTouchMode(std::int32_t touchMode) {
 
 void SettingsPanel::SettingsChange() {
   if (!state_.hasSelection()) return;
-  const auto shown = controls_.values();
-  RefreshTouchMode(shown.touchMode);
-  const bool changed = shown != settingsOf(*state_.currentDict);
+  const auto stored = settingsOf(*state_.currentDict);
+  const auto shown = controls_.changed(stored);
+  RefreshTouchMode(shown.mode);
+  const bool changed = shown != stored;
   outlets_.btnApply.setEnabled(changed);
   if (changed) state_.bSaveSettings = false;
 }
 
 void SettingsPanel::SettingsDefault() {
-  const SettingsValues defaults;
-  RefreshTouchMode(defaults.touchMode);
+  const TouchSettings defaults;
+  RefreshTouchMode(defaults.mode);
   controls_.show(defaults);
   SettingsChange();
 }
@@ -65,7 +85,7 @@ void SettingsPanel::SettingsOk() {
 
 void SettingsPanel::SettingsCancel() {
   close();
-  ports_.statusLine.show({StatusText::SettingsCancelled});
+  ports_.statusLine.show({TRANSLATABLE_TEXT("StatusLine", "Settings were closed without applying changes.")});
 }
 
 void SettingsPanel::close() {
@@ -76,16 +96,22 @@ void SettingsPanel::close() {
 }
 
 void SettingsPanel::SaveDriverConfig() {
-  if (!state_.hasSelection()) return ports_.statusLine.show({StatusText::NoDeviceSelected});
-  const auto values = controls_.values();
+  if (!state_.hasSelection()) return ports_.statusLine.show(kNoDeviceSelected);
+  const auto settings = controls_.changed({});
   for (const auto& entry : state_.deviceListArray) {
     const auto hidSystem = registryObjectOf(*entry, entry_key::kHiddevice);
-    driver_.applySettings(registryObjectOf(*entry, entry_key::kHandle), touchSettingsOf(values));
-    storeSettings(values, *entry);
-    if (hidSystem != 0) driver_.writeDoubleClick(hidSystem, values.doubleClickTime, values.doubleClickArea);
+    driver_.applySettings(registryObjectOf(*entry, entry_key::kHandle), settings);
+    storeSettings(settings, *entry);
+    if (hidSystem != 0)
+      driver_.writeDoubleClick(hidSystem, settings.doubleClickTime, settings.doubleClickArea);
   }
   UpdateSettings();
-  const auto outcome = WriteDriverConfigToFile() ? StatusText::SettingsSaved : StatusText::SettingsNotSaved;
+  const auto outcome =
+      WriteDriverConfigToFile()
+          ? TRANSLATABLE_COUNT("StatusLine", "Settings were sent to %n touchscreen(s) and saved.")
+          : TRANSLATABLE_COUNT(
+                "StatusLine",
+                "Settings were sent to %n touchscreen(s), but could not be saved for the next start.");
   ports_.statusLine.show({.text = outcome, .count = static_cast<int>(state_.deviceListArray.size())});
 }
 
@@ -97,7 +123,9 @@ void SettingsPanel::selectionChanged() {
   UpdateSettings();
   if (!isOpen()) return;
   outlets_.btnApply.setEnabled(false);
-  ports_.statusLine.show({StatusText::SettingsReloaded, state_.currentDict->text(entry_key::kSN)});
+  ports_.statusLine.show(
+      {TRANSLATABLE_TEXT("StatusLine", "Touchscreens have changed; the settings shown are those of %1."),
+       state_.currentDict->text(entry_key::kSN)});
 }
 
 }  // namespace touchpanel

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "app/CommandButtons.h"
-#include "app/ControllerPorts.h"
 #include "app/SettingsControls.h"
+#include "config/DataSet.h"
+#include "discovery/DriverChannel.h"
+#include "discovery/ProcessState.h"
 
 namespace touchpanel {
 
@@ -22,7 +24,22 @@ namespace touchpanel {
 // clang-format on
 class SettingsPanel {
  public:
-  SettingsPanel(const Outlets& outlets, const ControllerPorts& ports, ControllerState& state);
+  struct Ports {
+    Sheets& sheets;
+    StatusLine& statusLine;
+    UsbServices& usbServices;
+    ProcessState& process;
+    PropertyListFiles& files;
+    const ConfigPaths& paths;
+  };
+  SettingsPanel(const Outlets& outlets, ControllerState& state, CommandButtons& buttons,
+                DriverChannel& driver, const Ports& ports)
+      : outlets_(outlets),
+        state_(state),
+        buttons_(buttons),
+        driver_(driver),
+        ports_(ports),
+        controls_(outlets) {}
 
   void Settings();
   void UpdateSettings();
@@ -45,11 +62,11 @@ class SettingsPanel {
   void close();
 
   const Outlets& outlets_;
-  const ControllerPorts& ports_;
   ControllerState& state_;
+  CommandButtons& buttons_;
+  DriverChannel& driver_;
+  Ports ports_;
   SettingsControls controls_;
-  CommandButtons buttons_;
-  DriverChannel driver_;
 };
 
 }  // namespace touchpanel

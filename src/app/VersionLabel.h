@@ -1,10 +1,8 @@
 #pragma once
 
-#include <string>
-
 namespace touchpanel {
 
 /// The text of the version label: a build constant, neither the driver's version nor the system's.
-std::string driverVersionText();
+inline constexpr char kDriverVersion[] = "15.1.3.0004";
 
 }  // namespace touchpanel

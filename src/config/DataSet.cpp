@@ -2,26 +2,17 @@
 
 #include <utility>
 
-#include "config/SettingsKeys.h"
+#include "contract/TouchSettings.h"
 
 namespace touchpanel {
 
 namespace {
 
 Dictionary defaultDriverConfig() {
-  namespace key = settings_key;
-  return {{key::kTouchMode, 2},
-          {key::kEnableTouch, true},
-          {key::kClickRange, false},  // a boolean in every file of the field; readers take it as 0
-          {key::kSmoothness, 1},
-          {key::kCalibrateMode, 4},
-          {key::kCalibrateType, 0},
-          {key::kEnableRightClick, true},
-          {key::kRightClickTime, 1000},
-          {key::kRightClickArea, 5},
-          {key::kEnableTouchSensitivity, true},
-          {key::kTouchSensitivityTime, 100},
-          {key::kTouchSensitivityArea, 5}};
+  Dictionary config;
+  for (const auto& setting : kSettingsInFile) config.set(setting.key, valueOf(TouchSettings(), setting));
+  config.set(settings_key::kClickRange, false);  // a boolean in every file of the field; readers take it as 0
+  return config;
 }
 
 Dictionary defaultDeviceConfig() {
@@ -51,7 +42,7 @@ Dictionary DataSet::loadedDeviceConfig() const {
 bool writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry) {
   Dictionary contents;
   try {
-    for (const char* key : settings_key::kAll) contents.set(key, entry.find(key));
+    for (const auto& setting : kSettingsInFile) contents.set(setting.key, entry.find(setting.key));
   } catch (const AbsentValue&) {
     return false;
   }

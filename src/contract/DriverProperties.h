@@ -1,7 +1,9 @@
 #pragma once
 
+#include "contract/TouchSettings.h"
+
 /// The names by which the control panel and the touch driver know each other: classes, property names and
-/// keys. Both sides match them by their exact text, so the spelling of "configration" is part of the
+/// keys; those of the settings are in TouchSettings.h. Both sides match them by their exact text, so the spelling of "configration" is part of the
 /// contract.
 namespace touchpanel {
 
@@ -35,29 +37,6 @@ inline constexpr char kMaxY[] = "maxY";
 inline constexpr char kX[] = "x";  ///< int32, read back: raw X of the last captured touch
 inline constexpr char kY[] = "y";
 }  // namespace calibration_key
-
-/// Keys of the "configration" dictionary.
-namespace configration_key {
-inline constexpr char kMode[] = "mode";                                      ///< int32: touch mode 0..3
-inline constexpr char kClickRange[] = "clickRange";                          ///< int32
-inline constexpr char kEnableRightClick[] = "enableRightClick";              ///< bool
-inline constexpr char kRightClickTime[] = "rightClickTime";                  ///< int32: ms
-inline constexpr char kRightClickArea[] = "rightClickArea";                  ///< int32
-inline constexpr char kEnableTouchSensitivity[] = "enableTouchSensitivity";  ///< bool
-inline constexpr char kTouchSensitivityTime[] = "touchSensitivityTime";      ///< int32: ms
-inline constexpr char kTouchSensitivityArea[] = "touchSensitivityArea";      ///< int32
-inline constexpr char kSmoothness[] = "smoothness";                          ///< int32
-inline constexpr char kEnableTouch[] = "enableTouch";                        ///< bool
-}  // namespace configration_key
-
-/// What the touch driver takes for a "configration" key; anything outside is refused together with the whole
-/// message. A unit of an area or range is 32 logical units, a 1024th of the screen, to each side of a point.
-namespace configration_limit {
-inline constexpr int kMaximumMode = 3;
-inline constexpr int kMaximumArea = 1000;     ///< "clickRange", "rightClickArea", "touchSensitivityArea"
-inline constexpr int kMaximumTimeMs = 60000;  ///< "rightClickTime", "touchSensitivityTime"
-inline constexpr int kMaximumSmoothness = 100;
-}  // namespace configration_limit
 
 namespace calibration_limit {
 inline constexpr int kMaximumPointId = 255;

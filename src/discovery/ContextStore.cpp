@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "contract/ProductId.h"
+#include "platform/Translatable.h"
 
 namespace touchpanel {
 
@@ -28,7 +29,7 @@ void ContextStore::saveToDevice(SaveExchange exchange, UsbDeviceReference device
                                 const _DEVICT_CONTEXT& context) {
   UsbDeviceInterface* const interface = usb_.deviceInterface(device);
   if (interface == nullptr) return;
-  const WaitScope wait(waitNotice_, WaitText::WritingTouchscreen);
+  const WaitScope wait(waitNotice_, {TRANSLATABLE_TEXT("WaitNotice", "Writing to the touchscreen...")});
   exchange(*interface, context, ports_);
 }
 

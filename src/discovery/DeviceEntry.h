@@ -3,14 +3,14 @@
 #include <memory>
 #include <vector>
 
-#include "config/SettingsKeys.h"
+#include "contract/TouchSettings.h"
 #include "platform/Registry.h"
 #include "platform/Value.h"
 #include "protocol/DeviceContext.h"
 
 namespace touchpanel {
 
-/// One listed touchscreen: a dictionary from the keys below and the twelve settings keys. It is never copied:
+/// One listed touchscreen: a dictionary from the keys below and those of the settings. It is never copied:
 /// a change made through the selection is a change of the listed entry. The device list owns it; the
 /// selection and a running calibration hold it too, so that an entry which is dropped from the list stays
 /// valid for as long as anyone works on it.
@@ -29,9 +29,8 @@ inline constexpr char kDeviceInterface[] = "DeviceInterface";  ///< int32: UsbDe
 inline constexpr char kLocationID[] = "LocationID";            ///< int32
 inline constexpr char kVendorID[] = "VendorID";
 inline constexpr char kProductID[] = "ProductID";
-inline constexpr char kDeviceContext[] = "DeviceContext";      ///< 293 bytes
-inline constexpr char kDoubleClickTime[] = "DoubleClickTime";  ///< ms; absent when the system does not tell
-inline constexpr char kDoubleClickArea[] = "DoubleClickArea";
+inline constexpr char kDeviceContext[] = "DeviceContext";              ///< 293 bytes
+using settings_key::kDoubleClickArea, settings_key::kDoubleClickTime;  ///< absent where the system has none
 inline constexpr char kHiddevice[] = "Hiddevice";  ///< int64: RegistryObject of the HID system
 inline constexpr char kYes[] = "YES";
 inline constexpr char kNo[] = "NO";

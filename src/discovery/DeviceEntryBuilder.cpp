@@ -52,7 +52,7 @@ Dictionary buildDeviceEntry(const _DEVICT_CONTEXT& context, const Dictionary& se
   entry.set(entry_key::kSN, nameOf(context, identity.productId));
   entry.set(entry_key::kFirmwareVersion, firmwareVersionOf(context));
   entry.set(entry_key::kMonitorID, 0);
-  for (const char* key : settings_key::kAll) entry.set(key, settings.find(key));
+  for (const auto& setting : kSettingsInFile) entry.set(setting.key, settings.find(setting.key));
   entry.set(entry_key::kHandle, static_cast<std::int32_t>(identity.handle));
   entry.set(entry_key::kDeviceInterface, identity.deviceInterface);
   entry.set(entry_key::kLocationID, static_cast<std::int32_t>(identity.locationId));

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "platform/HexText.h"
+#include "platform/Translatable.h"
 
 namespace touchpanel {
 
@@ -44,10 +45,13 @@ UsbDeviceInterface* DeviceOpening::interfaceOf(UsbPlugIn plugIn) {
 }
 
 Status DeviceOpening::openPatiently(UsbDeviceInterface& device) {
-  WaitScope wait(ports_.waitNotice, WaitText::OpeningTouchscreen);
+  WaitScope wait(ports_.waitNotice, {TRANSLATABLE_TEXT("WaitNotice", "Opening a touchscreen...")});
   Status status = device.open();
   for (int attempt = 2; attempt <= kOpenAttempts && status != kSuccess; ++attempt) {
-    wait.change({.text = WaitText::TouchscreenInUse, .attempt = attempt});
+    wait.change(
+        {TRANSLATABLE_COUNT("WaitNotice",
+                            "The touchscreen cannot be opened yet, trying again (attempt %n of 50)..."),
+         attempt});
     ports_.clock.sleep(kBetweenAttempts);
     status = device.open();
   }

@@ -57,17 +57,11 @@ void DriverChannel::regionCalibrationCancelled(RegistryObject handle, bool statu
 }
 
 void DriverChannel::applySettings(RegistryObject handle, const TouchSettings& settings) {
-  namespace key = configration_key;
-  registry_.setProperty(handle, property::kConfigration,
-                        Dictionary{{key::kMode, settings.mode},
-                                   {key::kClickRange, settings.clickRange},
-                                   {key::kEnableRightClick, settings.enableRightClick},
-                                   {key::kRightClickTime, settings.rightClickTime},
-                                   {key::kRightClickArea, settings.rightClickArea},
-                                   {key::kEnableTouchSensitivity, settings.enableTouchSensitivity},
-                                   {key::kTouchSensitivityTime, settings.touchSensitivityTime},
-                                   {key::kTouchSensitivityArea, settings.touchSensitivityArea},
-                                   {key::kSmoothness, settings.smoothness}});
+  Dictionary message;
+  for (const auto& setting : kTouchSettings)
+    if (setting.isOnSheet && setting.driverKey != nullptr)
+      message.set(setting.driverKey, valueOf(settings, setting));
+  registry_.setProperty(handle, property::kConfigration, message);
 }
 
 void DriverChannel::setMode(RegistryObject handle, const Value& mode) {

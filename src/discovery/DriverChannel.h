@@ -17,20 +17,6 @@ struct CapturedPoint {
   bool operator==(const CapturedPoint&) const = default;
 };
 
-/// What "apply settings" tells a driver instance. Units are the driver's.
-struct TouchSettings {
-  std::int32_t mode = 0;
-  std::int32_t clickRange = 0;
-  bool enableRightClick = false;
-  std::int32_t rightClickTime = 0;
-  std::int32_t rightClickArea = 0;
-  bool enableTouchSensitivity = false;
-  std::int32_t touchSensitivityTime = 0;
-  std::int32_t touchSensitivityArea = 0;
-  std::int32_t smoothness = 0;
-  bool operator==(const TouchSettings&) const = default;
-};
-
 /// Every message between the control panel and a driver instance; the only place that knows their keys. Each
 /// write sends a fresh dictionary with just the keys of its message. Only the probes tell whether the write
 /// succeeded; the others are not checked, not repeated and not reported.
@@ -45,6 +31,7 @@ class DriverChannel {
   void pointCalibrationCancelled(RegistryObject handle, bool status, const _CALIB_PARAMS& params);
   void regionCalibrationCancelled(RegistryObject handle, bool status, const _CALIB_PARAMS& params);
 
+  /// What the settings sheet applies, in one message.
   void applySettings(RegistryObject handle, const TouchSettings& settings);
   void setMode(RegistryObject handle, const Value& mode);  ///< "mode", passed on as it is stored
   void enableTouch(RegistryObject handle, bool enabled);

@@ -7,6 +7,7 @@
 #include "discovery/DeviceList.h"
 #include "discovery/Pairing.h"
 #include "platform/HexText.h"
+#include "platform/Translatable.h"
 #include "platform_build/BuildConstants.h"
 #include "protocol/Exchange.h"
 
@@ -129,7 +130,8 @@ void UsbDiscovery::listDevice(UsbDeviceInterface& device, _DEVICT_CONTEXT& conte
 }
 
 RegistryObject UsbDiscovery::driverInstanceAt(std::uint32_t locationId) {
-  const WaitScope wait(ports_.waitNotice, WaitText::WaitingForDriver);
+  const WaitScope wait(ports_.waitNotice,
+                       {TRANSLATABLE_TEXT("WaitNotice", "Waiting for the touchscreen's driver...")});
   ports_.clock.sleep(kBeforePairing);
   // Asked for anew: the wait was for an instance that was not published yet.
   const auto instances = ports_.registry.instancesOf(class_name::kTouchDriver);
@@ -141,7 +143,8 @@ bool UsbDiscovery::readParameters(UsbDeviceInterface& device, std::uint16_t prod
                                   _DEVICT_CONTEXT& context) {
   const auto kind = kindOf(productId);
   if (kind == DeviceKind::ConfigurationOnly) return true;
-  const WaitScope wait(ports_.waitNotice, WaitText::ReadingTouchscreen);
+  const WaitScope wait(ports_.waitNotice,
+                       {TRANSLATABLE_TEXT("WaitNotice", "Reading the touchscreen's parameters...")});
   const ExchangePorts exchange{ports_.clock, ports_.diagnostics};
   switch (kind) {
     case DeviceKind::Optical:
@@ -160,7 +163,8 @@ bool UsbDiscovery::registerAgain() {
   }
   ports_.runLoop.removeSource(*ports_.process.runLoopSource);
   {
-    const WaitScope wait(ports_.waitNotice, WaitText::PreparingTouchscreen);
+    const WaitScope wait(ports_.waitNotice,
+                         {TRANSLATABLE_TEXT("WaitNotice", "A touchscreen is getting ready...")});
     ports_.clock.sleep(kBeforeRegisteringAgain);
   }
   ++repetitions_;
@@ -171,7 +175,8 @@ bool UsbDiscovery::registerAgain() {
 void UsbDiscovery::DeviceRemoved(UsbIterator& iterator) {
   while (const UsbService service = iterator.next()) {
     {
-      const WaitScope wait(ports_.waitNotice, WaitText::RemovingTouchscreen);
+      const WaitScope wait(ports_.waitNotice,
+                           {TRANSLATABLE_TEXT("WaitNotice", "A touchscreen was unplugged...")});
       ports_.clock.sleep(kBeforeRemoval);
     }
     RemoveDeviceFromArray(owner_, ports_.registry, ports_.application);

@@ -42,7 +42,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
-      controller_(controls_.outlets(), controllerPorts()) {
+      controller_(outletsOf(controls_), controllerPorts()) {
   QApplication::setStyle(new PanelStyle);          // the application takes it over
   QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
   controls_.deviceTableView.setSource(controller_);
@@ -55,23 +55,23 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
 ControlPanel::~ControlPanel() = default;
 
 ControllerPorts ControlPanel::controllerPorts() {
-  return {.application = application_,
-          .alerts = alerts_,
+  return {.discovery = {.application = application_,
+                        .alerts = alerts_,
+                        .clock = platform_.clock,
+                        .runLoop = runLoop_,
+                        .registry = platform_.registry,
+                        .usbNotifications = platform_.usbNotifications,
+                        .usbServices = platform_.usbServices,
+                        .files = platform_.files,
+                        .diagnostics = diagnostics_,
+                        .waitNotice = waitNotice_,
+                        .process = process_,
+                        .paths = platform_.paths},
           .sheets = sheets_,
           .screen = screen_,
           .cursor = cursor_,
           .presentation = presentation_,
-          .clock = platform_.clock,
-          .runLoop = runLoop_,
-          .registry = platform_.registry,
-          .usbNotifications = platform_.usbNotifications,
-          .usbServices = platform_.usbServices,
-          .files = platform_.files,
-          .diagnostics = diagnostics_,
-          .statusLine = statusLine_,
-          .waitNotice = waitNotice_,
-          .process = process_,
-          .paths = platform_.paths};
+          .statusLine = statusLine_};
 }
 
 void ControlPanel::start() {
@@ -130,7 +130,7 @@ void ControlPanel::connectSettingsSheet() {
 }
 
 void ControlPanel::connectAboutSheet() {
-  about_.lbAboutDriverVersion->setText(QString::fromStdString(driverVersionText()));
+  about_.lbAboutDriverVersion->setText(QString::fromUtf8(kDriverVersion));
   about_.lbAboutBuildVersion->setText(QString::fromUtf8(kBuildVersion));
   about_.aboutLicences->setPlainText(librariesText(platform_.libraries));
 

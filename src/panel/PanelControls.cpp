@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include "contract/TouchSettings.h"
+
 namespace touchpanel {
 namespace {
 
@@ -27,75 +29,42 @@ std::vector<QtTable::Column> deviceColumns() {
 
 PanelControls::PanelControls(MainWindowWidget& main, QDialog& settingsSheet,
                              const Ui::SettingsSheet& settings, QDialog& aboutSheet, CallbackGate& gate)
-    : deviceTableView(*main.ui().deviceTableView, deviceColumns(), gate),
-      btnRegionCalibrate(*main.ui().btnRegionCalibrate, {main.ui().actionRegionCalibrate}),
-      btnCalibrate(*main.ui().btnCalibrate, {main.ui().actionCalibrate}, &btnRegionCalibrate),
-      btnMapping(*main.ui().btnMapping),
-      btnReset(*main.ui().btnReset, {main.ui().actionReset}),
-      btnSettings(*main.ui().btnSettings, {main.ui().actionSettings}),
-      btnExit(*main.ui().btnExit, {main.ui().actionExit}),
-      btnAbout(*main.ui().btnAbout, {main.ui().actionAbout}),
-      btnApply(*settings.btnApply),
-      btnOk(*settings.btnOk),
-      btnEnableTouch(*main.ui().btnEnableTouch, {main.ui().actionEnableTouch}),
-      btnRebootDevcie(*settings.btnRebootDevcie),
-      lbDriverVersion(*main.ui().lbDriverVersion),
-      touchMode(*settings.touchMode),
-      singleClickArea(*settings.singleClickArea),
-      smoothness(*settings.smoothness),
-      calibType(*settings.calibType),
-      calibMode(*settings.calibMode),
-      enableRightClick(*settings.enableRightClick),
-      rightClickTime(*settings.rightClickTime),
-      rightClickArea(*settings.rightClickArea),
-      enableDoubleClick(*settings.enableDoubleClick),
-      doubleClickTime(*settings.doubleClickTime),
-      doubleClickArea(*settings.doubleClickArea),
-      enableTouchSensitivity(*settings.enableTouchSensitivity),
-      touchSensitivityTime(*settings.touchSensitivityTime),
-      touchSensitivityArea(*settings.touchSensitivityArea),
-      KeyWindow(main),
-      SettingsWindow(settingsSheet),
-      AboutWindow(aboutSheet) {}
-
-Outlets PanelControls::outlets() {
-  return {.deviceTableView = deviceTableView,
-          .btnCalibrate = btnCalibrate,
-          .btnMapping = btnMapping,
-          .btnReset = btnReset,
-          .btnSettings = btnSettings,
-          .btnExit = btnExit,
-          .btnAbout = btnAbout,
-          .btnApply = btnApply,
-          .btnOk = btnOk,
-          .btnEnableTouch = btnEnableTouch,
-          .btnRebootDevcie = btnRebootDevcie,
-          .lbDriverVersion = lbDriverVersion,
-          .touchMode = touchMode,
-          .singleClickArea = singleClickArea,
-          .smoothness = smoothness,
-          .calibType = calibType,
-          .calibMode = calibMode,
-          .enableRightClick = enableRightClick,
-          .rightClickTime = rightClickTime,
-          .rightClickArea = rightClickArea,
-          .enableDoubleClick = enableDoubleClick,
-          .doubleClickTime = doubleClickTime,
-          .doubleClickArea = doubleClickArea,
-          .enableTouchSensitivity = enableTouchSensitivity,
-          .touchSensitivityTime = touchSensitivityTime,
-          .touchSensitivityArea = touchSensitivityArea,
-          .KeyWindow = KeyWindow,
-          .SettingsWindow = SettingsWindow,
-          .AboutWindow = AboutWindow};
-}
+    : Interface{.deviceTableView = QtTable(*main.ui().deviceTableView, deviceColumns(), gate),
+                .btnCalibrate =
+                    QtButton(*main.ui().btnCalibrate, {main.ui().actionCalibrate}, &btnRegionCalibrate),
+                .btnMapping = QtButton(*main.ui().btnMapping),
+                .btnReset = QtButton(*main.ui().btnReset, {main.ui().actionReset}),
+                .btnSettings = QtButton(*main.ui().btnSettings, {main.ui().actionSettings}),
+                .btnExit = QtButton(*main.ui().btnExit, {main.ui().actionExit}),
+                .btnAbout = QtButton(*main.ui().btnAbout, {main.ui().actionAbout}),
+                .btnApply = QtButton(*settings.btnApply),
+                .btnOk = QtButton(*settings.btnOk),
+                .btnEnableTouch = QtButton(*main.ui().btnEnableTouch, {main.ui().actionEnableTouch}),
+                .btnRebootDevcie = QtButton(*settings.btnRebootDevcie),
+                .lbDriverVersion = QtTextField(*main.ui().lbDriverVersion),
+                .touchMode = QtRadioGroup(*settings.touchMode),
+                .singleClickArea = QtIntegerControl(*settings.singleClickArea),
+                .smoothness = QtIntegerControl(*settings.smoothness),
+                .calibType = QtRadioGroup(*settings.calibType),
+                .calibMode = QtRadioGroup(*settings.calibMode),
+                .enableRightClick = QtCheckBox(*settings.enableRightClick),
+                .rightClickTime = QtIntegerControl(*settings.rightClickTime),
+                .rightClickArea = QtIntegerControl(*settings.rightClickArea),
+                .enableDoubleClick = QtCheckBox(*settings.enableDoubleClick),
+                .doubleClickTime = QtIntegerControl(*settings.doubleClickTime),
+                .doubleClickArea = QtIntegerControl(*settings.doubleClickArea),
+                .enableTouchSensitivity = QtCheckBox(*settings.enableTouchSensitivity),
+                .touchSensitivityTime = QtIntegerControl(*settings.touchSensitivityTime),
+                .touchSensitivityArea = QtIntegerControl(*settings.touchSensitivityArea),
+                .KeyWindow = QtWindow(main),
+                .SettingsWindow = QtWindow(settingsSheet),
+                .AboutWindow = QtWindow(aboutSheet)},
+      btnRegionCalibrate(*main.ui().btnRegionCalibrate, {main.ui().actionRegionCalibrate}) {}
 
 void PanelControls::onSettingsEdited(const std::function<void()>& action) {
-  for (auto* group : {&touchMode, &calibType, &calibMode}) group->onEdited(action);
-  for (auto* box : {&enableRightClick, &enableTouchSensitivity}) box->onEdited(action);
-  for (auto* control : {&singleClickArea, &smoothness, &rightClickTime, &rightClickArea, &doubleClickTime,
-                        &doubleClickArea, &touchSensitivityTime, &touchSensitivityArea})
-    control->onEdited(action);
+  calibMode.onEdited(action);
+  const TouchSettings anySettings;
+  forEachSetting(*this, anySettings, [&](auto& control, const auto&) { control.onEdited(action); });
 }
 
 }  // namespace touchpanel

@@ -33,8 +33,7 @@ QString librariesText(const std::vector<LibraryInUse>& libraries) {
 }
 
 std::vector<NamedVersion> runningVersions(const std::vector<LibraryInUse>& libraries) {
-  std::vector<NamedVersion> versions = {{"Touch Panel", kBuildVersion},
-                                        {"Driver label", driverVersionText()}};
+  std::vector<NamedVersion> versions = {{"Touch Panel", kBuildVersion}, {"Driver label", kDriverVersion}};
   for (const auto& library : libraries)
     if (!library.version.empty()) versions.push_back({library.name, library.version});
   versions.push_back({"System", QSysInfo::prettyProductName().toStdString()});

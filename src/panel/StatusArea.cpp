@@ -17,13 +17,13 @@ void StatusArea::setWait(const QString& text) {
 }
 
 void TranslatedStatusLine::show(const StatusMessage& message) {
-  QString text = translatedCount("StatusLine", statusTemplate(message.text), message.count);
+  QString text = translatedCount("StatusLine", message.text.data(), message.count);
   text.replace(QStringLiteral("%1"), QString::fromStdString(message.device));
   area_.setOutcome(text);
 }
 
 void TranslatedWaitNotice::waitingFor(const WaitMessage& message) {
-  const QString text = translatedCount("WaitNotice", waitTemplate(message.text), message.attempt);
+  const QString text = translatedCount("WaitNotice", message.text.data(), message.attempt);
   cursor_.setBusy(true);
   if (auto* surface = ViewSurface::shown()) return surface->setBanner(text);
   if (startUp_.isVisible()) return startUp_.setText(text);

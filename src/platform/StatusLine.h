@@ -1,40 +1,21 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace touchpanel {
 
-/// What the status line can tell. The English text stands in statusTemplate(), once.
-enum class StatusText {
-  NoDeviceSelected,
-  DeviceConnected,
-  DeviceUnplugged,
-  CalibrationStarted,
-  RegionCalibrationStarted,
-  CalibrationSaved,
-  CalibrationLeft,
-  CalibrationReset,
-  TouchEnabled,
-  TouchDisabled,
-  SettingsSaved,
-  SettingsNotSaved,
-  SettingsCancelled,
-  SettingsReloaded,
-};
-
-/// One thing that was done, with its outcome, free of any language.
+/// What was done last, with its outcome.
 struct StatusMessage {
-  StatusText text = StatusText::NoDeviceSelected;
-  std::string device = {};  ///< name of the touchscreen, for "%1"; empty where the text has none
-  int count = 0;            ///< number of touchscreens, for "%n"; 0 where the text has none
+  /// English, marked for translation in the context "StatusLine" where it stands: "%1" is the touchscreen's
+  /// name, "%n" the number. A literal: it ends with a NUL and lives as long as the program.
+  std::string_view text;
+  std::string device = {};
+  int count = 0;
   bool operator==(const StatusMessage&) const = default;
 };
 
-/// The English source text of `text`, the key under which a translation catalogue holds it. "%1" stands for
-/// the touchscreen's name, "%n" for a number. Lives as long as the program.
-const char* statusTemplate(StatusText text);
-
-/// Where the user reads the last thing done and how it went.
+/// The line that shows the user the last outcome.
 class StatusLine {
  public:
   virtual ~StatusLine() = default;

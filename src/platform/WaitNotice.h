@@ -1,31 +1,19 @@
 #pragma once
 
+#include <string_view>
+
 namespace touchpanel {
 
-/// What the program can be waiting for while its main thread blocks. The English text stands in
-/// waitTemplate(), once.
-enum class WaitText {
-  OpeningTouchscreen,
-  TouchscreenInUse,
-  PreparingTouchscreen,
-  WaitingForDriver,
-  ReadingTouchscreen,
-  WritingTouchscreen,
-  RemovingTouchscreen,
-};
-
-/// One wait, free of any language.
+/// What the program waits for while its main thread blocks.
 struct WaitMessage {
-  WaitText text = WaitText::OpeningTouchscreen;
-  int attempt = 0;  ///< for "%n": which attempt this is, from 1; 0 where the text has none
+  /// English, marked for translation in the context "WaitNotice" where it stands: "%n" is the attempt. A
+  /// literal: it ends with a NUL and lives as long as the program.
+  std::string_view text;
+  int attempt = 0;  ///< counted from 1; 0 where the text has none
   bool operator==(const WaitMessage&) const = default;
 };
 
-/// The English source text of `text`, the key under which a translation catalogue holds it. "%n" stands for
-/// the attempt. Lives as long as the program.
-const char* waitTemplate(WaitText text);
-
-/// Tells the user what a blocked program is waiting for.
+/// Shows the user what the blocked program waits for.
 class WaitNotice {
  public:
   virtual ~WaitNotice() = default;
@@ -39,7 +27,7 @@ class WaitNotice {
 /// A notice that stands for as long as this lives. Scopes do not nest.
 class WaitScope {
  public:
-  WaitScope(WaitNotice& notice, WaitText text) : notice_(notice) { notice_.waitingFor({.text = text}); }
+  WaitScope(WaitNotice& notice, const WaitMessage& message) : notice_(notice) { notice_.waitingFor(message); }
   ~WaitScope() { notice_.done(); }
   WaitScope(const WaitScope&) = delete;
   WaitScope& operator=(const WaitScope&) = delete;

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
-#include "PanelRig.h"
-#include "app/CalibrationStarter.h"
+#include "ControllerRig.h"
+#include "support/RecordingCanvas.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -10,46 +10,34 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Write = FakeRegistry::Write;
 
-struct NullCanvas final : Canvas {
-  void fillRect(const Rect& /*rect*/, const Color& /*color*/) override {}
-  void fillOval(const Rect& /*bounds*/, const Color& /*color*/) override {}
-  void strokeRect(const Rect& /*rect*/, const Color& /*color*/) override {}
-  void drawText(const StyledText& /*text*/, const Point& /*origin*/) override {}
-};
-
-class StartingACalibration : public ::testing::Test, public PanelRig, public TableReloader {
+class StartingACalibration : public ::testing::Test, public ListedTouchscreens {
  protected:
-  void reloadTableViewData() override { ++reloads; }
-
   /// Touches all four targets of the run that is on the screen.
   void touchFourTargets(const DeviceEntry& entry) {
-    const Point raw[] = {{3000, 3000}, {30000, 3100}, {2900, 29000}, {30100, 29500}};
+    const std::int32_t raw[][2] = {{3000, 3000}, {30000, 3100}, {2900, 29000}, {30100, 29500}};
     for (std::int32_t target = 0; target < 4; ++target) {
       view().drawRect(canvas);
-      registry.objects.at(handleOf(entry)).properties = Dictionary{
-          {property::kCalibration, Dictionary{{calibration_key::kX, static_cast<std::int32_t>(raw[target].x)},
-                                              {calibration_key::kY, static_cast<std::int32_t>(raw[target].y)},
-                                              {calibration_key::kPointId, target}}}};
+      registry.objects.at(handleOf(entry)).properties =
+          Dictionary{{property::kCalibration, Dictionary{{calibration_key::kX, raw[target][0]},
+                                                         {calibration_key::kY, raw[target][1]},
+                                                         {calibration_key::kPointId, target}}}};
       view().mouseUp({1, 1});
     }
     view().drawRect(canvas);
   }
   View& view() { return *screen.windows.back()->view; }
 
-  NullCanvas canvas;
-  int reloads = 0;
-  CalibrationStarter starter{ports, state, *this};
+  RecordingCanvas canvas;
 };
 
 TEST_F(StartingACalibration, CoversTheScreenAndCapturesTheSelectedDevicesTouches) {
+  list(0x0080, "other");
+  auto entry = list(0x0C20, "chosen");
+  controller.shouldSelectRow(1);
+  screen.frame = {0, 0, 1280, 800};
   for (const bool region : {false, true}) {
-    list(0x0080, "other");
-    auto entry = list(0x0C20, "chosen");
-    state.currentDict = entry;
     registry.writes.clear();
-    screen.frame = {0, 0, 1280, 800};
-
-    region ? starter.startRegion() : starter.startPoints();
+    region ? controller.RegionCalibration() : controller.Calibration();
 
     ASSERT_FALSE(screen.windows.empty());
     const auto& window = *screen.windows.back();
@@ -61,88 +49,71 @@ TEST_F(StartingACalibration, CoversTheScreenAndCapturesTheSelectedDevicesTouches
     EXPECT_EQ(cursor.isHidden, !region) << "a region is dragged out with the mouse";
     EXPECT_THAT(registry.writes, ElementsAre(Write{handleOf(entry), property::kCalibration,
                                                    Dictionary{{calibration_key::kStatCalibrate, true}}}));
-    EXPECT_EQ(statusLine.messages.back(),
-              (StatusMessage{region ? StatusText::RegionCalibrationStarted : StatusText::CalibrationStarted,
+    EXPECT_EQ(status(),
+              (StatusMessage{region ? "Region calibration of %1 started." : "Calibration of %1 started.",
                              "chosen"}));
     view().keyDown(kKeyEscape);
     cursor.isHidden = false;
   }
 }
 
-TEST_F(StartingACalibration, IsRefusedWhileOneIsOnTheScreen) {
+TEST_F(StartingACalibration, IsRefusedWhileOneIsOnTheScreenAndKeepsItUntilTheNextOfItsKind) {
   list(0x0080, "panel");
-  starter.startRegion();
-  starter.startPoints();
-  starter.startRegion();
-  EXPECT_EQ(screen.windows.size(), 1U);
-  view().keyDown(kKeyEscape);
-  starter.startPoints();
-  EXPECT_EQ(screen.windows.size(), 2U);
-  starter.startRegion();
-  EXPECT_EQ(screen.windows.size(), 2U);
-}
-
-TEST_F(StartingACalibration, KeepsViewAndWindowUntilTheNextRunOfThatKind) {
-  list(0x0080, "panel");
-  starter.startPoints();
+  controller.RegionCalibration();
+  controller.Calibration();
+  controller.RegionCalibration();
+  ASSERT_EQ(screen.windows.size(), 1U);
   view().keyDown(kKeyEscape);
   EXPECT_TRUE(screen.windows[0]->isClosed);
-  EXPECT_FALSE(screen.windows[0]->isDestroyed) << "the run is still on the call stack";
-  starter.startRegion();
+  controller.Calibration();
+  controller.RegionCalibration();
+  ASSERT_EQ(screen.windows.size(), 2U);
   view().keyDown(kKeyEscape);
-  EXPECT_FALSE(screen.windows[0]->isDestroyed);
-  starter.startPoints();
+  EXPECT_FALSE(screen.windows[0]->isDestroyed) << "the run may still be on the call stack";
+  controller.RegionCalibration();
   EXPECT_TRUE(screen.windows[0]->isDestroyed);
   EXPECT_FALSE(screen.windows[1]->isDestroyed);
   EXPECT_EQ(runLoop.timerCount(), 1U);
 }
 
-TEST_F(StartingACalibration, TellsHowItEnded) {
+TEST_F(StartingACalibration, SaysHowItEnded) {
+  constexpr std::string_view kLeft = "The calibration of %1 ended; nothing was written to the touchscreen.";
   auto entry = list(0x0001, "panel");
   entry->set(entry_key::kCalibrateStatus, entry_key::kNo);
-  starter.startPoints();
+  controller.Calibration();
   touchFourTargets(entry);
   view().keyDown(kKeyReturn);
-  EXPECT_EQ(reloads, 1);
+  EXPECT_EQ(interface.deviceTableView.reloads, 1);
   EXPECT_TRUE(files.files.contains("device.plist"));
-  EXPECT_EQ(statusLine.messages.back(), (StatusMessage{StatusText::CalibrationSaved, "panel"}));
+  EXPECT_EQ(status(), (StatusMessage{"The new calibration of %1 was accepted.", "panel"}));
 
-  starter.startPoints();
+  controller.Calibration();
   touchFourTargets(entry);
   view().keyDown(kKeyEscape);
-  EXPECT_EQ(reloads, 1);
-  EXPECT_EQ(statusLine.messages.back(), (StatusMessage{StatusText::CalibrationLeft, "panel"}));
+  EXPECT_EQ(interface.deviceTableView.reloads, 1);
+  EXPECT_EQ(status(), (StatusMessage{kLeft, "panel"}));
 
-  starter.startPoints();
+  controller.Calibration();
   registry.remove(handleOf(entry));
   view().drawRect(canvas);
   EXPECT_TRUE(screen.windows.back()->isClosed);
-  EXPECT_EQ(statusLine.messages.back(), (StatusMessage{StatusText::CalibrationLeft, "panel"}));
+  EXPECT_EQ(status(), (StatusMessage{kLeft, "panel"}));
 }
 
 TEST_F(StartingACalibration, OutlivesItsEntryInTheList) {
-  auto entry = list(0x0080, "leaving");
+  auto leaving = list(0x0080, "leaving");
   auto staying = list(0x0080, "staying");
-  starter.startRegion();
-  registry.remove(handleOf(entry));
-  state.deviceListArray.erase(state.deviceListArray.begin());
-  state.currentDict = staying;
-  entry.reset();
+  controller.RegionCalibration();
+  registry.remove(handleOf(leaving));
+  leaving.reset();
+  controller.RemoveDeviceFromArray();
+  registry.writes.clear();
   view().mouseUp({5, 5});
   view().drawRect(canvas);
   runLoop.advance(std::chrono::seconds(2));
   view().keyDown(kKeyEscape);
   EXPECT_TRUE(screen.windows.back()->isClosed);
   EXPECT_THAT(registry.writesTo(handleOf(staying)), IsEmpty());
-}
-
-TEST_F(StartingACalibration, NeedsASelection) {
-  starter.startPoints();
-  starter.startRegion();
-  EXPECT_THAT(screen.windows, IsEmpty());
-  EXPECT_THAT(registry.writes, IsEmpty());
-  EXPECT_THAT(statusLine.messages, ElementsAre(StatusMessage{StatusText::NoDeviceSelected},
-                                               StatusMessage{StatusText::NoDeviceSelected}));
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "PanelRig.h"
+#include "ControllerRig.h"
 #include "app/DiagnosticsReport.h"
 #include "platform/RecentDiagnostics.h"
 
@@ -11,22 +11,23 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 
 TEST(DiagnosticsReport, TellsVersionsTouchscreensDriversAndLines) {
-  PanelRig rig;
+  ListedTouchscreens rig;
   auto entry = rig.list(0x0080, "IR-0042");
   entry->set(entry_key::kFirmwareVersion, "1.2");
-  entry->set(entry_key::kVendorID, 0x6666);
-  entry->remove(entry_key::kDoubleClickTime);
-  storeContext(*entry, {});
-  rig.registry.objects.at(PanelRig::handleOf(entry)).properties = Dictionary{
+  entry->remove(entry_key::kMonitorID);
+  rig.registry.objects.at(rig.handleOf(entry)).properties = Dictionary{
       {property::kCalibration,
        Dictionary{{calibration_key::kCalibrateStatus, true}, {calibration_key::kCalibParams, Bytes(116)}}},
       {property::kConfigration, Dictionary{{configration_key::kMode, 2}}}};
   auto gone = rig.list(0x0C20, "gone");
-  rig.registry.remove(PanelRig::handleOf(gone));
+  rig.registry.remove(rig.handleOf(gone));
   const std::deque<std::string> lines{"first line", "second line"};
 
-  const auto report = diagnosticsReport(
-      {{{"touchpanel", "0.1.0"}, {"Qt", "6.4.2"}}, rig.state.deviceListArray, rig.registry, lines, {}});
+  const auto report = diagnosticsReport({{{"touchpanel", "0.1.0"}, {"Qt", "6.4.2"}},
+                                         rig.controller.state().deviceListArray,
+                                         rig.registry,
+                                         lines,
+                                         {}});
 
   EXPECT_EQ(report.substr(0, report.find("  TouchMode")),
             "Versions:\n"
@@ -47,7 +48,7 @@ TEST(DiagnosticsReport, TellsVersionsTouchscreensDriversAndLines) {
             "  LocationID: 0x14100001\n"
             "  Handle: 1\n"
             "  Hiddevice: 3\n"
-            "  DoubleClickTime: absent\n"
+            "  DoubleClickTime: 500\n"
             "  DoubleClickArea: 5\n");
   EXPECT_THAT(report, HasSubstr("  TouchSensitivityArea: 5\n"
                                 "  driver instance: present\n"
@@ -86,11 +87,12 @@ TEST(DiagnosticsReport, HoldsNothingPrivate) {
       {{"/", "root", "a-b"}, "/library by root@a-b", "/library by <user>@<host>"},
       {{"/root", "root", ""}, "/root/x", "~/x"},
       {{"", "aa", ""}, "aaa aa", "aaa <user>"},
+      {{"", "a-a", ""}, "a-a-a a-a", "<user>-a <user>"},
   };
   for (const auto& c : cases) {
-    PanelRig rig;
+    FakeRegistry registry;
     const std::deque<std::string> lines{c.line};
-    const auto report = diagnosticsReport({{}, rig.state.deviceListArray, rig.registry, lines, c.words});
+    const auto report = diagnosticsReport({{}, {}, registry, lines, c.words});
     EXPECT_THAT(report, HasSubstr(std::string("  ") + c.reported + "\n"));
   }
 }

@@ -1,8 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "PanelRig.h"
-#include "app/MainWindow.h"
-#include "app/MyController.h"
+#include "ControllerRig.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 
 namespace touchpanel::testing {
@@ -12,10 +10,10 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-/// A control panel on a simulated machine with one touchscreen of each kind.
-class ControlPanel : public ::testing::Test, public PanelRig {
+/// A controller on a simulated machine with one touchscreen of each kind.
+class Controller : public ::testing::Test, public ControllerRig {
  protected:
-  ControlPanel() {
+  Controller() {
     for (auto& model : simulated::exampleTouchscreens()) machine.add(model);
   }
   simulated::SimulatedTouchscreen& touchscreen(std::uint16_t productId) {
@@ -23,8 +21,14 @@ class ControlPanel : public ::testing::Test, public PanelRig {
       if (each->productId() == productId) return *each;
     throw std::logic_error("no such touchscreen");
   }
-  void plugInAll() {
+  void start() {
     for (const auto& each : machine.all()) machine.plugIn(*each);
+    controller.awakeFromNib();
+    showTable();
+  }
+  void unplug(std::uint16_t productId) {
+    machine.unplug(touchscreen(productId));
+    runLoop.performSources();
   }
   std::vector<std::int32_t> listedProducts() const {
     std::vector<std::int32_t> products;
@@ -38,29 +42,27 @@ class ControlPanel : public ::testing::Test, public PanelRig {
   void showTable() { controller.objectValue(entry_key::kSN, 0); }
 
   simulated::SimulatedTouchscreens machine;
-  MyController controller{outlets, portsOn(machine.registry(), machine.usb(), machine.usb())};
+  FakePropertyListFiles files;
+  MyController controller{outletsOf(interface), portsOn(machine.registry(), machine.usb(), machine.usb(),
+                                                        files, {"driver.plist", "device.plist"})};
 };
 
-TEST_F(ControlPanel, ListsWhatIsAttachedBeforeTheWindowIsShown) {
-  plugInAll();
+TEST_F(Controller, ListsWhatIsAttachedBeforeTheWindowIsShown) {
+  for (const auto& each : machine.all()) machine.plugIn(*each);
   controller.awakeFromNib();
   EXPECT_THAT(listedProducts(), ElementsAre(0x0001, 0x0C20, 0x0080));
-  EXPECT_EQ(controller.numberOfRows(), 3);
   EXPECT_EQ(interface.deviceTableView.reloads, 3);
   EXPECT_FALSE(interface.btnMapping.enabled);
   EXPECT_FALSE(interface.KeyWindow.hidesOnDeactivate);
   EXPECT_EQ(interface.lbDriverVersion.text, "15.1.3.0004");
   EXPECT_TRUE(selected()->empty()) << "nothing is selected before the table asks for a cell";
   EXPECT_FALSE(application.isEnding());
-
-  interface.singleClickArea.value = 77;
   showTable();
   EXPECT_EQ(selected(), entry(0));
-  EXPECT_EQ(interface.singleClickArea.value, 0);
   EXPECT_NE(process.devIntf, nullptr);
 }
 
-TEST_F(ControlPanel, EndsBeforeTheWindowIsShownWhenThereIsNoDriverInstance) {
+TEST_F(Controller, EndsBeforeTheWindowIsShownWhenThereIsNoDriverInstance) {
   alerts.onShow = [&] {
     EXPECT_FALSE(interface.btnMapping.enabled) << "done before discovery";
     EXPECT_TRUE(interface.KeyWindow.hidesOnDeactivate) << "done after discovery";
@@ -71,35 +73,24 @@ TEST_F(ControlPanel, EndsBeforeTheWindowIsShownWhenThereIsNoDriverInstance) {
   EXPECT_TRUE(application.isTerminated);
 }
 
-TEST_F(ControlPanel, EndsWithTheLastTouchscreen) {
-  plugInAll();
-  controller.awakeFromNib();
-  showTable();
-  for (const auto product : {0x0080, 0x0001, 0x0C20}) {
-    EXPECT_FALSE(application.exitStatus.has_value());
-    machine.unplug(touchscreen(static_cast<std::uint16_t>(product)));
-    runLoop.performSources();
-  }
-  EXPECT_THAT(controller.state().deviceListArray, IsEmpty());
-  EXPECT_EQ(application.exitStatus, 0);
-}
-
-TEST_F(ControlPanel, SelectsTheFirstRowWhenAnyTouchscreenLeaves) {
-  plugInAll();
-  controller.awakeFromNib();
-  showTable();
+TEST_F(Controller, SelectsTheFirstRowWhenAnyTouchscreenLeavesAndEndsWithTheLastOne) {
+  start();
   controller.shouldSelectRow(2);
   interface.deviceTableView.highlighted = 2;
-  machine.unplug(touchscreen(0x0001));
-  runLoop.performSources();
+  unplug(0x0001);
   EXPECT_THAT(listedProducts(), ElementsAre(0x0C20, 0x0080));
   EXPECT_EQ(selected(), entry(0));
   EXPECT_EQ(interface.deviceTableView.highlighted, 0);
   EXPECT_TRUE(interface.smoothness.enabled) << "the optical one's settings are shown";
-  EXPECT_EQ(statusLine.messages.back(), StatusMessage{StatusText::DeviceUnplugged});
+  EXPECT_EQ(statusLine.messages.back(), StatusMessage{"A touchscreen was unplugged."});
+  unplug(0x0080);
+  EXPECT_FALSE(application.exitStatus.has_value());
+  unplug(0x0C20);
+  EXPECT_THAT(listedProducts(), IsEmpty());
+  EXPECT_EQ(application.exitStatus, 0);
 }
 
-TEST_F(ControlPanel, KeepsTheSheetAsItIsWhenATouchscreenArrives) {
+TEST_F(Controller, KeepsTheSheetAsItIsWhenATouchscreenArrives) {
   machine.plugIn(touchscreen(0x0080));
   controller.awakeFromNib();
   showTable();
@@ -109,71 +100,46 @@ TEST_F(ControlPanel, KeepsTheSheetAsItIsWhenATouchscreenArrives) {
 
   machine.plugIn(touchscreen(0x0C20));
   runLoop.performSources();
-
   ASSERT_THAT(listedProducts(), ElementsAre(0x0080, 0x0C20));
   EXPECT_EQ(selected(), entry(0));
   EXPECT_EQ(interface.singleClickArea.value, 9);
   EXPECT_TRUE(interface.btnApply.enabled);
-  EXPECT_EQ(statusLine.messages.back(),
-            (StatusMessage{StatusText::DeviceConnected, entry(1)->text(entry_key::kSN)}));
+  EXPECT_EQ(statusLine.messages.back(), (StatusMessage{"%1 was connected.", entry(1)->text(entry_key::kSN)}));
   controller.SettingsOk();
   EXPECT_EQ(entry(1)->integer(settings_key::kClickRange), 9) << "it gets the settings like the others";
 }
 
-TEST_F(ControlPanel, SelectsTheFirstTouchscreenThatArrivesInAnEmptyList) {
-  // A driver instance without its device: the panel stays, with nothing to select.
+TEST_F(Controller, SelectsTheFirstTouchscreenThatArrivesInAnEmptyList) {
+  // A driver instance without its device: the program stays, with nothing to select.
   auto& touchscreen = *machine.all().front();
   machine.registry().publish(touchscreen);
   controller.awakeFromNib();
   EXPECT_FALSE(application.isEnding());
-  controller.Calibration();
-  controller.Reset();
-  controller.EnableTouch();
-  controller.Settings();
-  EXPECT_THAT(statusLine.messages, SizeIs(4));
-
   machine.plugIn(touchscreen);
   runLoop.performSources();
   showTable();
-  ASSERT_THAT(controller.state().deviceListArray, SizeIs(1));
+  ASSERT_THAT(listedProducts(), SizeIs(1));
   EXPECT_EQ(selected(), entry(0));
   EXPECT_EQ(interface.deviceTableView.highlighted, 0);
 }
 
-TEST_F(ControlPanel, ResetsAndCalibratesTheTouchscreenThatIsSelected) {
-  plugInAll();
-  controller.awakeFromNib();
-  showTable();
+TEST_F(Controller, ShowsAndWritesAResetAndAnAcceptedCalibration) {
+  start();
   controller.shouldSelectRow(2);
   controller.Reset();
   EXPECT_EQ(controller.objectValue(entry_key::kCalibrateStatus, 2), "NO");
-  EXPECT_FALSE(interface.btnReset.enabled);
-  EXPECT_THAT(waitNotice.messages, ::testing::Contains(WaitMessage{WaitText::WritingTouchscreen}));
+  EXPECT_THAT(waitNotice.messages, ::testing::Contains(WaitMessage{"Writing to the touchscreen..."}));
   EXPECT_FALSE(waitNotice.isShown);
 
-  controller.Calibration();
-  controller.RegionCalibration();
-  EXPECT_THAT(screen.windows, SizeIs(1)) << "one run at a time";
-  screen.windows[0]->view->keyDown(kKeyEscape);
-  controller.RegionCalibration();
-  EXPECT_THAT(screen.windows, SizeIs(2));
-}
-
-TEST_F(ControlPanel, ShowsSettingsAgainAfterAnAcceptedCalibration) {
-  plugInAll();
-  controller.awakeFromNib();
-  showTable();
   interface.deviceTableView.reloads = 0;
-  entry(0)->set(entry_key::kCalibrateStatus, entry_key::kYes);
-  interface.btnReset.enabled = false;
+  selected()->set(entry_key::kCalibrateStatus, entry_key::kYes);
   controller.reloadTableViewData();
   EXPECT_EQ(interface.deviceTableView.reloads, 1);
   EXPECT_TRUE(interface.btnReset.enabled);
 }
 
-TEST_F(ControlPanel, ChecksAndForgetsByLocation) {
-  plugInAll();
-  controller.awakeFromNib();
+TEST_F(Controller, ChecksAndForgetsByLocation) {
+  start();
   const auto location = touchscreen(0x0C20).locationId();
   EXPECT_TRUE(controller.CheckDevice(location));
   machine.unplug(touchscreen(0x0C20));
@@ -186,12 +152,10 @@ TEST_F(ControlPanel, ChecksAndForgetsByLocation) {
   EXPECT_TRUE(selected()->empty());
 }
 
-TEST_F(ControlPanel, AnswersItsWindowsAsAProgramOfOneWindow) {
+TEST_F(Controller, AnswersItsWindowsAsAProgramOfOneWindow) {
   EXPECT_TRUE(controller.applicationShouldTerminateAfterLastWindowClosed());
   EXPECT_TRUE(controller.windowShouldClose());
   EXPECT_FALSE(controller.shouldSelectColumn(0));
-  EXPECT_TRUE(MainWindow().canBecomeKeyWindow());
-  EXPECT_FALSE(MainWindow().canBecomeMainWindow());
 
   controller.About();
   EXPECT_EQ(sheets.open, &interface.AboutWindow);

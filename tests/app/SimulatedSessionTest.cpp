@@ -3,8 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "PanelRig.h"
-#include "app/MyController.h"
+#include "ControllerRig.h"
 #include "protocol/Packet.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
@@ -23,12 +22,11 @@ constexpr Size kScreen{1920, 1080};
 const FakeAlerts::Panel kReadFailed{"Error", "To get the device parameters failed, please try again.", "OK"};
 
 /// One run of the control panel, with the world it runs in; the machine and the files outlive it.
-class PanelRun : public PanelRig {
+class PanelRun : public ControllerRig {
  public:
   PanelRun(simulated::SimulatedTouchscreens& machine, const TemporaryDirectory& directory)
-      : controller_(outlets, {application, alerts, sheets, screen, cursor, presentation, clock, runLoop,
-                              machine.registry(), machine.usb(), machine.usb(), disk_, diagnostics,
-                              statusLine, waitNotice, process, ConfigPaths::in(directory.path())}) {
+      : controller_(outletsOf(interface), portsOn(machine.registry(), machine.usb(), machine.usb(), disk_,
+                                                  ConfigPaths::in(directory.path()))) {
     controller_.awakeFromNib();
     if (controller_.numberOfRows() > 0) controller_.objectValue(entry_key::kSN, 0);
   }

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "config/DataSet.h"
-#include "config/SettingsKeys.h"
+#include "contract/TouchSettings.h"
 #include "support/FakePropertyListFiles.h"
 
 namespace touchpanel {
@@ -87,12 +87,12 @@ TEST(WriteDriverConfig, WritesTheTwelveSettingsInTheFilesOrderAndNothingElse) {
 }
 
 TEST(WriteDriverConfig, TouchesNoFileWhenAnyKeyIsMissing) {
-  for (const char* key : settings_key::kAll) {
+  for (const auto& setting : kSettingsInFile) {
     FakePropertyListFiles files;
     auto entry = entryWithSettings();
-    entry.remove(key);
-    EXPECT_FALSE(writeDriverConfig(files, kPaths, entry)) << key;
-    EXPECT_EQ(files.writeAttempts, 0) << key;
+    entry.remove(setting.key);
+    EXPECT_FALSE(writeDriverConfig(files, kPaths, entry)) << setting.key;
+    EXPECT_EQ(files.writeAttempts, 0) << setting.key;
   }
 }
 

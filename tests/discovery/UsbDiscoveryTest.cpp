@@ -184,11 +184,13 @@ TEST_F(DeviceArrival, ShowsWhatIsWaitedFor) {
     return ++attempts < 3 ? kErrorExclusiveAccess : kSuccess;
   };
   start();
-  EXPECT_EQ(waitNotice.messages, (std::vector<WaitMessage>{{WaitText::OpeningTouchscreen},
-                                                           {WaitText::TouchscreenInUse, 2},
-                                                           {WaitText::TouchscreenInUse, 3},
-                                                           {WaitText::WaitingForDriver},
-                                                           {WaitText::ReadingTouchscreen}}));
+  EXPECT_EQ(waitNotice.messages,
+            (std::vector<WaitMessage>{
+                {"Opening a touchscreen..."},
+                {"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 2},
+                {"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 3},
+                {"Waiting for the touchscreen's driver..."},
+                {"Reading the touchscreen's parameters..."}}));
   EXPECT_FALSE(waitNotice.isShown);
   // Sleeps without a notice, and alerts under one, would say so in the journal.
   EXPECT_THAT(journal, Contains("sleep 500").Times(3));

@@ -52,10 +52,10 @@ TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain)
   QtCursor cursor;
   TranslatedStatusLine status(area);
   TranslatedWaitNotice notice(cursor, area, startUp);
-  notice.waitingFor({WaitText::TouchscreenInUse, 7});
+  notice.waitingFor({"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 7});
   EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << label.text().toStdString();
   EXPECT_EQ(PanelRig::cursorShape(), Qt::WaitCursor);
-  status.show({StatusText::TouchEnabled, "TS-1"});
+  status.show({"Touch was enabled on %1.", "TS-1"});
   EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << "the wait goes on";
   notice.done();
   EXPECT_EQ(label.text(), "Touch was enabled on TS-1.");

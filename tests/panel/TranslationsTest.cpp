@@ -22,9 +22,10 @@ QString statusIn(const char* locale, const StatusMessage& message) {
 }
 
 TEST(Translations, GiveTheStatusWithAndWithoutANumberInEveryLanguage) {
-  const StatusMessage connected{.text = StatusText::DeviceConnected, .device = "IR-1"};
+  const StatusMessage connected{.text = "%1 was connected.", .device = "IR-1"};
   const auto saved = [](int count) {
-    return StatusMessage{.text = StatusText::SettingsSaved, .device = {}, .count = count};
+    return StatusMessage{
+        .text = "Settings were sent to %n touchscreen(s) and saved.", .device = {}, .count = count};
   };
   const std::tuple<const char*, StatusMessage, const char*> cases[] = {
       {"en", connected, "IR-1 was connected."},
@@ -42,7 +43,8 @@ TEST(Translations, GiveTheStatusWithAndWithoutANumberInEveryLanguage) {
 TEST(Translations, ReachAlertsWaitsAndTheToolkitsOwnDialogs) {
   const Translations translations{QLocale(QStringLiteral("de"))};
   EXPECT_EQ(alertText("Unable to open device: e00002c5."), "Das Gerät kann nicht geöffnet werden: e00002c5.");
-  EXPECT_EQ(translatedCount("WaitNotice", waitTemplate(WaitText::TouchscreenInUse), 7),
+  EXPECT_EQ(translatedCount("WaitNotice",
+                            "The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 7),
             "Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (7 von 50)...");
   const QDialogButtonBox box(QDialogButtonBox::Cancel);
   EXPECT_EQ(box.button(QDialogButtonBox::Cancel)->text().remove(u'&'), "Abbrechen");

@@ -68,6 +68,7 @@ class FakeRegistry final : public Registry {
     return found->second.properties;
   }
   Status setProperty(RegistryObject object, std::string_view name, const Value& value) override {
+    ++writeAttempts;
     if (!objects.contains(object)) return kErrorNoDevice;
     writes.push_back({object, std::string(name), value});
     return kSuccess;
@@ -75,6 +76,7 @@ class FakeRegistry final : public Registry {
 
   std::map<RegistryObject, Object> objects;
   std::vector<Write> writes;  ///< successful ones only
+  int writeAttempts = 0;
 
  private:
   RegistryObject last_ = 0;
