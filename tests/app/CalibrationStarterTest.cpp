@@ -7,7 +7,6 @@ namespace touchpanel::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using Write = FakeRegistry::Write;
 
 class StartingACalibration : public ::testing::Test, public ListedTouchscreens {
@@ -98,22 +97,6 @@ TEST_F(StartingACalibration, SaysHowItEnded) {
   view().drawRect(canvas);
   EXPECT_TRUE(screen.windows.back()->isClosed);
   EXPECT_EQ(status(), (StatusMessage{kLeft, "panel"}));
-}
-
-TEST_F(StartingACalibration, OutlivesItsEntryInTheList) {
-  auto leaving = list(0x0080, "leaving");
-  auto staying = list(0x0080, "staying");
-  controller.RegionCalibration();
-  registry.remove(handleOf(leaving));
-  leaving.reset();
-  controller.RemoveDeviceFromArray();
-  registry.writes.clear();
-  view().mouseUp({5, 5});
-  view().drawRect(canvas);
-  runLoop.advance(std::chrono::seconds(2));
-  view().keyDown(kKeyEscape);
-  EXPECT_TRUE(screen.windows.back()->isClosed);
-  EXPECT_THAT(registry.writesTo(handleOf(staying)), IsEmpty());
 }
 
 }  // namespace

@@ -98,22 +98,14 @@ TEST_F(MainWindow, OffersResetForWhatMayBeCalibrated) {
   EXPECT_FALSE(interface.btnMapping.enabled);
 }
 
-TEST_F(MainWindow, ResetsTheDriverAndEmptiesTheDevice) {
-  struct Case {
-    std::uint16_t product;
-    bool usesDevice, usesFile;
-  };
+TEST_F(MainWindow, ResetsTheDriverAndWhereTheDeviceKeepsItsCalibration) {
   auto other = list(0x0080, "other");
-  for (const auto& c : {Case{0x0080, true, false}, Case{0x0085, true, false}, Case{0x0086, true, false},
-                        Case{0x0087, true, false}, Case{0x0C20, true, false}, Case{0x0001, false, true},
-                        Case{0x4321, false, false}}) {
-    SCOPED_TRACE(c.product);
-    auto entry = list(c.product, "panel");
+  for (const bool inFile : {false, true}) {
+    auto entry = list(inFile ? 0x0001 : 0x0C20, "panel");
     controller.shouldSelectRow(controller.numberOfRows() - 1);
     process.DeviceContext.DeviceConfig.CalibrateStatus = 1;
     process.DeviceContext.DeviceConfig.MonitorID = 7;
     registry.writes.clear();
-    files.files.clear();
     controller.Reset();
     EXPECT_THAT(registry.writes, ElementsAre(Write{handleOf(entry), property::kCalibration,
                                                    Dictionary{{calibration_key::kCalibrateStatus, false},
@@ -122,8 +114,8 @@ TEST_F(MainWindow, ResetsTheDriverAndEmptiesTheDevice) {
                                                               {calibration_key::kMaxX, 32767},
                                                               {calibration_key::kMaxY, 32767}}}));
     const auto& device = devices.at(entry->integer(entry_key::kDeviceInterface));
-    EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), c.usesDevice ? 1U : 0U);
-    EXPECT_EQ(files.files.contains("device.plist"), c.usesFile);
+    EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), inFile ? 0U : 1U);
+    EXPECT_EQ(files.files.contains("device.plist"), inFile);
     EXPECT_FALSE(interface.btnReset.enabled);
     EXPECT_EQ(interface.deviceTableView.reloads, 1);
     EXPECT_EQ(entry->text(entry_key::kCalibrateStatus), "NO");
@@ -134,14 +126,6 @@ TEST_F(MainWindow, ResetsTheDriverAndEmptiesTheDevice) {
     EXPECT_THAT(statusLine.messages,
                 ElementsAre(StatusMessage{"A reset of the calibration was sent to %1.", "panel"}));
   }
-}
-
-TEST_F(MainWindow, ResetsAnEntryWhoseDriverAndDeviceAreGone) {
-  auto entry = list(0x0080, "panel");
-  registry.remove(handleOf(entry));
-  devices.begin()->second.release();
-  controller.Reset();
-  EXPECT_EQ(entry->text(entry_key::kCalibrateStatus), "NO");
 }
 
 TEST_F(MainWindow, SwitchesTouchInEveryEntryButInOneDriver) {

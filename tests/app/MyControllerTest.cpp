@@ -8,7 +8,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using ::testing::SizeIs;
 
 /// A controller on a simulated machine with one touchscreen of each kind.
 class Controller : public ::testing::Test, public ControllerRig {
@@ -107,20 +106,6 @@ TEST_F(Controller, KeepsTheSheetAsItIsWhenATouchscreenArrives) {
   EXPECT_EQ(statusLine.messages.back(), (StatusMessage{"%1 was connected.", entry(1)->text(entry_key::kSN)}));
   controller.SettingsOk();
   EXPECT_EQ(entry(1)->integer(settings_key::kClickRange), 9) << "it gets the settings like the others";
-}
-
-TEST_F(Controller, SelectsTheFirstTouchscreenThatArrivesInAnEmptyList) {
-  // A driver instance without its device: the program stays, with nothing to select.
-  auto& touchscreen = *machine.all().front();
-  machine.registry().publish(touchscreen);
-  controller.awakeFromNib();
-  EXPECT_FALSE(application.isEnding());
-  machine.plugIn(touchscreen);
-  runLoop.performSources();
-  showTable();
-  ASSERT_THAT(listedProducts(), SizeIs(1));
-  EXPECT_EQ(selected(), entry(0));
-  EXPECT_EQ(interface.deviceTableView.highlighted, 0);
 }
 
 TEST_F(Controller, ShowsAndWritesAResetAndAnAcceptedCalibration) {

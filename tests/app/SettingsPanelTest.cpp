@@ -13,27 +13,31 @@ constexpr std::uint16_t kOptical = 0x0C20;
 
 /// As a selected touchscreen that has had its touch disabled saves them. No value equals a default or another one
 /// of its type, and some are out of every range.
-const Dictionary kUnusualFile{{"TouchMode", 17},
-                              {"EnableTouch", false},
-                              {"ClickRange", 11},
-                              {"Smoothness", -3},
-                              {"CalibrateMode", 25},
-                              {"CalibrateType", 3},
-                              {"EnableRightClick", false},
-                              {"RightClickTime", 999999},
-                              {"RightClickArea", 14},
-                              {"EnableTouchSensitivity", false},
-                              {"TouchSensitivityTime", 170},
-                              {"TouchSensitivityArea", 18}};
-const Dictionary kUnusualMessage{{"mode", 17},
-                                 {"clickRange", 11},
-                                 {"enableRightClick", false},
-                                 {"rightClickTime", 999999},
-                                 {"rightClickArea", 14},
-                                 {"enableTouchSensitivity", false},
-                                 {"touchSensitivityTime", 170},
-                                 {"touchSensitivityArea", 18},
-                                 {"smoothness", -3}};
+const Dictionary kUnusualFile{
+    {"TouchMode", 17},
+    {"EnableTouch", false},
+    {"ClickRange", 11},
+    {"Smoothness", -3},
+    {"CalibrateMode", 25},
+    {"CalibrateType", 3},
+    {"EnableRightClick", false},
+    {"RightClickTime", 999999},
+    {"RightClickArea", 14},
+    {"EnableTouchSensitivity", false},
+    {"TouchSensitivityTime", 170},
+    {"TouchSensitivityArea", 18},
+};
+const Dictionary kUnusualMessage{
+    {"mode", 17},
+    {"clickRange", 11},
+    {"enableRightClick", false},
+    {"rightClickTime", 999999},
+    {"rightClickArea", 14},
+    {"enableTouchSensitivity", false},
+    {"touchSensitivityTime", 170},
+    {"touchSensitivityArea", 18},
+    {"smoothness", -3},
+};
 /// The same as SettingsSheet::controls() has them, and the defaults.
 constexpr std::tuple kUnusual{17, 11, -3, 1, 3, false, 999999, 14, 715, 16, false, 170, 18};
 constexpr std::tuple kDefaults{2, 0, 1, 0, 0, true, 1000, 5, 500, 5, true, 100, 5};
@@ -262,15 +266,6 @@ TEST_F(SettingsSheet, SaysWhenTheFileCouldNotBeWritten) {
     EXPECT_EQ(status().count, 1);
   }
   EXPECT_THAT(files.files, IsEmpty());
-}
-
-TEST_F(SettingsSheet, AppliesToTheOthersWhenOneDriverInstanceIsGone) {
-  auto gone = list(kInfrared, "gone");
-  auto staying = list(kInfrared, "staying");
-  registry.remove(handleOf(gone));
-  controller.SaveDriverConfig();
-  EXPECT_EQ(registry.writesTo(handleOf(staying)).size(), 1U);
-  EXPECT_EQ(files.writeAttempts, 1);
 }
 
 TEST_F(SettingsSheet, KeepsTheMainWindowUnusableWhileItIsUp) {

@@ -4,7 +4,6 @@
 #include <gmock/gmock.h>
 
 #include "ControllerRig.h"
-#include "protocol/Packet.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/TemporaryDirectory.h"
@@ -82,13 +81,16 @@ struct SimulatedSession : ::testing::Test {
   simulated::SimulatedTouchscreens machine;
 };
 
-TEST_F(SimulatedSession, FindsListsCalibratesAndRemembersEveryKind) {
+TEST_F(SimulatedSession, FindsListsSetsCalibratesAndRemembersEveryKind) {
   std::vector<double> before;
   for (const auto& touchscreen : machine.all()) before.push_back(errorOf(*touchscreen));
   std::vector<Dictionary> accepted;
   {
     PanelRun run(machine, directory);
     EXPECT_THAT(run.column(entry_key::kCalibrateStatus), ElementsAre("NO", "NO", "NO"));
+    run.controller().Settings();
+    run.interface.rightClickTime.value = 1234;
+    run.controller().SettingsOk();
     EXPECT_TRUE(run.calibrate(infrared(), 25));
     EXPECT_TRUE(run.calibrate(optical(), 4));
     EXPECT_TRUE(run.calibrate(plain(), 25));
@@ -103,42 +105,13 @@ TEST_F(SimulatedSession, FindsListsCalibratesAndRemembersEveryKind) {
   PanelRun later(machine, directory);
   EXPECT_THAT(later.column(entry_key::kCalibrateStatus), ElementsAre("YES", "YES", "YES"));
   ASSERT_THAT(later.list(), SizeIs(3));
+  EXPECT_THAT(later.column("RightClickTime"), Each("1234"));
   for (std::size_t row = 0; row < 3; ++row)
     EXPECT_EQ(imageOf(contextOf(*later.list()[row]).CalibParams),
               imageOf(contextOf(accepted[row]).CalibParams))
         << "row " << row << ", to the bit";
   for (std::size_t i = 0; i < before.size(); ++i)
     EXPECT_LT(errorOf(*machine.all()[i]), before[i] / 10) << "after a re-plug";
-}
-
-TEST_F(SimulatedSession, GivesEveryConfigurationOnlyTouchscreenTheSameCalibration) {
-  PanelRun run(machine, directory);
-  ASSERT_TRUE(run.calibrate(plain(), 4));
-  auto twin = plain().model();
-  twin.locationId = 0x14700000;
-  machine.plugIn(machine.add(twin));
-  run.runLoop.performSources();
-  ASSERT_THAT(run.list(), SizeIs(4));
-  EXPECT_EQ(run.list().back()->text(entry_key::kCalibrateStatus), "YES");
-  EXPECT_EQ(imageOf(contextOf(*run.list().back()).CalibParams),
-            imageOf(contextOf(*run.list()[0]).CalibParams));
-}
-
-TEST_F(SimulatedSession, KeepsSettingsFromOneRunToTheNext) {
-  {
-    PanelRun run(machine, directory);
-    run.controller().Settings();
-    run.interface.rightClickTime.value = 1234;
-    run.interface.calibMode.row = 1;
-    run.controller().SettingsChange();
-    run.controller().SettingsOk();
-    EXPECT_THAT(directory.names(), SizeIs(1));
-  }
-  PanelRun later(machine, directory);
-  for (const auto& entry : later.list()) {
-    EXPECT_EQ(entry->integer(settings_key::kRightClickTime), 1234);
-    EXPECT_EQ(entry->integer(settings_key::kCalibrateMode), 25);
-  }
 }
 
 TEST_F(SimulatedSession, SurvivesUnpluggingAtEveryTransfer) {
@@ -166,36 +139,6 @@ TEST_F(SimulatedSession, SurvivesUnpluggingAtEveryTransfer) {
       EXPECT_TRUE(accepted) << "an undisturbed session";
       EXPECT_GT(life, 10);
       break;
-    }
-  }
-}
-
-TEST_F(SimulatedSession, TakesEveryFaultForWhatItIs) {
-  using firmware::Fault;
-  struct Case {
-    firmware::FaultSetting setting;
-    bool listed;
-  };
-  for (const auto& fault :
-       {Case{{Fault::IgnoresCommand, CMD_SET_MODE}, false},
-        Case{{Fault::IgnoresCommand, CMD_GET_VERSION}, true}, Case{{Fault::WrongEcho}, false},
-        Case{{Fault::WrongReplyClass}, false}, Case{{Fault::LateReply, 49}, true},
-        Case{{Fault::LateReply, 50}, false}, Case{{Fault::DiesAfterPackets, 3}, false},
-        Case{{Fault::Stalls}, false}, Case{{Fault::OddVersionLength}, true},
-        Case{{Fault::UnterminatedBarCode}, true}}) {
-    for (auto* victim : {&infrared(), &optical()}) {
-      // A stale reply of an earlier run would pass for an answer.
-      for (const auto& touchscreen : machine.all()) touchscreen->firmware().powerCycle();
-      victim->firmware().setFault(fault.setting);
-      PanelRun run(machine, directory);
-      victim->firmware().setFault({});
-      const auto name = ::testing::Message()
-                        << victim->model().name << ", fault " << static_cast<int>(fault.setting.fault)
-                        << " with " << fault.setting.argument;
-      EXPECT_EQ(run.select(*victim), fault.listed) << name;
-      EXPECT_EQ(run.alerts.panels.size(), fault.listed ? 0U : 1U) << name;
-      EXPECT_THAT(run.alerts.panels, Each(kReadFailed)) << name;
-      EXPECT_GE(run.list().size(), 2U) << name << ": the others are not affected";
     }
   }
 }

@@ -8,81 +8,57 @@
 namespace touchpanel::testing {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
+using enum VersionSelector;
 
-constexpr auto kSysv = VersionSelector::Sysv;
-constexpr auto kSys1 = VersionSelector::Sys1;
-constexpr auto kSys2 = VersionSelector::Sys2;
-constexpr auto kSys3 = VersionSelector::Sys3;
-
-/// Answers what the test lists; a selector that it does not list fails with `error`.
+/// Answers what the test lists; a selector that it does not list fails.
 struct StubSystemVersion final : SystemVersion {
   Status query(VersionSelector selector, std::int32_t& response) override {
     asked.push_back(selector);
     const auto found = answers.find(selector);
-    if (found == answers.end()) return error;
+    if (found == answers.end()) return -5551;
     response = found->second;
     return successStatus;
   }
   std::map<VersionSelector, std::int32_t> answers;
-  Status error = -5551;
   Status successStatus = kSuccess;
   std::vector<VersionSelector> asked;
 };
 
-TEST(SystemVersionNumbers, AreReadFromTheFormThatTheSystemHas) {
+TEST(SystemVersionNumbers, AreReadFromTheFormThatTheSystemHasOrAreZero) {
   struct Case {
     std::map<VersionSelector, std::int32_t> answers;
-    std::uint32_t major, minor, bugFix;
+    std::array<std::uint32_t, 3> numbers;
     std::vector<VersionSelector> asked;
+    std::vector<std::string> lines = {};
+    Status successStatus = kSuccess;
   };
+  const std::vector<std::string> failed{"Unable to obtain system version: -5551"};
   const Case cases[] = {
-      {{{kSysv, 0x1039}}, 10, 0, 9, {kSysv}},
-      {{{kSysv, 0x103F}}, 10, 0, 15, {kSysv}},
-      {{{kSysv, 0x0922}}, 9, 0, 2, {kSysv}},
-      {{{kSysv, 0x1040}, {kSys1, 10}, {kSys2, 4}, {kSys3, 11}}, 10, 4, 11, {kSysv, kSys1, kSys2, kSys3}},
-      {{{kSysv, 0x10000}, {kSys1, 12}, {kSys2, 0}, {kSys3, 1}}, 12, 0, 1, {kSysv, kSys1, kSys2, kSys3}},
+      {{{Sysv, 0x1039}}, {10, 0, 9}, {Sysv}},
+      {{{Sysv, 0x103F}}, {10, 0, 15}, {Sysv}},
+      {{{Sysv, 0x0922}}, {9, 0, 2}, {Sysv}},
+      {{{Sysv, 0x1040}, {Sys1, 10}, {Sys2, 4}, {Sys3, 11}}, {10, 4, 11}, {Sysv, Sys1, Sys2, Sys3}},
+      {{{Sysv, 0x10000}, {Sys1, 12}, {Sys2, 0}, {Sys3, 1}}, {12, 0, 1}, {Sysv, Sys1, Sys2, Sys3}},
+      {{}, {}, {Sysv}, failed},
+      {{{Sysv, 0x1058}, {Sys2, 5}, {Sys3, 8}}, {}, {Sysv, Sys1}, failed},
+      {{{Sysv, 0x1058}, {Sys1, 10}, {Sys3, 8}}, {}, {Sysv, Sys1, Sys2}, failed},
+      {{{Sysv, 0x1058}, {Sys1, 10}, {Sys2, 5}}, {}, {Sysv, Sys1, Sys2, Sys3}, failed},
+      // Only the low half of a status counts, and is told with its sign.
+      {{{Sysv, 0x1039}}, {10, 0, 9}, {Sysv}, {}, 0x10000},
+      {{{Sysv, 0x1039}}, {}, {Sysv}, {"Unable to obtain system version: -2"}, 0x7FFFFFFE},
   };
   for (const auto& c : cases) {
     StubSystemVersion system;
     system.answers = c.answers;
+    system.successStatus = c.successStatus;
     RecordingDiagnostics diagnostics;
-    std::uint32_t major = 99, minor = 99, bugFix = 99;
-    getSystemVersion(system, diagnostics, &major, &minor, &bugFix);
-    EXPECT_EQ(std::tie(major, minor, bugFix), std::tie(c.major, c.minor, c.bugFix));
+    std::array<std::uint32_t, 3> numbers{99, 99, 99};
+    getSystemVersion(system, diagnostics, &numbers[0], &numbers[1], &numbers[2]);
+    EXPECT_EQ(numbers, c.numbers);
     EXPECT_EQ(system.asked, c.asked);
-    EXPECT_THAT(diagnostics.lines, IsEmpty());
+    EXPECT_EQ(diagnostics.lines, c.lines);
+    getSystemVersion(system, diagnostics, nullptr, nullptr, nullptr);
   }
-}
-
-TEST(SystemVersionNumbers, AreZeroAfterTheFirstFailure) {
-  const std::vector<VersionSelector> order{kSysv, kSys1, kSys2, kSys3};
-  for (std::size_t failing = 0; failing < order.size(); ++failing) {
-    StubSystemVersion system;
-    system.answers = {{kSysv, 0x1058}, {kSys1, 10}, {kSys2, 5}, {kSys3, 8}};
-    system.answers.erase(order[failing]);
-    RecordingDiagnostics diagnostics;
-    std::uint32_t major = 99, minor = 99, bugFix = 99;
-    getSystemVersion(system, diagnostics, &major, &minor, &bugFix);
-    EXPECT_EQ(major + minor + bugFix, 0U);
-    EXPECT_EQ(system.asked.back(), order[failing]);
-    EXPECT_THAT(diagnostics.lines, ElementsAre("Unable to obtain system version: -5551"));
-  }
-}
-
-TEST(SystemVersionNumbers, AreJudgedByTheLowHalfOfTheStatus) {
-  StubSystemVersion system;
-  system.answers = {{kSysv, 0x1039}};
-  system.successStatus = 0x10000;
-  RecordingDiagnostics diagnostics;
-  std::uint32_t bugFix = 99;
-  getSystemVersion(system, diagnostics, nullptr, nullptr, &bugFix);
-  EXPECT_EQ(bugFix, 9U);
-
-  system.successStatus = static_cast<Status>(0x7FFFFFFE);
-  getSystemVersion(system, diagnostics, nullptr, nullptr, nullptr);
-  EXPECT_THAT(diagnostics.lines, ElementsAre("Unable to obtain system version: -2"));
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include <QSpinBox>
 
 #include "PanelRig.h"
-#include "app/SettingsValues.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -60,24 +59,24 @@ TEST_F(SettingsSheetTest, AppliesWhatTheUserGaveEachControlToEveryTouchscreenAnd
        {"singleClickArea", "smoothness", "rightClickTime", "rightClickArea", "doubleClickTime",
         "doubleClickArea", "touchSensitivityTime", "touchSensitivityArea"})
     widget<IntegerField>(field).spinBox().stepBy(++steps);
-  const SettingsValues chosen{.touchMode = 1,
-                              .clickRange = 1,
-                              .smoothness = 3,
-                              .calibrateMode = 25,
-                              .calibrateType = 0,
-                              .enableRightClick = false,
-                              .rightClickTime = 1300,
-                              .rightClickArea = 9,
-                              .doubleClickTime = 750,
-                              .doubleClickArea = 11,
-                              .enableTouchSensitivity = false,
-                              .touchSensitivityTime = 170,
-                              .touchSensitivityArea = 13};
   EXPECT_TRUE(QTest::qWaitFor([&] { return widget("btnApply").isEnabled(); }));
   click("btnApply");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !widget("btnApply").isEnabled(); }));
-  EXPECT_EQ(settingsOf(selected()), chosen);
-  EXPECT_EQ(files.files.at(ConfigPaths::in("/etc/panel").driverConfig).integer(settings_key::kTouchMode), 1);
+  EXPECT_EQ(files.files.at(ConfigPaths::in("/etc/panel").driverConfig),
+            (Dictionary{{"TouchMode", 1},
+                        {"EnableTouch", true},
+                        {"ClickRange", 1},
+                        {"Smoothness", 3},
+                        {"CalibrateMode", 25},
+                        {"CalibrateType", 0},
+                        {"EnableRightClick", false},
+                        {"RightClickTime", 1300},
+                        {"RightClickArea", 9},
+                        {"EnableTouchSensitivity", false},
+                        {"TouchSensitivityTime", 170},
+                        {"TouchSensitivityArea", 13}}));
+  EXPECT_EQ(selected().integer(entry_key::kDoubleClickTime), 750);
+  EXPECT_EQ(selected().integer(entry_key::kDoubleClickArea), 11);
   for (const Kind kind : {Infrared, Optical, ConfigurationOnly})
     EXPECT_EQ(published(kind, property::kConfigration).integer(configration_key::kMode), 1);
   click("btnOk");
