@@ -35,7 +35,7 @@ TEST_F(LoadingADevice, FillsTheEntryInOrder) {
   const auto image = imageOf(context);
   auto& file = files.files[paths.driverConfig];
   file = {{"AddedByHand", 1}};
-  for (int i = settings_key::kAll.size(); i > 0; --i) file.set(settings_key::kAll.at(i - 1U), 100 + i);
+  for (int i = kSettingsInFile.size(); i > 0; --i) file.set(kSettingsInFile.at(i - 1U).key, 100 + i);
   const auto hidSystem = registry.add(
       "IOHIDSystem", driver,
       {{"HIDParameters",
@@ -44,7 +44,7 @@ TEST_F(LoadingADevice, FillsTheEntryInOrder) {
   Dictionary expected{
       {"CalibrateStatus", "YES"}, {"SN", "SN-1"}, {"FirmwareVersion", "1.2"}, {"MonitorID", 0}};
   int number = 100;
-  for (const char* key : settings_key::kAll) expected.set(key, ++number);
+  for (const auto& setting : kSettingsInFile) expected.set(setting.key, ++number);
   const Dictionary rest{{"Handle", static_cast<std::int32_t>(driver)},
                         {"DeviceInterface", 77},
                         {"LocationID", static_cast<std::int32_t>(0x94100000)},
