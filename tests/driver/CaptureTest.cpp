@@ -44,22 +44,14 @@ TEST(Capture, PublishesEachFingerUpForTheTargetThatIsExpected) {
            {"statCalibrate=no; 400: 1,1; 408: -", "5000,6000 of 7", "the run is over"},
            {"statCalibrate=yes", "0,0 of 0", "a new run must not find the old run's touch"},
            {"500: 0,0; 508: -", "1,1 of 0", "a touch at the edge is not taken for no touch"},
-           {"600: 0@500,600; 608: 0@500,600 1@9000; 616: 1@9000; 624: -", "500,600 of 1", "two fingers"}}) {
+           {"600: 0@500,600; 608: 0@500,600 1@9000; 616: 1@9000; 624: -", "500,600 of 1", "two fingers"},
+           {"700: 0@9000; mode=0; 708: -; 716: 1@700,800; 724: -", "700,800 of 2",
+            "not the one that a change ended"},
+           {"statCalibrate=no; 800: 9000; statCalibrate=yes; 808: 9000; 816: -", "0,0 of 0",
+            "down before the run"}}) {
     glass.play(script);
     EXPECT_EQ(read(glass.driver), published) << why;
   }
-}
-
-TEST(Capture, AFingerThatWasDownBeforeIsNoTouchOfTheRun) {
-  Glass glass;
-  glass.play("0: 9000; statCalibrate=yes; 8: 9000; 16: -");
-  EXPECT_EQ(read(glass.driver), "0,0 of 0");
-  glass.play("100: 500,600; 108: -");
-  EXPECT_EQ(read(glass.driver), "500,600 of 0");
-  glass.play("200: 0@9000");
-  glass.driver.releaseAll();
-  glass.play("300: 1@700,800; 308: -");
-  EXPECT_EQ(read(glass.driver), "700,800 of 1") << "nor is one whose sensor went away under it";
 }
 
 TEST(Capture, PublishesThePointBeforeTheReleaseThatBelongsToIt) {
