@@ -44,6 +44,14 @@ def divide(a, b):
     return math.copysign(math.inf, a) * math.copysign(1.0, b)
 
 
+def added(values):
+    """The sum from the left; the built-in one may compensate what rounding loses."""
+    total = 0.0
+    for value in values:
+        total += value
+    return total
+
+
 def terms_of(degree):
     return [(i, j) for i in range(degree + 1) for j in range(degree + 1 - i)]
 
@@ -65,10 +73,8 @@ def invert_10x10(n):
     size = 10
     companion = [[1.0 if row == column else 0.0 for column in range(size)] for row in range(size)]
     for c in range(size):
-        for r in range(c, size):
-            if n[r][c] != 0.0:
-                break
-        else:
+        r = next((row for row in range(c, size) if n[row][c] != 0.0), None)
+        if r is None:
             return None
         n[r], n[c] = n[c], n[r]
         companion[r], companion[c] = companion[c], companion[r]
@@ -89,31 +95,19 @@ def invert_10x10(n):
 def fit(degree, targets, raw_x, raw_y):
     """Coefficients by (power of x, power of y); None when there are none."""
     terms = terms_of(degree)
-    count = len(targets)
-    if count < len(terms):
+    if len(targets) < len(terms):
         return None
-    moments = {}
-    for p, q in terms_of(2 * degree):
-        total = 0.0
-        for k in range(count):
-            total += power(raw_x[k], p) * power(raw_y[k], q)
-        moments[p, q] = total
-    right = {}
-    for i, j in terms:
-        total = 0.0
-        for k in range(count):
-            total += (targets[k] * power(raw_x[k], i)) * power(raw_y[k], j)
-        right[i, j] = total
+    samples = list(zip(targets, raw_x, raw_y))
+    moments = {(p, q): added(power(x, p) * power(y, q) for _, x, y in samples) for p, q in terms_of(2 * degree)}
+    right = {(i, j): added((t * power(x, i)) * power(y, j) for t, x, y in samples) for i, j in terms}
     normal = [[moments[i + a, j + b] for a, b in terms] for i, j in terms]
     inverse = invert_3x3(normal) if degree == 1 else invert_10x10(normal)
     if inverse is None:
         return None
-    result = {}
+    result = dict.fromkeys(terms, 0.0)
     for row, unknown in enumerate(terms):
-        total = 0.0
         for column, term in enumerate(terms):
-            total = single(total + single(inverse[row][column] * right[term]))
-        result[unknown] = total
+            result[unknown] = single(result[unknown] + single(inverse[row][column] * right[term]))
     return result
 
 
