@@ -118,18 +118,17 @@ bool invert(Matrix<10> normal, Matrix<10>& inverse) {
   return true;
 }
 
-template <std::size_t Degree>
-using Coefficients = std::array<std::array<float, Degree + 1>, Degree + 1>;
-
-/// The coefficients of one axis, [i][j] belonging to x^i y^j. False when they cannot be had.
+/// Fits the coefficients of one axis; those beyond `Degree` become 0. False, with `destination` untouched, when
+/// there is no solution.
 template <std::size_t Degree>
 bool fit(const float* targets, const float* rawX, const float* rawY, std::int32_t count,
-         Coefficients<Degree>& result) {
+         _CALIB_PARAM& destination) {
   constexpr auto& terms = kTerms<Degree>;
   if (count < static_cast<std::int32_t>(terms.size())) return false;
   const auto sums = sumUp<Degree>(targets, rawX, rawY, count);
   Matrix<terms.size()> inverse;
   if (!invert(normalMatrix<Degree>(sums), inverse)) return false;
+  std::array<std::array<float, 4>, 4> result{};  // [i][j] belongs to x^i y^j
   for (std::size_t row = 0; row < terms.size(); ++row) {
     float& coefficient = result[terms[row].x][terms[row].y];
     // The products are double, their sum is single.
@@ -137,32 +136,6 @@ bool fit(const float* targets, const float* rawX, const float* rawY, std::int32_
       coefficient +=
           static_cast<float>(inverse[row][column] * sums.rightSide[terms[column].x][terms[column].y]);
   }
-  return true;
-}
-
-}  // namespace
-
-bool linearCalibrator(const float* targets, const float* rawX, const float* rawY, std::int32_t count,
-                      _CALIB_PARAM& destination) {
-  Coefficients<1> result{};
-  if (!fit<1>(targets, rawX, rawY, count, result)) return false;
-  destination.A03 = 0;
-  destination.A12 = 0;
-  destination.A21 = 0;
-  destination.A30 = 0;
-  destination.A02 = 0;
-  destination.A11 = 0;
-  destination.A20 = 0;
-  destination.A01 = result[0][1];
-  destination.A10 = result[1][0];
-  destination.A00 = result[0][0];
-  return true;
-}
-
-bool distortedCalibrator(const float* targets, const float* rawX, const float* rawY, std::int32_t count,
-                         _CALIB_PARAM& destination) {
-  Coefficients<3> result{};
-  if (!fit<3>(targets, rawX, rawY, count, result)) return false;
   destination.A03 = result[0][3];
   destination.A12 = result[1][2];
   destination.A21 = result[2][1];
@@ -174,6 +147,18 @@ bool distortedCalibrator(const float* targets, const float* rawX, const float* r
   destination.A10 = result[1][0];
   destination.A00 = result[0][0];
   return true;
+}
+
+}  // namespace
+
+bool linearCalibrator(const float* targets, const float* rawX, const float* rawY, std::int32_t count,
+                      _CALIB_PARAM& destination) {
+  return fit<1>(targets, rawX, rawY, count, destination);
+}
+
+bool distortedCalibrator(const float* targets, const float* rawX, const float* rawY, std::int32_t count,
+                         _CALIB_PARAM& destination) {
+  return fit<3>(targets, rawX, rawY, count, destination);
 }
 
 bool generateCalibParam(const float* targetX, const float* targetY, const float* rawX, const float* rawY,

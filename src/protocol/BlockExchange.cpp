@@ -11,7 +11,7 @@ namespace {
 
 using Payload = std::array<std::uint8_t, kBlockSize>;
 
-/// The one place where a step's buffers are made: cleared, on the stack, fresh for every step.
+/// Makes the buffers of every step anew: cleared, and on the stack.
 class Conversation {
  public:
   Conversation(UsbDeviceInterface& device, const ExchangePorts& ports) : device_(device), ports_(ports) {}
@@ -43,32 +43,21 @@ class Conversation {
   const ExchangePorts& ports_;
 };
 
-template <typename Block>
-void storeBlock(const PacketBuffer& reply, Block& block) {
-  static_assert(sizeof(Block) == kBlockSize);
-  std::memcpy(&block, &reply[kPayloadAt], kBlockSize);
-}
-
-template <typename Block>
-Payload payloadOf(const Block& block) {
-  static_assert(sizeof(Block) == kBlockSize);
-  return imageOf(block);
-}
-
 void store(Content content, const PacketBuffer& reply, _DEVICT_CONTEXT& context) {
+  const auto payload = std::span(reply).subspan(kPayloadAt);
   switch (content) {
     case Content::ScreenProps:
-      return storeBlock(reply, context.ScreenProps);
+      return copyImage(payload, context.ScreenProps);
     case Content::DeviceConfig:
-      return storeBlock(reply, context.DeviceConfig);
+      return copyImage(payload, context.DeviceConfig);
     case Content::CalibX:
-      return storeBlock(reply, context.CalibParams.X);
+      return copyImage(payload, context.CalibParams.X);
     case Content::CalibY:
-      return storeBlock(reply, context.CalibParams.Y);
+      return copyImage(payload, context.CalibParams.Y);
     case Content::Version:
       return formatFirmwareVersion(reply, context.FirmwareVer);
     case Content::BarCodeText:
-      std::memcpy(context.BarCode, &reply[kPayloadAt], kBarCodeTextSize);
+      std::memcpy(context.BarCode, payload.data(), kBarCodeTextSize);
       return;
     case Content::BarCodeFields:
       return formatBarCode(reply, context.BarCode);
@@ -80,17 +69,17 @@ void store(Content content, const PacketBuffer& reply, _DEVICT_CONTEXT& context)
 Payload payloadFor(Content content, const _DEVICT_CONTEXT& context) {
   switch (content) {
     case Content::DeviceConfig:
-      return payloadOf(context.DeviceConfig);
+      return imageOf(context.DeviceConfig);
     case Content::CalibX:
-      return payloadOf(context.CalibParams.X);
+      return imageOf(context.CalibParams.X);
     case Content::CalibY:
-      return payloadOf(context.CalibParams.Y);
+      return imageOf(context.CalibParams.Y);
     default:
       return {};
   }
 }
 
-/// Enters command mode, has `transfer` handle each block, and goes back to work mode whatever became of them.
+/// Enters command mode, calls `transfer` for each block, and leaves command mode even if blocks failed.
 template <typename Transfer>
 int runSequence(Conversation& conversation, const ExchangeSequence& sequence, const Transfer& transfer) {
   if (!conversation.switchMode(sequence.entry, kModeCommand)) return 0;
