@@ -7,7 +7,7 @@
 namespace touchpanel {
 
 /// The full-screen view that leads the user through the calibration of one touchscreen, in 4 or 25 targets as
-/// the device entry's "CalibrateMode" tells. Created for one run; hides the mouse cursor from creation until
+/// the device entry's "CalibrateMode" says. Created for one run; hides the mouse cursor from creation until
 /// the grid is finished.
 ///
 /// | state        | entered by                       | leaves on                                           |

@@ -5,7 +5,7 @@
 
 namespace touchpanel {
 
-/// What a calibration screen is made of, beside its buttons. `box` is the size of the area in which the
+/// The parts of a calibration screen beside its buttons. `box` is the size of the area in which the
 /// calibration is laid out, its lower-left corner the origin.
 
 inline constexpr Color kBackgroundBlue{0.082F, 0.691F, 0.914F, 1};

@@ -25,14 +25,14 @@ struct CalibrationPorts {
   ContextStore& contextStore;
 };
 
-/// One calibration of one touchscreen, without its picture: what is exchanged with the driver, the device
-/// entry and the device. A calibration view owns one and decides from its events which of the steps below
-/// comes next. Nothing here fails visibly: a driver or a device that does not answer is not told of.
+/// One calibration of one touchscreen, without drawing: everything exchanged with the driver, the device entry
+/// and the device. A calibration view owns one and decides from its events which of the steps below
+/// comes next. Errors of the driver and of the device are not reported.
 ///
 /// A run that is over (exit(), close()) does nothing any more; its view asks isOver() first, in every event.
 class CalibrationRun {
  public:
-  /// How the driver is told of a cancelled run.
+  /// The message that cancels a run in the driver instance.
   using CancelMessage = void (DriverChannel::*)(RegistryObject, bool status, const _CALIB_PARAMS&);
 
   CalibrationRun(const CalibrationPorts& ports, CancelMessage cancelMessage);
@@ -67,7 +67,7 @@ class CalibrationRun {
 
   /// Gives the driver its touch mode back and closes the window.
   void exit();
-  /// Closes the window without a word to the driver, which is gone.
+  /// Closes the window and sends nothing: the driver instance is gone.
   void close();
 
   bool isOver() const { return !texts_; }

@@ -7,8 +7,8 @@
 
 namespace touchpanel {
 
-/// The picture of a run in a box of a given size, and the buttons in it. Buttons are performed by the redraw
-/// after the mouse-up, so drawing can end the run.
+/// Draws a run in a box of a given size, and handles its buttons. Buttons are performed by the redraw after the
+/// mouse-up, so drawing can end the run.
 class CalibrationScreen {
  public:
   explicit CalibrationScreen(CalibrationRun& run) : run_(run) {}

@@ -15,7 +15,7 @@ struct TextAttributes {
   StyledText apply(std::string text) const { return {std::move(text), fontFamily, fontSize, color}; }
 };
 
-/// The texts of a calibration screen, made with it and given up when its run ends.
+/// The texts of a calibration screen. Released when the run ends.
 struct CalibrationTexts {
   CalibrationTexts();
   /// Sets `timerString` to `seconds` in decimal.

@@ -2,7 +2,7 @@
 
 namespace touchpanel {
 
-/// The part of the main controller that a finished calibration talks to.
+/// Updates the table of touchscreens after a calibration. Implemented by the main controller.
 class TableReloader {
  public:
   virtual ~TableReloader() = default;

@@ -7,7 +7,7 @@
 
 namespace touchpanel {
 
-/// Where the two property-list files are. Made from a directory, which is never created by us.
+/// Paths of the two property-list files. Their directory is never created.
 struct ConfigPaths {
   std::string driverConfig;
   std::string deviceConfig;
@@ -35,11 +35,11 @@ class DataSet {
 };
 
 /// Writes the twelve settings of `entry` to the driver configuration file. A missing key abandons the save
-/// before any file is touched; a failed write is ignored. Returns whether the file was written.
+/// before any file is touched. Returns whether the file was written.
 bool writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry);
 
-/// Writes calibration status and parameters of `context` to the device configuration file; a failed write is
-/// ignored. Returns whether the file was written.
+/// Writes calibration status and parameters of `context` to the device configuration file. Returns whether the
+/// file was written.
 bool writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context);
 
 }  // namespace touchpanel

@@ -8,7 +8,7 @@ namespace touchpanel::firmware {
 namespace {
 
 constexpr int kFlippedBits = 3;
-/// A version reply carries two or four bytes; with three, no panel knows what to make of it.
+/// A version reply carries two or four bytes; three match neither format.
 constexpr std::size_t kOddVersionSize = 3;
 constexpr std::uint8_t kNeverTerminator = '#';
 
@@ -79,7 +79,7 @@ TransferResult Firmware::receive(std::span<const std::uint8_t> packet) {
   if (command == nullptr) return TransferResult::Done;
   if (fault_.fault == Fault::IgnoresCommand && fault_.argument == command->code) return TransferResult::Done;
   if (!isAnsweredThisTime(packet)) {
-    // It has taken the command in and is working on it: there is nothing to fetch meanwhile.
+    // A device that is busy with a command has no reply.
     reply_ = {};
     return TransferResult::Done;
   }

@@ -13,10 +13,10 @@
 
 namespace touchpanel::firmware {
 
-/// A fault that a touchscreen can be told to have. At most one at a time; each stays until cleared.
+/// A fault that a touchscreen can have. At most one at a time; each stays until cleared.
 enum class Fault {
   None,
-  IgnoresCommand,      ///< acts as if the command code `argument` had never come: the last reply stays there
+  IgnoresCommand,      ///< ignores the command code `argument`; the reply before it stays
   WrongEcho,           ///< answers with another command's code
   WrongReplyClass,     ///< answers with a reply code of another class
   LateReply,           ///< acts on and answers each command only the `argument`-th time it comes
@@ -34,7 +34,7 @@ struct FaultSetting {
   bool operator==(const FaultSetting&) const = default;
 };
 
-/// What a touchscreen is and holds, as its maker delivered it.
+/// What a touchscreen is and holds when it is new.
 struct DeviceDescription {
   std::uint16_t productId = kProductInfrared0080;
   std::vector<std::uint8_t> version = {5, 2, 12, 0};  ///< 2 or 4 bytes: minor, major, build low, build high

@@ -22,7 +22,7 @@ int hostToDevice(UsbDeviceInterface& device, std::uint8_t requestType, std::uint
 /// Sends `request` (its first `requestLength` bytes), waits `delay`, and reads the reply, until a reply
 /// carries `expectedReply` and echoes the command, at most 50 times. Returns 1 and fills the whole of
 /// `reply`, header included, when that was so within 49 attempts; else returns 0 and leaves `reply` alone. An
-/// attempt blocks for `delay` and two transfers. Transfer errors are not told apart from replies that do not
+/// attempt blocks for `delay` and two transfers. Transfer errors are not distinguished from replies that do not
 /// match.
 int sendCMD(UsbDeviceInterface& device, PacketBuffer& request, PacketBuffer& reply,
             std::uint16_t requestLength, std::uint8_t expectedReply, std::chrono::milliseconds delay,
