@@ -106,7 +106,7 @@ TEST(UsbTouchscreen, RefusesWhatItDoesNotKnow) {
                                   {0xA1, 1, 0x0309, 0, 8},   {0xC0, 1, 0, 0, 64},    {0xC1, 0, 0, 0, 64},
                                   {0xE0, 0, 0, 0, 1},        {0x20, 1, 0x0302, 0, 8}};
   for (const ControlSetup& setup : refused) {
-    EXPECT_EQ(screen.control(setup, {}).outcome, ControlOutcome::Stalled)
+    EXPECT_EQ(screen.control(setup, {}).outcome, firmware::TransferResult::Stalled)
         << int{setup.requestType} << ' ' << int{setup.request} << ' ' << setup.value;
   }
 }

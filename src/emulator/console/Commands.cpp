@@ -2,16 +2,15 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdio>
 #include <memory>
+#include <optional>
 #include <span>
-#include <stdexcept>
 #include <utility>
 #include <vector>
 
 #include "emulator/console/DeviceOptions.h"
 #include "emulator/console/Words.h"
+#include "platform/HexText.h"
 #include "protocol/DeviceContext.h"
 
 namespace touchpanel::emulator {
@@ -22,7 +21,7 @@ using Arguments = std::vector<std::string>;
 
 constexpr Time kGestureStep = 10ms;  // the rate at which a usual touchscreen reports a moving finger
 constexpr Time kTapTime = 60ms;
-constexpr Time kPortRetry = 20ms;    // a port that becomes free tells nobody
+constexpr Time kPortRetry = 20ms;    // a port becomes free without an event
 constexpr Time kPortPatience = 20s;  // the kernel waits 5 s for a device that goes while it is being set up
 constexpr Time kAwaitPatience = 10s;
 constexpr std::uint64_t kLongestTimeMs = 3'600'000;
@@ -64,57 +63,34 @@ struct Context {
   }
 };
 
-/// A gesture in the making: what the finger did last is what the reply tells.
-class Gesture {
- public:
-  Gesture(Touchscreen& touchscreen, std::size_t finger, Time start)
-      : touchscreen_(touchscreen),
-        finger_(finger),
-        due_(start),
-        droppedBefore_(touchscreen.device.droppedReports()) {}
+/// Where a finger is from a moment on; without a point it is off the glass.
+struct Stop {
+  Time due;
+  std::optional<firmware::ScreenFraction> point;
+};
 
-  Gesture& touch(firmware::ScreenFraction point) {
-    add([device = &touchscreen_.device, finger = finger_, due = due_, raw = raw_, point] {
-      *raw = device->touch(finger, point, scanTime(due));
-    });
-    return *this;
-  }
-  Gesture& lift() {
-    add([device = &touchscreen_.device, finger = finger_, due = due_] {
-      device->lift(finger, scanTime(due));
-    });
-    return *this;
-  }
-  Gesture& wait(Time time) {
-    due_ += time;
-    plan_.steps.push_back(at(due_, nullptr));
-    return *this;
-  }
-  Plan plan() {
-    plan_.reply = [raw = raw_, device = &touchscreen_.device, before = droppedBefore_] {
-      std::string text = "raw " + std::to_string(raw->x) + ' ' + std::to_string(raw->y);
-      const std::uint64_t dropped = device->droppedReports() - before;
-      if (dropped > 0) text += " dropped " + std::to_string(dropped);
-      return text;
-    };
-    return std::move(plan_);
-  }
-
- private:
-  void add(std::function<void()> action) {
-    // A finger on a touchscreen that has been unplugged meanwhile reaches nobody.
-    plan_.steps.push_back(at(due_, [touchscreen = &touchscreen_, action = std::move(action)] {
-      if (touchscreen->connection) action();
+/// Moves a finger from stop to stop. The reply is the raw point of its last touch, and how many reports were lost.
+Plan gesture(Touchscreen& touchscreen, std::size_t finger, const std::vector<Stop>& stops) {
+  Plan plan;
+  const auto raw = std::make_shared<firmware::RawPoint>();
+  for (const Stop& stop : stops) {
+    plan.steps.push_back(at(stop.due, [=, &touchscreen] {
+      if (!touchscreen.connection) return;  // unplugged meanwhile
+      if (stop.point) {
+        *raw = touchscreen.device.touch(finger, *stop.point, scanTime(stop.due));
+      } else {
+        touchscreen.device.lift(finger, scanTime(stop.due));
+      }
     }));
   }
-
-  Touchscreen& touchscreen_;
-  std::size_t finger_;
-  Time due_;
-  std::uint64_t droppedBefore_;
-  std::shared_ptr<firmware::RawPoint> raw_ = std::make_shared<firmware::RawPoint>();
-  Plan plan_;
-};
+  plan.reply = [raw, &touchscreen, before = touchscreen.device.droppedReports()] {
+    std::string text = "raw " + std::to_string(raw->x) + ' ' + std::to_string(raw->y);
+    const std::uint64_t dropped = touchscreen.device.droppedReports() - before;
+    if (dropped > 0) text += " dropped " + std::to_string(dropped);
+    return text;
+  };
+  return plan;
+}
 
 Touchscreen& newTouchscreen(const Context& context) {
   const DeviceOptions options = deviceOptions(context.words[2], std::span(context.words).subspan(3));
@@ -152,7 +128,7 @@ Plan unplug(const Context& context) {
 }
 
 Plan down(const Context& context) {
-  return Gesture(context.pluggedTouchscreen(), context.finger(2), context.now).touch(context.point(3)).plan();
+  return gesture(context.pluggedTouchscreen(), context.finger(2), {{context.now, context.point(3)}});
 }
 
 Plan up(const Context& context) {
@@ -162,24 +138,22 @@ Plan up(const Context& context) {
 }
 
 Plan tap(const Context& context) {
-  return Gesture(context.pluggedTouchscreen(), 0, context.now)
-      .touch(context.point(2))
-      .wait(context.time(4, kTapTime))
-      .lift()
-      .plan();
+  const Time lift = context.now + context.time(4, kTapTime);
+  return gesture(context.pluggedTouchscreen(), 0, {{context.now, context.point(2)}, {lift, std::nullopt}});
 }
 
 Plan swipe(const Context& context) {
   const firmware::ScreenFraction from = context.point(2), to = context.point(4);
   const Time step = std::max<Time>(context.time(7, kGestureStep), 1ms);
   const auto moves = static_cast<int>(context.time(6, 0s) / step);
-  Gesture gesture(context.pluggedTouchscreen(), 0, context.now);
-  gesture.touch(from);
+  std::vector<Stop> stops = {{context.now, from}};
   for (int i = 1; i <= moves; ++i) {
     const double part = static_cast<double>(i) / moves;
-    gesture.wait(step).touch({from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)});
+    stops.push_back(
+        {context.now + i * step, {{from.x + part * (to.x - from.x), from.y + part * (to.y - from.y)}}});
   }
-  return gesture.wait(step).lift().plan();
+  stops.push_back({stops.back().due + step, std::nullopt});
+  return gesture(context.pluggedTouchscreen(), 0, stops);
 }
 
 Plan fault(const Context& context) {
@@ -227,11 +201,7 @@ Plan waitFor(const Context& context) {
 
 std::string hex(std::span<const std::uint8_t> bytes) {
   std::string text;
-  for (std::uint8_t byte : bytes) {
-    char digits[3];
-    std::snprintf(digits, sizeof digits, "%02x", byte);
-    text += digits;
-  }
+  for (const std::uint32_t byte : bytes) text += hexText(byte, 2);
   return text;
 }
 
@@ -239,9 +209,7 @@ Plan dump(const Context& context) {
   const Touchscreen& touchscreen = context.touchscreen();
   const firmware::Firmware& firmware = touchscreen.device.firmware();
   const firmware::DeviceDescription& stored = firmware.stored();
-  char product[8];
-  std::snprintf(product, sizeof product, "0x%04x", stored.productId);
-  std::string text = std::string("product=") + product;
+  std::string text = "product=0x" + hexText(std::uint32_t{stored.productId}, 4);
   text += " ScreenProps=" + hex(imageOf(stored.screenProps));
   text += " DeviceConfig=" + hex(imageOf(stored.deviceConfig));
   text += " CalibParams=" + hex(imageOf(stored.calibParams));
@@ -249,9 +217,7 @@ Plan dump(const Context& context) {
   text += std::string(" mode=") + (firmware.inCommandMode() ? "command" : "work");
   text += " packets=" + std::to_string(firmware.packetsReceived());
   text += " dropped=" + std::to_string(touchscreen.device.droppedReports());
-  Plan plan;
-  plan.reply = [text] { return text; };
-  return plan;
+  return {.steps = {}, .reply = [text] { return text; }};
 }
 
 Plan list(const Context& context) {
@@ -260,10 +226,10 @@ Plan list(const Context& context) {
     if (!text.empty()) text += ' ';
     text += name + (touchscreen->connection ? '@' + std::to_string(*touchscreen->port) : "@-");
   }
-  Plan plan;
-  plan.reply = [text] { return text; };
-  return plan;
+  return {.steps = {}, .reply = [text] { return text; }};
 }
+
+Plan quit(const Context&) { return {.steps = {}, .quit = true}; }
 
 struct CommandRule {
   std::string_view name;
@@ -290,40 +256,20 @@ constexpr std::array kRules = {
     CommandRule{"await", "NAME STATE [MS]", 2, 3, await,
                 "wait until it is configured, listening or unplugged, at most 10 s"},
     CommandRule{"wait", "MS", 1, 1, waitFor, "do nothing for a time"},
-    CommandRule{"quit", "", 0, 0, nullptr, "unplug everything and end"},
+    CommandRule{"quit", "", 0, 0, quit, "unplug everything and end"},
 };
-
-const CommandRule* ruleFor(std::string_view name) {
-  for (const CommandRule& rule : kRules) {
-    if (rule.name == name) return &rule;
-  }
-  return nullptr;
-}
 
 }  // namespace
 
-ParsedCommand parseCommand(std::string_view line, Touchscreens& touchscreens, Time now) {
+std::optional<Plan> planFor(std::string_view line, Touchscreens& touchscreens, Time now) {
   const Arguments words = wordsOf(line);
-  ParsedCommand command;
-  command.nothing = words.empty();
-  if (command.nothing) return command;
-  const CommandRule* rule = ruleFor(words[0]);
-  if (!rule) {
-    command.error = "there is no command " + words[0];
-    return command;
-  }
-  if (words.size() - 1 < rule->fewest || words.size() - 1 > rule->most) {
-    command.error = "usage: " + std::string(rule->name) + ' ' + std::string(rule->arguments);
-    return command;
-  }
-  command.quit = !rule->make;
-  if (command.quit) return command;
-  try {
-    command.plan = rule->make({words, touchscreens, now});
-  } catch (const WordError& error) {
-    command.error = error.what();
-  }
-  return command;
+  if (words.empty()) return std::nullopt;
+  const auto rule =
+      std::find_if(kRules.begin(), kRules.end(), [&](const auto& each) { return each.name == words[0]; });
+  if (rule == kRules.end()) throw WordError("there is no command " + words[0]);
+  if (words.size() - 1 < rule->fewest || words.size() - 1 > rule->most)
+    throw WordError("usage: " + std::string(rule->name) + ' ' + std::string(rule->arguments));
+  return rule->make({words, touchscreens, now});
 }
 
 std::string commandHelp() {

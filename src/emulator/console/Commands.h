@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,17 +9,9 @@
 
 namespace touchpanel::emulator {
 
-/// A line understood: nothing to do (empty or a remark), an error, the end, or a plan.
-struct ParsedCommand {
-  bool nothing = false;
-  bool quit = false;
-  std::string error;
-  Plan plan;
-};
-
-/// Understands one line. The plan works on `touchscreens`, which must outlive it; gestures are timed from
-/// `now`.
-ParsedCommand parseCommand(std::string_view line, Touchscreens& touchscreens, Time now);
+/// What one line asks for; nothing for a line that is empty or a remark. The plan works on `touchscreens`, which must
+/// outlive it; gestures are timed from `now`. Throws WordError.
+std::optional<Plan> planFor(std::string_view line, Touchscreens& touchscreens, Time now);
 
 /// All commands with their arguments, one to a line, for --help.
 std::string commandHelp();

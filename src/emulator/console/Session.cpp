@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "emulator/console/Commands.h"
+#include "emulator/console/Words.h"
 
 namespace touchpanel::emulator {
 
@@ -50,11 +51,12 @@ void Session::proceed(Time now) {
 }
 
 void Session::begin(const std::string& line, Time now) {
-  ParsedCommand command = parseCommand(line, touchscreens_, now);
-  if (command.nothing) return;
-  quit_ = command.quit;
-  if (!command.error.empty()) return answer("error", command.error);
-  current_ = std::move(command.plan);
+  try {
+    current_ = planFor(line, touchscreens_, now);
+    quit_ = current_ && current_->quit;
+  } catch (const WordError& error) {
+    answer("error", error.what());
+  }
 }
 
 void Session::answer(std::string_view verdict, const std::string& text) {

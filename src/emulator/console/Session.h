@@ -14,7 +14,7 @@ namespace touchpanel::emulator {
 /// A point in time of a steady clock that the caller reads.
 using Time = std::chrono::microseconds;
 
-/// How far a step of a command has come.
+/// The state of a step of a command.
 struct Progress {
   enum class State { Done, Waiting, Failed };
   State state = State::Done;
@@ -25,15 +25,16 @@ struct Progress {
 /// One part of a command that takes time. Called again and again until it is done or has failed.
 using Step = std::function<Progress(Time now)>;
 
-/// What a command is: steps in their order, and the reply once all are done.
+/// A command: steps in their order, and the reply once all are done.
 struct Plan {
   std::deque<Step> steps;
   std::function<std::string()> reply = [] { return std::string(); };
+  bool quit = false;  ///< ends the emulator at once, without a reply
 };
 
 /// Lines of commands from one source, executed in their order, each to its end before the next one begins.
-/// Every command is answered with one line: "ok", with what it has to tell, or "error" and the reason. After
-/// an error the next line is taken as if nothing had happened. Knows neither files nor clocks.
+/// Every command is answered with one line: "ok" and its answer, or "error" and the reason. After an error the next
+/// line is taken as usual. Knows neither files nor clocks.
 class Session {
  public:
   explicit Session(Touchscreens& touchscreens) : touchscreens_(touchscreens) {}

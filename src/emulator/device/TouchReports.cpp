@@ -67,14 +67,14 @@ std::vector<std::uint8_t> TouchReports::multiTouch(std::uint16_t scanTime) const
 }
 
 std::vector<std::uint8_t> TouchReports::singleTouch() const {
-  // While several fingers are down the one that came first is told; a later one is never jumped to before all
-  // earlier ones have left.
-  const Finger* told = nullptr;
+  // Of several fingers the first is reported until it has left. A later one is not jumped to before all earlier ones
+  // have left.
+  const Finger* first = nullptr;
   for (const Finger& finger : fingers_) {
-    if ((finger.down || finger.leaving) && (!told || finger.order < told->order)) told = &finger;
+    if ((finger.down || finger.leaving) && (!first || finger.order < first->order)) first = &finger;
   }
-  std::vector<std::uint8_t> report = {static_cast<std::uint8_t>(told && told->down ? kTip : 0)};
-  append(report, told ? told->point : firmware::RawPoint{});
+  std::vector<std::uint8_t> report = {static_cast<std::uint8_t>(first && first->down ? kTip : 0)};
+  append(report, first ? first->point : firmware::RawPoint{});
   return report;
 }
 

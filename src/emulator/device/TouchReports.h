@@ -9,7 +9,7 @@
 
 namespace touchpanel::emulator {
 
-/// Fingers that one touchscreen tells apart; ids are 0..kFingers-1.
+/// Fingers that one touchscreen distinguishes; ids are 0..kFingers-1.
 inline constexpr std::size_t kFingers = 10;
 
 /// How a touchscreen reports touches.
@@ -25,9 +25,9 @@ inline constexpr std::uint8_t kContactCountMaximumReport = 2;
 /// The HID report descriptor of a style.
 std::span<const std::uint8_t> reportDescriptor(ReportStyle style);
 
-/// The fingers on the glass of one touchscreen, and the HID input reports that tell of them.
+/// The fingers on the glass of one touchscreen, and their HID input reports.
 ///
-/// MultiTouch, 64 bytes, little-endian; a finger that has just left is told once more, without its tip bit:
+/// MultiTouch, 64 bytes, little-endian; a finger that has just left is reported once more, without its tip bit:
 ///
 ///     0    1                                        61         63
 ///     +----+----------------------------------------+----------+---------+
@@ -41,9 +41,9 @@ class TouchReports {
 
   /// A finger comes or moves, `finger` below kFingers. `scanTime` is in units of 100 microseconds and wraps.
   std::vector<std::uint8_t> touch(std::size_t finger, firmware::RawPoint point, std::uint16_t scanTime);
-  /// A finger leaves; nothing to report for one that is not there.
+  /// A finger leaves; the report is empty for one that is not there.
   std::vector<std::uint8_t> lift(std::size_t finger, std::uint16_t scanTime);
-  /// What a host gets that asks for the report by itself.
+  /// The report that a host gets on request.
   std::vector<std::uint8_t> current(std::uint16_t scanTime) const;
   /// The device has lost its power.
   void reset();

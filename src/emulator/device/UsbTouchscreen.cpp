@@ -8,27 +8,36 @@
 namespace touchpanel::emulator {
 namespace {
 
+using firmware::TransferResult;
+
 // bmRequestType: direction, type and recipient.
 constexpr std::uint8_t kFromDevice = 0x80;
 constexpr std::uint8_t kTypeMask = 0x60, kStandard = 0x00, kClass = 0x20, kVendor = 0x40;
 constexpr std::uint8_t kRecipientMask = 0x1F, kToDevice = 0, kToInterface = 1;
 
-enum StandardRequest : std::uint8_t {
-  GetStatus = 0,
-  ClearFeature = 1,
+enum DeviceRequest : std::uint8_t {
+  GetStatus,
+  ClearFeature,
   GetDescriptor = 6,
   GetConfiguration = 8,
-  SetConfiguration = 9,
-  GetInterface = 10,
-  SetInterface = 11
+  SetConfiguration
 };
+enum InterfaceRequest : std::uint8_t { GetInterface = 10, SetInterface };
 enum HidRequest : std::uint8_t { GetReport = 1, GetIdle = 2, SetIdle = 0x0A };
-enum DescriptorType : std::uint8_t { Device = 1, Configuration = 2, String = 3, Hid = 0x21, Report = 0x22 };
+enum DescriptorType : std::uint8_t {
+  Device = 1,
+  Configuration,
+  String,
+  Interface,
+  Endpoint,
+  Hid = 0x21,
+  Report
+};
 enum StringIndex : std::uint8_t { Languages = 0, Manufacturer = 1, Product = 2 };
 enum ReportType : std::uint8_t { InputReport = 1, FeatureReport = 3 };
 
 constexpr std::uint8_t kOnlyConfiguration = 1;
-constexpr std::uint8_t kControlPacketSize = 64;
+constexpr std::uint8_t kPacketSize = 64;  // of either endpoint
 constexpr std::uint8_t kReportEndpoint = 0x81, kInterrupt = 3, kPollMilliseconds = 2;
 constexpr std::uint8_t kHidClass = 3;
 constexpr std::size_t kDeviceDescriptorSize = 18, kConfigurationSize = 9, kInterfaceSize = 9, kHidSize = 9,
@@ -40,8 +49,8 @@ constexpr std::size_t kLongestQueue = 256;
 constexpr std::uint8_t low(std::size_t number) { return static_cast<std::uint8_t>(number); }
 constexpr std::uint8_t high(std::size_t number) { return static_cast<std::uint8_t>(number >> 8); }
 
-ControlAnswer stalled() { return {ControlOutcome::Stalled, {}}; }
-ControlAnswer answer(std::vector<std::uint8_t> data) { return {ControlOutcome::Done, std::move(data)}; }
+ControlAnswer stalled() { return {TransferResult::Stalled, {}}; }
+ControlAnswer answer(std::vector<std::uint8_t> data) { return {TransferResult::Done, std::move(data)}; }
 
 ReportStyle styleOf(std::uint16_t productId) {
   return kindOf(productId) == DeviceKind::ConfigurationOnly ? ReportStyle::SingleTouch
@@ -59,53 +68,31 @@ std::vector<std::uint8_t> hidDescriptor(ReportStyle style) {
 
 std::vector<std::uint8_t> configurationDescriptor(ReportStyle style) {
   constexpr std::size_t total = kConfigurationSize + kInterfaceSize + kHidSize + kEndpointSize;
-  constexpr std::uint8_t busPowered = 0x80, halfAmpere = 250;
-  std::vector<std::uint8_t> bytes = {kConfigurationSize,
-                                     Configuration,
-                                     low(total),
-                                     high(total),
-                                     1,
-                                     kOnlyConfiguration,
-                                     0,
-                                     busPowered,
-                                     halfAmpere,
-                                     kInterfaceSize,
-                                     0x04 /*interface*/,
-                                     0,
-                                     0,
-                                     1,
-                                     kHidClass,
-                                     0,
-                                     0,
-                                     0};
-  const std::vector<std::uint8_t> hid = hidDescriptor(style);
-  bytes.insert(bytes.end(), hid.begin(), hid.end());
-  bytes.insert(bytes.end(), {kEndpointSize, 0x05 /*endpoint*/, kReportEndpoint, kInterrupt,
-                             kControlPacketSize, 0, kPollMilliseconds});
+  constexpr std::uint8_t busPowered = 0x80, halfAmpere = 250, oneInterface = 1, oneEndpoint = 1;
+  std::vector<std::uint8_t> bytes = {kConfigurationSize, Configuration,      low(total), high(total),
+                                     oneInterface,       kOnlyConfiguration, 0,          busPowered,
+                                     halfAmpere};
+  auto append = [&](const std::vector<std::uint8_t>& part) {
+    bytes.insert(bytes.end(), part.begin(), part.end());
+  };
+  append({kInterfaceSize, Interface, 0, 0, oneEndpoint, kHidClass, 0, 0, 0});
+  append(hidDescriptor(style));
+  append({kEndpointSize, Endpoint, kReportEndpoint, kInterrupt, kPacketSize, 0, kPollMilliseconds});
   return bytes;
 }
 
 std::vector<std::uint8_t> deviceDescriptor(const firmware::DeviceDescription& device) {
+  constexpr std::size_t usb2 = 0x0200;
   const std::uint8_t minor = device.version.empty() ? 0 : device.version[0];
   const std::uint8_t major = device.version.size() < 2 ? 0 : device.version[1];
-  return {kDeviceDescriptorSize,
-          Device,
-          0x00,
-          0x02,
-          0,
-          0,
-          0,
-          kControlPacketSize,  //
-          low(TOUCH_VENDOR_ID),
-          high(TOUCH_VENDOR_ID),
-          low(device.productId),
-          high(device.productId),
-          minor,
-          major,
-          Manufacturer,
-          Product,
-          0,
-          1};
+  std::vector<std::uint8_t> bytes = {
+      kDeviceDescriptorSize, Device, low(usb2), high(usb2), 0, 0, 0, kPacketSize};
+  for (const std::size_t id : {std::size_t{TOUCH_VENDOR_ID}, std::size_t{device.productId}}) {
+    bytes.push_back(low(id));
+    bytes.push_back(high(id));
+  }
+  bytes.insert(bytes.end(), {minor, major, Manufacturer, Product, 0, kOnlyConfiguration});
+  return bytes;
 }
 
 std::vector<std::uint8_t> stringDescriptor(std::string_view text) {
@@ -116,7 +103,7 @@ std::vector<std::uint8_t> stringDescriptor(std::string_view text) {
 
 }  // namespace
 
-ControlSetup ControlSetup::from(const std::array<std::uint8_t, 8>& bytes) {
+ControlSetup ControlSetup::from(std::span<const std::uint8_t, 8> bytes) {
   auto word = [&](std::size_t at) { return static_cast<std::uint16_t>(bytes[at] | bytes[at + 1] << 8); };
   return {bytes[0], bytes[1], word(2), word(4), word(6)};
 }
@@ -129,30 +116,19 @@ UsbTouchscreen::UsbTouchscreen(firmware::DeviceDescription description, firmware
       reports_(style_) {}
 
 ControlAnswer UsbTouchscreen::control(const ControlSetup& setup, std::span<const std::uint8_t> sent) {
-  ControlAnswer result = stalled();
-  switch (setup.requestType & kTypeMask) {
-    case kStandard:
-      result = standardRequest(setup);
-      break;
-    case kClass:
-      result = hidRequest(setup);
-      break;
-    case kVendor:
-      result = vendorRequest(setup, sent);
-      break;
-    default:
-      break;
-  }
+  const std::uint8_t type = setup.requestType & kTypeMask;
+  ControlAnswer result = type == kStandard ? standardRequest(setup)
+                         : type == kClass  ? hidRequest(setup)
+                         : type == kVendor ? vendorRequest(setup, sent)
+                                           : stalled();
   if (result.data.size() > setup.length) result.data.resize(setup.length);
   return result;
 }
 
 ControlAnswer UsbTouchscreen::standardRequest(const ControlSetup& setup) {
   switch (setup.request) {
-    case GetDescriptor: {
-      auto found = descriptor(high(setup.value), low(setup.value));
-      return found ? answer(std::move(*found)) : stalled();
-    }
+    case GetDescriptor:
+      return descriptor(high(setup.value), low(setup.value));
     case SetConfiguration:
       if (setup.value > kOnlyConfiguration) return stalled();
       configuration_ = low(setup.value);
@@ -171,27 +147,18 @@ ControlAnswer UsbTouchscreen::standardRequest(const ControlSetup& setup) {
   }
 }
 
-std::optional<std::vector<std::uint8_t>> UsbTouchscreen::descriptor(std::uint8_t type,
-                                                                    std::uint8_t index) const {
-  switch (type) {
-    case Device:
-      return deviceDescriptor(firmware_.stored());
-    case Configuration:
-      return configurationDescriptor(style_);
-    case Hid:
-      return hidDescriptor(style_);
-    case Report: {
-      const auto bytes = reportDescriptor(style_);
-      return std::vector<std::uint8_t>(bytes.begin(), bytes.end());
-    }
-    case String:
-      if (index == Languages) return std::vector<std::uint8_t>{4, String, 0x09, 0x04};
-      if (index == Manufacturer) return stringDescriptor("VARNEXO");
-      if (index == Product) return stringDescriptor(productName(firmware_.stored().productId));
-      return std::nullopt;
-    default:
-      return std::nullopt;
+ControlAnswer UsbTouchscreen::descriptor(std::uint8_t type, std::uint8_t index) const {
+  if (type == Device) return answer(deviceDescriptor(firmware_.stored()));
+  if (type == Configuration) return answer(configurationDescriptor(style_));
+  if (type == Hid) return answer(hidDescriptor(style_));
+  if (type == Report) {
+    const auto bytes = reportDescriptor(style_);
+    return answer({bytes.begin(), bytes.end()});
   }
+  if (type != String) return stalled();
+  if (index == Languages) return answer({4, String, 0x09, 0x04});
+  if (index == Manufacturer) return answer(stringDescriptor("VARNEXO"));
+  return index == Product ? answer(stringDescriptor(productName(firmware_.stored().productId))) : stalled();
 }
 
 ControlAnswer UsbTouchscreen::hidRequest(const ControlSetup& setup) {
@@ -216,26 +183,15 @@ ControlAnswer UsbTouchscreen::hidRequest(const ControlSetup& setup) {
 
 ControlAnswer UsbTouchscreen::vendorRequest(const ControlSetup& setup, std::span<const std::uint8_t> sent) {
   if ((setup.requestType & kRecipientMask) != kToDevice || setup.request != 0) return stalled();
-  auto outcome = [](firmware::TransferResult result) {
-    switch (result) {
-      case firmware::TransferResult::Done:
-        return ControlOutcome::Done;
-      case firmware::TransferResult::Stalled:
-        return ControlOutcome::Stalled;
-      case firmware::TransferResult::Gone:
-        break;
-    }
-    return ControlOutcome::NoAnswer;
-  };
   if (!(setup.requestType & kFromDevice)) {
     if (packetsUntilUnplug_ && *packetsUntilUnplug_ > 0) --*packetsUntilUnplug_;
-    if (wantsUnplug()) return {ControlOutcome::NoAnswer, {}};
-    return {outcome(firmware_.receive(sent)), {}};
+    if (wantsUnplug()) return {TransferResult::Gone, {}};
+    return {firmware_.receive(sent), {}};
   }
   std::vector<std::uint8_t> reply(kVendorReplySize);
   std::size_t length = 0;
-  const ControlOutcome result = outcome(firmware_.reply(reply, length));
-  reply.resize(result == ControlOutcome::Done ? std::min(length, reply.size()) : 0);
+  const TransferResult result = firmware_.reply(reply, length);
+  reply.resize(result == TransferResult::Done ? std::min(length, reply.size()) : 0);
   return {result, std::move(reply)};
 }
 

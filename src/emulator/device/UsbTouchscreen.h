@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <deque>
 #include <optional>
@@ -20,14 +19,12 @@ struct ControlSetup {
   std::uint16_t value = 0;
   std::uint16_t index = 0;
   std::uint16_t length = 0;
-  static ControlSetup from(const std::array<std::uint8_t, 8>& bytes);
+  static ControlSetup from(std::span<const std::uint8_t, 8> bytes);
 };
-
-enum class ControlOutcome { Done, Stalled, NoAnswer };
 
 /// How a control transfer ended; `data` is what the host gets of one from the device.
 struct ControlAnswer {
-  ControlOutcome outcome = ControlOutcome::Done;
+  firmware::TransferResult outcome = firmware::TransferResult::Done;
   std::vector<std::uint8_t> data;
 };
 
@@ -68,7 +65,7 @@ class UsbTouchscreen {
   ControlAnswer standardRequest(const ControlSetup& setup);
   ControlAnswer hidRequest(const ControlSetup& setup);
   ControlAnswer vendorRequest(const ControlSetup& setup, std::span<const std::uint8_t> sent);
-  std::optional<std::vector<std::uint8_t>> descriptor(std::uint8_t type, std::uint8_t index) const;
+  ControlAnswer descriptor(std::uint8_t type, std::uint8_t index) const;
   void queueReport(std::vector<std::uint8_t> report);
 
   firmware::Firmware firmware_;

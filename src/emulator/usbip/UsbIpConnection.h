@@ -7,9 +7,10 @@
 #include <vector>
 
 #include "emulator/device/UsbTouchscreen.h"
-#include "emulator/usbip/UsbIp.h"
 
 namespace touchpanel::emulator {
+
+inline constexpr std::size_t kUsbIpHeaderSize = 48;
 
 /// The device's side of one USB/IP stream: bytes from the kernel in, bytes for the kernel out. Reads of input
 /// reports are parked until there is a report. One per plugging-in.
@@ -27,9 +28,12 @@ class UsbIpConnection {
   std::vector<std::uint8_t>& outgoing() { return outgoing_; }
 
  private:
-  bool takeOne();
-  void submit(const UsbIpSubmit& transfer, std::span<const std::uint8_t> sent);
-  void unlink(const UsbIpUnlink& request);
+  /// A big-endian number of the header that is first in incoming_.
+  std::uint32_t numberAt(std::size_t offset) const;
+  void submit(std::span<const std::uint8_t> sent);
+  void unlink(std::uint32_t victim);
+  void answer(std::uint32_t command, std::uint32_t sequence, std::int32_t status, std::size_t length,
+              std::span<const std::uint8_t> data = {});
 
   UsbTouchscreen& device_;
   std::vector<std::uint8_t> incoming_;

@@ -86,7 +86,7 @@ class Chain:
         return self.desktop.clicks_until(lambda click: click[0] == "release")
 
     def wait_for_desktop(self, name: str) -> None:
-        """Touches until the desktop gets it: it takes a new pointer up when it likes, and tells nobody."""
+        """Touches until the desktop gets it: it takes a new pointer up some time later, without a sign."""
         self.desktop.cover()
 
         def clicked() -> bool:

@@ -29,16 +29,6 @@ def location_of(node) -> int:
     return location
 
 
-def _on_bus(value):
-    if isinstance(value, bool):
-        return dbus.Boolean(value)
-    if isinstance(value, int):
-        return dbus.Int32(value)
-    if isinstance(value, bytes):
-        return dbus.ByteArray(value)
-    return dbus.Dictionary({key: _on_bus(entry) for key, entry in value.items()}, signature="sv", variant_level=1)
-
-
 class Instance:
     """One driver instance, as a control panel sees it."""
 
@@ -50,7 +40,7 @@ class Instance:
         return self.object.Properties(dbus_interface=OBJECT, byte_arrays=True)
 
     def set(self, name: str, **entries) -> None:
-        self.object.SetProperty(name, _on_bus(entries), dbus_interface=OBJECT)
+        self.object.SetProperty(name, dbus.Dictionary(entries, signature="sv", variant_level=1), dbus_interface=OBJECT)
 
 
 class DriverService:

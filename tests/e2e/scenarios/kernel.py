@@ -7,8 +7,6 @@ from .checks import Report, eventually, expect, expect_equal
 from .emulator import KINDS, UNDISTORTED, Emulator
 from .input_nodes import PRODUCTS, nodes, raw_node, values
 
-UNPLUG_ROUNDS = 5
-
 
 def sees_three_kinds(report: Report, emulator: Emulator) -> None:
     """The kernel makes input devices with the right axes of three kinds of touchscreens, and their touches arrive"""
@@ -47,7 +45,7 @@ def keeps_fingers_apart(report: Report, emulator: Emulator) -> None:
 def survives_unplugging(report: Report, emulator: Emulator) -> None:
     """A touchscreen that is unplugged and plugged in again comes back at the same place"""
     place = raw_node("opt").sysfs.parents[3].name
-    for _ in range(UNPLUG_ROUNDS):
+    for _ in range(5):
         emulator.tell("unplug opt")
         eventually(lambda: not nodes(product=PRODUCTS["opt"]), "the input device's end")
         emulator.plug("opt")
