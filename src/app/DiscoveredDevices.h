@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "app/DeviceTable.h"
-#include "discovery/DeviceListOwner.h"
+#include "discovery/DeviceList.h"
 #include "platform/StatusLine.h"
 
 namespace touchpanel {

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "config/DataSet.h"
-#include "discovery/DeviceListOwner.h"
+#include "discovery/DeviceList.h"
 #include "platform/Diagnostics.h"
 #include "platform/Registry.h"
 #include "platform/Usb.h"

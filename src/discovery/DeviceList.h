@@ -3,11 +3,23 @@
 #include <cstdint>
 
 #include "discovery/DeviceEntry.h"
-#include "discovery/DeviceListOwner.h"
 #include "platform/Application.h"
 #include "platform/Registry.h"
 
 namespace touchpanel {
+
+/// The part of the main controller that discovery works on.
+class DeviceListOwner {
+ public:
+  virtual ~DeviceListOwner() = default;
+  virtual DeviceListArray& deviceListArray() = 0;
+  /// The driver settings as of the last arrival; replaced whole by the next one.
+  virtual Dictionary& drvConfigDict() = 0;
+  /// Has the device table ask for everything again; the settings shown stay as they are.
+  virtual void reloadDeviceTable() = 0;
+  /// Makes the entry at `row`, which exists, the selection and shows its settings.
+  virtual bool shouldSelectRow(std::int32_t row) = 0;
+};
 
 /// Whether an entry of the list is at `locationId`.
 bool CheckDevice(const DeviceListArray& list, std::uint32_t locationId);

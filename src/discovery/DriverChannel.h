@@ -18,7 +18,7 @@ struct CapturedPoint {
 };
 
 /// Every message between the control panel and a driver instance; the only place that knows their keys. Each
-/// write sends a fresh dictionary with just the keys of its message. Only the probes tell whether the write
+/// write sends a fresh dictionary with just the keys of its message. Only the probes return whether the write
 /// succeeded; the others are not checked, not repeated and not reported.
 class DriverChannel {
  public:

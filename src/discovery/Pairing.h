@@ -15,9 +15,9 @@ namespace touchpanel {
 void scan(Registry& registry, RegistryObject parent, int flag, RegistryObject& out,
           std::string_view className);
 
-/// The first of `instances` whose pointing device tells `locationId` (on its low 32 bits) as its location,
-/// or 0 when there is none; that pointing device is left in `out`. An instance that tells no location counts
-/// with the one told before it. Location 0 is no location, and none serves it.
+/// The first of `instances` whose pointing device has `locationId` (low 32 bits) as its location, or 0 when
+/// there is none; that pointing device is left in `out`. An instance without a location counts with the
+/// location before it. Location 0 is no location, and none serves it.
 RegistryObject compareID(Registry& registry, std::span<const RegistryObject> instances,
                          std::uint32_t locationId, RegistryObject& out);
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "discovery/DeviceConfigLoading.h"
-#include "discovery/DeviceListOwner.h"
+#include "discovery/DeviceList.h"
 #include "discovery/DeviceOpening.h"
 #include "discovery/DiscoveryPorts.h"
 
@@ -22,7 +22,7 @@ class UsbDiscovery {
   /// before it returns. False when it could not be completed.
   bool registerForUSBNotifications();
 
-  /// Handles every new device that `iterator` yields. Without any driver instance the user is told and the
+  /// Handles every new device that `iterator` yields. Without any driver instance an alert is shown and the
   /// application ends.
   void DeviceAdded(UsbIterator& iterator);
   /// Handles every terminated service that `iterator` yields.
