@@ -38,7 +38,7 @@ void SimulatedTouchscreen::release(std::chrono::microseconds now) {
 }
 
 void SimulatedTouchscreen::loadCalibrationIntoDriver() {
-  // The configuration-only kind holds no calibration; its driver instance keeps what it was last told.
+  // The configuration-only kind holds no calibration; its driver instance keeps what it last received.
   if (kindOf(productId()) == DeviceKind::ConfigurationOnly) return;
   const auto& stored = firmware_.stored();
   driver_.setProperty(

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 
+#include "driver/PublishedInstances.h"
 #include "driver/TouchDriver.h"
 #include "firmware/Firmware.h"
 #include "firmware/TouchSurface.h"
@@ -23,19 +24,27 @@ struct TouchscreenModel {
 /// A plugged-in or unplugged touchscreen: its firmware, its sensor, and the driver instance that serves it
 /// while it is plugged in. Fingers are given as points of the screen, times in the caller's own monotonic
 /// clock.
-class SimulatedTouchscreen {
+class SimulatedTouchscreen final : public driver::PublishedInstance {
  public:
   using Output = std::function<void(const OutputFrame&)>;
 
   explicit SimulatedTouchscreen(TouchscreenModel model);
 
   const TouchscreenModel& model() const { return model_; }
-  std::uint32_t locationId() const { return model_.locationId; }
   std::uint16_t productId() const { return model_.description.productId; }
   firmware::Firmware& firmware() { return firmware_; }
   driver::TouchDriver& driver() { return driver_; }
   const driver::TouchDriver& driver() const { return driver_; }
   firmware::TouchSurface& surface() { return surface_; }
+
+  std::uint32_t locationId() const override { return model_.locationId; }
+  Dictionary properties() const override { return driver_.properties(); }
+  Status setProperty(std::string_view name, const Value& value) override {
+    return driver_.setProperty(name, value);
+  }
+  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) override {
+    driver_.setDoubleClick(time, area);
+  }
 
   void setConfiguration(std::uint8_t configuration) { model_.configuration = configuration; }
   /// Who gets what the driver instance puts out; called from inside touches, ticks and property writes.

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "providers/simulated/SimulatedRegistry.h"
+#include "driver/PublishedInstances.h"
 #include "providers/simulated/SimulatedTouchscreen.h"
 #include "providers/simulated/SimulatedUsb.h"
 
@@ -12,7 +12,7 @@ namespace touchpanel::simulated {
 
 /// A simulated machine with touchscreens that can be plugged in and out: its USB bus, its registry and the
 /// driver service between them. A touchscreen that is unplugged keeps what its firmware holds, and the driver
-/// keeps what it was told about it, as on a real machine.
+/// keeps its settings for it, as on a real machine.
 class SimulatedTouchscreens {
  public:
   /// Adds a touchscreen, not plugged in yet. It lives as long as this object.
@@ -27,13 +27,14 @@ class SimulatedTouchscreens {
 
   const std::vector<std::unique_ptr<SimulatedTouchscreen>>& all() const { return touchscreens_; }
   SimulatedUsb& usb() { return usb_; }
-  SimulatedRegistry& registry() { return registry_; }
+  driver::PublishedInstances& registry() { return registry_; }
 
  private:
   std::vector<std::unique_ptr<SimulatedTouchscreen>> touchscreens_;
   std::map<const SimulatedTouchscreen*, RegistryObject> pluggedIn_;
   SimulatedUsb usb_;
-  SimulatedRegistry registry_;
+  driver::HidSystem hidSystem_;
+  driver::PublishedInstances registry_{hidSystem_};
 };
 
 /// One touchscreen of each kind, misaligned as they come out of the box: the infrared one with barrel
