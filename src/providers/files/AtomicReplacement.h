@@ -13,7 +13,7 @@ namespace touchpanel::files {
 /// file, or none, is then there, and the temporary file is gone. Only a process killed in the middle can
 /// leave one behind, as ".<name>.<process id>.<n>.tmp" in the same directory.
 ///
-/// A step that fails after the new file is in place (telling the disk about the directory) reports success:
+/// A step that fails after the new file is in place (syncing the directory) reports success:
 /// readers see the new file, and there is no way back.
 bool replaceAtomically(const std::string& path, std::string_view contents, FileCalls& calls);
 

@@ -6,7 +6,7 @@
 
 namespace touchpanel::files {
 
-/// What the files are coded by. This library does not tell its version.
+/// What the files are coded by. It has no call that returns its version.
 LibraryInUse libplistInUse();
 
 /// Property-list files on disk, coded by libplist.
