@@ -29,7 +29,7 @@ class MockUsbBus {
 
   /// Plugs a touchscreen into `socket`, named as the kernel names its devices: "1-2", or "1-2.4" behind a
   /// hub, which is there when needed. `configuration` 0 is a device that is not configured. `firmware` must
-  /// stay until the bus is gone.
+  /// outlive the last transfer.
   void plugIn(const std::string& socket, firmware::Firmware& firmware, std::uint8_t configuration = 1,
               std::uint16_t vendorId = 0x6666);
   void unplug(const std::string& socket);

@@ -63,20 +63,23 @@ class UsbContract : public ::testing::TestWithParam<UsbProvider> {
     return world->notifications().createNotificationPort(master);
   }
   UsbIterator& watch(UsbEvent event, std::uint16_t productId, int vendorId = TOUCH_VENDOR_ID) {
+    const auto record = [=, this](UsbIterator& fired) {
+      lastServices = drain(fired);
+      events.push_back(std::string(event == UsbEvent::FirstMatch ? "in " : "out ") +
+                       std::to_string(productId) + " x" + std::to_string(lastServices.size()));
+    };
+    return watchOn(port, productId, record, event, vendorId);
+  }
+  UsbIterator& watchOn(UsbNotificationPort& on, std::uint16_t productId, UsbCallback callback,
+                       UsbEvent event = UsbEvent::FirstMatch, int vendorId = TOUCH_VENDOR_ID) {
     auto matching = world->notifications().matchingDictionary("IOUSBDevice");
     EXPECT_TRUE(matching.has_value());
     matching->set("idVendor", vendorId);
     matching->set("idProduct", int{productId});
     UsbIterator* iterator = nullptr;
-    EXPECT_EQ(world->notifications().addMatchingNotification(
-                  port, event, *matching,
-                  [=, this](UsbIterator& fired) {
-                    lastServices = drain(fired);
-                    events.push_back(std::string(event == UsbEvent::FirstMatch ? "in " : "out ") +
-                                     std::to_string(productId) + " x" + std::to_string(lastServices.size()));
-                  },
-                  iterator),
-              kSuccess);
+    EXPECT_EQ(
+        world->notifications().addMatchingNotification(on, event, *matching, std::move(callback), iterator),
+        kSuccess);
     return *iterator;
   }
   static std::vector<UsbService> drain(UsbIterator& iterator) {
@@ -103,23 +106,13 @@ class UsbContract : public ::testing::TestWithParam<UsbProvider> {
     events.clear();
     return lastServices.size() == 1 ? interfaceOf(lastServices.front()) : nullptr;
   }
-  /// One vendor transfer of a whole packet: out, the command that puts an infrared device into command mode.
-  static Status transfer(UsbDeviceInterface& device, std::uint8_t requestType,
-                         std::array<std::uint8_t, 64>& packet, std::uint32_t& done) {
-    constexpr std::array<std::uint8_t, 7> kEnterCommandMode = {0xAA, 0x01, 0x71, 0x02, 0x00, 0x01, 0x74};
-    const bool isOut = (requestType & 0x80) == 0;
-    if (isOut) std::copy(kEnterCommandMode.begin(), kEnterCommandMode.end(), packet.begin());
-    DeviceRequest request{.bmRequestType = requestType,
-                          .wLength = static_cast<std::uint16_t>(isOut ? kEnterCommandMode.size() : 64),
-                          .pData = packet.data()};
+  /// The command that puts an infrared device into command mode.
+  static Status transferOut(UsbDeviceInterface& device, std::uint32_t* done = nullptr) {
+    std::array<std::uint8_t, 7> packet = {0xAA, 0x01, 0x71, 0x02, 0x00, 0x01, 0x74};
+    DeviceRequest request{.bmRequestType = 0x40, .wLength = packet.size(), .pData = packet.data()};
     const auto status = device.deviceRequest(request);
-    done = request.wLenDone;
+    if (done != nullptr) *done = request.wLenDone;
     return status;
-  }
-  static Status transferOut(UsbDeviceInterface& device) {
-    std::array<std::uint8_t, 64> packet{};
-    std::uint32_t done = 0;
-    return transfer(device, 0x40, packet, done);
   }
 };
 
@@ -210,29 +203,27 @@ TEST_P(UsbContract, IsOpenToOneInterfaceAtATime) {
   EXPECT_EQ(first->open(), kSuccess) << "as often as one likes";
 }
 
-TEST_P(UsbContract, MovesPacketsOnlyWhileOpen) {
+TEST_P(UsbContract, MovesPacketsOnlyWhileOpenAndReportsAStalledTransfer) {
+  auto* plain = pluggedIn(kPlain);  // has no vendor commands
   auto* device = pluggedIn(kInfrared);
-  ASSERT_NE(device, nullptr);
+  ASSERT_TRUE(plain != nullptr && device != nullptr);
   EXPECT_EQ(transferOut(*device), kErrorNotOpen);
+  EXPECT_EQ(device->close(), kErrorNotOpen);
   ASSERT_EQ(device->open(), kSuccess);
-  std::array<std::uint8_t, 64> packet{};
   std::uint32_t done = 0;
-  EXPECT_EQ(transfer(*device, 0x40, packet, done), kSuccess);
+  EXPECT_EQ(transferOut(*device, &done), kSuccess);
   EXPECT_EQ(done, 7U);
-  EXPECT_EQ(transfer(*device, 0xC0, packet, done), kSuccess);
-  EXPECT_EQ(done, 64U);
-  EXPECT_EQ(packet[0], 0xAA);
-  EXPECT_EQ(packet[2], 0x71) << "the command is echoed";
+  std::array<std::uint8_t, 64> reply{};
+  DeviceRequest request{.bmRequestType = 0xC0, .wLength = reply.size(), .pData = reply.data()};
+  EXPECT_EQ(device->deviceRequest(request), kSuccess);
+  EXPECT_EQ(request.wLenDone, 64U);
+  EXPECT_EQ(reply[0], 0xAA);
+  EXPECT_EQ(reply[2], 0x71) << "the command is echoed";
   EXPECT_EQ(device->close(), kSuccess);
   EXPECT_EQ(transferOut(*device), kErrorNotOpen);
-}
 
-TEST_P(UsbContract, ReportsAStalledTransfer) {
-  auto* device = pluggedIn(kPlain);  // has no vendor commands
-  ASSERT_NE(device, nullptr);
-  ASSERT_EQ(device->open(), kSuccess);
-  EXPECT_EQ(transferOut(*device), kErrorStalled);
-  EXPECT_EQ(device->close(), kSuccess);
+  ASSERT_EQ(plain->open(), kSuccess);
+  EXPECT_EQ(transferOut(*plain), kErrorStalled);
 }
 
 TEST_P(UsbContract, SurvivesBeingUnpluggedWhileOpen) {
@@ -273,24 +264,45 @@ TEST_P(UsbContract, TakesAReturningDeviceAsANewOne) {
 }
 
 TEST_P(UsbContract, FailsGentlyForAServiceThatLeftMeanwhile) {
-  auto& arrivals = watch(UsbEvent::FirstMatch, kInfrared);
-  drain(arrivals);
+  drain(watch(UsbEvent::FirstMatch, kInfrared));
   world->plugIn(kInfrared);
   serve();
   const auto service = lastServices.at(0);
+  UsbPlugIn early = 0;
+  ASSERT_EQ(services.createPlugIn(service, early), kSuccess);
   world->unplug(kInfrared);
-  UsbPlugIn plugIn = 0;
-  if (services.createPlugIn(service, plugIn) == kSuccess && plugIn != 0) {
-    UsbDeviceInterface* device = nullptr;
-    if (services.queryDeviceInterface(plugIn, device) == kSuccess && device != nullptr) {
-      EXPECT_EQ(device->open(), kErrorNoDevice);
-      device->release();
-    }
-    services.destroyPlugIn(plugIn);
-  }
-  EXPECT_NE(services.createPlugIn(service + 1000, plugIn), kSuccess);
-  EXPECT_EQ(plugIn, 0U);
-  EXPECT_NE(services.releaseService(service + 1000), kSuccess);
+  serve();
+  UsbDeviceInterface* device = nullptr;
+  ASSERT_EQ(services.queryDeviceInterface(early, device), kSuccess);
+  EXPECT_EQ(device->open(), kErrorNoDevice);
+  device->release();
+
+  UsbPlugIn late = 1;
+  EXPECT_EQ(services.createPlugIn(service, late), kErrorNoDevice);
+  EXPECT_EQ(late, 0U);
+  EXPECT_EQ(services.createPlugIn(service + 1000, late), kErrorNotFound);
+  EXPECT_EQ(services.releaseService(service + 1000), kErrorNotFound);
+  services.destroyPlugIn(early);
+  EXPECT_EQ(services.queryDeviceInterface(early, device), kErrorNotFound);
+}
+
+TEST_P(UsbContract, DoesNotHandOutADeviceThatLeftBeforeItWasFetched) {
+  auto& arrivals = watch(UsbEvent::FirstMatch, kInfrared);
+  drain(arrivals);
+  world->plugIn(kInfrared);
+  world->unplug(kInfrared);
+  serve();
+  EXPECT_THAT(events, ::testing::IsEmpty());
+  EXPECT_EQ(arrivals.next(), 0U);
+}
+
+TEST_P(UsbContract, ServesARegistrationMadeInsideACallback) {
+  std::vector<UsbService> found;
+  const auto registerAnew = [&](UsbIterator&) { found = drain(watchOn(makePort(), kInfrared, {})); };
+  drain(watchOn(port, kInfrared, registerAnew));
+  world->plugIn(kInfrared);
+  serve();
+  EXPECT_EQ(found.size(), 1U);
 }
 
 }  // namespace touchpanel::testing
