@@ -6,13 +6,13 @@
 
 namespace touchpanel::demo {
 
-/// A registry that lets somebody see what the control panel writes into it.
+/// Decorator: reports what the control panel writes into a registry.
 class ObservedRegistry final : public Registry {
  public:
   using Observer = std::function<void(RegistryObject, std::string_view name, const Value&, Status)>;
 
   explicit ObservedRegistry(Registry& registry) : registry_(registry) {}
-  /// Told of every property write after it was done, from inside the panel's callbacks.
+  /// Calls `observer` after every property write, from inside the panel's callbacks.
   void observe(Observer observer) { observer_ = std::move(observer); }
 
   std::vector<RegistryObject> instancesOf(std::string_view className) override {

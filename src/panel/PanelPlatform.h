@@ -12,7 +12,7 @@
 
 namespace touchpanel {
 
-/// What the control panel runs on, beside its windows: real devices or simulated ones. Nothing is owned.
+/// The platform under the windows: real devices or simulated ones. Nothing is owned.
 struct PanelPlatform {
   UsbNotifications& usbNotifications;
   UsbServices& usbServices;

@@ -12,13 +12,13 @@ namespace touchpanel {
 /// Qt, with the version that runs and not the one that was compiled against.
 LibraryInUse qtInUse();
 
-/// One line for each library: name, version where it tells one, licence.
+/// One line for each library: name, version if known, licence.
 QString librariesText(const std::vector<LibraryInUse>& libraries);
 
 /// The program, `libraries` and the operating system.
 std::vector<NamedVersion> runningVersions(const std::vector<LibraryInUse>& libraries);
 
-/// Who works on which machine, so that a report need not tell.
+/// The names of user, home and machine, which a report leaves out.
 PrivateWords privateWords();
 
 }  // namespace touchpanel

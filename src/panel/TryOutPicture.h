@@ -19,7 +19,7 @@ struct TryOutPicture {
   QPolygonF trail;                ///< of the touch under way, or the last one
 };
 
-/// Draws `picture` in the colours of `palette`; shapes tell apart what colours tell apart.
+/// Draws `picture` in the colours of `palette`. Shapes differ wherever colours do, for those who see no colours.
 void paint(QPainter& painter, const TryOutPicture& picture, const QPalette& palette);
 
 }  // namespace touchpanel

@@ -18,7 +18,7 @@ struct TouchedBox {
 /// driver instance with everything it is set to, each compared with where the pointer lands first. Nothing
 /// when a tap moves the pointer nowhere.
 ///
-/// Takes over the touchscreen's output, so no finger may be down; whoever wants the output next sets it anew.
+/// Takes over the touchscreen's output, so no finger may be down; the output is unset afterwards.
 std::optional<ErrorSummary> probeAccuracy(simulated::SimulatedTouchscreen& touchscreen, ScreenSize screen,
                                           FingerClock& clock, const TouchedBox& box = {});
 

@@ -4,8 +4,8 @@
 
 namespace touchpanel::demo {
 
-/// The time of the fingers on the simulated touchscreens: monotonic, and able to run ahead, so that a row of
-/// taps can lie seconds apart without anybody waiting for them.
+/// The time of the fingers on the simulated touchscreens: monotonic, and able to run ahead, so that
+/// taps can lie seconds apart without a wait.
 class FingerClock {
  public:
   std::chrono::microseconds now() const {

@@ -27,7 +27,7 @@ struct ErrorSummary {
 
 ErrorSummary summaryOf(std::span<const double> errorsInPixels);
 
-/// Everything there is to tell about one touch. Points of the driver are in logical units.
+/// One touch on its way from the glass to the pointer. Points of the driver are in logical units.
 struct TouchReading {
   firmware::ScreenFraction touched;
   firmware::RawPoint raw;

@@ -64,9 +64,10 @@ std::string calibrate(Stage& stage, const Course& course) {
   requireStored(stage, touchscreen);
   stage.pictures().take(course.pictures + "-done");
   const auto after = probe(stage, touchscreen, course.box);
-  auto told = compared(before, after);
-  require(after.mean < course.acceptedShare * before.mean, "the calibration does not help enough: " + told);
-  return told;
+  auto outcome = compared(before, after);
+  require(after.mean < course.acceptedShare * before.mean,
+          "the calibration does not help enough: " + outcome);
+  return outcome;
 }
 
 }  // namespace

@@ -30,15 +30,15 @@ std::string listDevices(Stage& stage) {
   const auto* rows = stage.the<QTableView>("deviceTableView").model();
   stage.until([&] { return rows->rowCount() == 3; }, "three rows in the table");
   stage.pictures().take("main-window");
-  std::string told;
+  std::string outcome;
   for (const auto& touchscreen : stage.demo().machine().all()) {
     const auto entry = stage.demo().entryOf(*touchscreen);
     require(entry != nullptr, touchscreen->model().name + " is not listed");
     require(entry->integer(entry_key::kProductID) == touchscreen->productId(),
             touchscreen->model().name + " is listed under another product id");
-    told += (told.empty() ? "" : ", ") + touchscreen->model().name + " " + describe(*entry);
+    outcome += (outcome.empty() ? "" : ", ") + touchscreen->model().name + " " + describe(*entry);
   }
-  return told;
+  return outcome;
 }
 
 std::string resetInfrared(Stage& stage) {
@@ -70,9 +70,9 @@ std::string replugOptical(Stage& stage) {
           "it is not listed as calibrated any more");
   const auto accuracy = probeAccuracy(optical, Demo::screen(), stage.demo().fingerClock());
   require(accuracy && accuracy->mean < 2, "it does not hit any more");
-  char told[80];
-  std::snprintf(told, sizeof told, "still calibrated, mean error %.2f px", accuracy->mean);
-  return told;
+  char outcome[80];
+  std::snprintf(outcome, sizeof outcome, "still calibrated, mean error %.2f px", accuracy->mean);
+  return outcome;
 }
 
 std::string unplugAll(Stage& stage) {

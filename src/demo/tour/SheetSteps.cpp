@@ -42,7 +42,7 @@ void openSettings(Stage& stage) {
 /// What was written, and to which objects.
 using Messages = std::map<std::string, std::set<RegistryObject>>;
 
-std::string told(const Messages& messages) {
+std::string described(const Messages& messages) {
   std::string text;
   for (const auto& [message, receivers] : messages)
     text += (text.empty() ? "" : "; ") + message + " to " + std::to_string(receivers.size()) +
@@ -104,7 +104,7 @@ std::string applySettings(Stage& stage) {
   const auto instances = stage.demo().machine().all().size();
   require(std::ranges::count_if(messages,
                                 [&](const auto& entry) { return entry.second.size() == instances; }) == 1,
-          "there is no one message that reached every driver instance: " + told(messages));
+          "there is no one message that reached every driver instance: " + described(messages));
   for (const auto& touchscreen : stage.demo().machine().all()) {
     const auto state = touchscreen->driver().state();
     const auto* settings = state.dictionary(property::kConfigration);
@@ -116,14 +116,14 @@ std::string applySettings(Stage& stage) {
   stage.click("btnOk");
   stage.untilHidden("SettingsWindow");
   stage.pictures().takeInBothThemes("main-window-settings-saved");
-  return told(messages);
+  return described(messages);
 }
 
 std::string showAbout(Stage& stage) {
   stage.click("btnAbout");
   stage.untilShown("AboutWindow");
   const auto version = stage.the<QLabel>("lbAboutDriverVersion").text().toStdString();
-  require(version == "15.1.3.0004", "the About sheet tells version \"" + version + "\"");
+  require(version == "15.1.3.0004", "the About sheet shows version \"" + version + "\"");
   stage.pictures().takeInBothThemes("about");
   stage.click("btnAboutClose");
   stage.untilHidden("AboutWindow");

@@ -53,13 +53,13 @@ TryOutError tryOutInfrared(Stage& stage, const std::string& pictures) {
   tapTestPoints(stage);
   makeMouse(stage, nullptr);
   const auto result = tryOut.result();
-  require(result.has_value(), "the try-out page tells no result");
+  require(result.has_value(), "the try-out page shows no result");
   stage.pictures().takeInBothThemes(pictures);
   stage.turnTo("tabView", "devicePage");
   return result->pixels;
 }
 
-std::string told(const TryOutError& error) {
+std::string described(const TryOutError& error) {
   char text[80];
   std::snprintf(text, sizeof text, "mean error %.1f px, largest %.1f px", error.mean, error.largest);
   return text;
@@ -69,14 +69,14 @@ std::string told(const TryOutError& error) {
 
 std::string tryOutBeforeCalibration(Stage& stage) {
   const auto error = tryOutInfrared(stage, "try-out-before");
-  require(error.mean > kMissPixels, "it hits already: " + told(error));
-  return told(error);
+  require(error.mean > kMissPixels, "it hits already: " + described(error));
+  return described(error);
 }
 
 std::string tryOutAfterCalibration(Stage& stage) {
   const auto error = tryOutInfrared(stage, "try-out-after");
-  require(error.mean < kHitPixels, "it still misses: " + told(error));
-  return told(error);
+  require(error.mean < kHitPixels, "it still misses: " + described(error));
+  return described(error);
 }
 
 }  // namespace touchpanel::demo

@@ -49,14 +49,14 @@ class PicturingClock final : public Clock {
   bool isTaken_ = false;
 };
 
-/// Takes the panel's lines away from standard output, where each step has its own.
-class Unheard final : public Diagnostics {
+/// Keeps the panel's lines off standard output, where each step has its own.
+class NoDiagnostics final : public Diagnostics {
  public:
   void line(std::string_view) override {}
 };
 
-void print(std::size_t number, const char* title, const std::string& told) {
-  std::printf("%2zu. %s: %s\n", number, title, told.c_str());
+void print(std::size_t number, const char* title, const std::string& outcome) {
+  std::printf("%2zu. %s: %s\n", number, title, outcome.c_str());
   std::fflush(stdout);
 }
 
@@ -91,7 +91,7 @@ int main(int argc, char** argv) {
   Pictures pictures(arguments[1]);
   BlockingClock realClock;
   PicturingClock clock(realClock, pictures);
-  Unheard diagnostics;
+  NoDiagnostics diagnostics;
   Demo demo(clock, diagnostics);
   demo.start();
   bool isDone = false;

@@ -13,7 +13,7 @@ namespace touchpanel {
 /// The one way from the toolkit into the logic. It keeps callbacks from running inside one another, stops
 /// them once the program is ending, and keeps exceptions out of the toolkit.
 ///
-/// A modal panel runs the toolkit's loop inside a callback. Timers and sources that come due meanwhile are
+/// A modal window runs the toolkit's loop inside a callback. Timers and sources that come due meanwhile are
 /// turned away and may ask to be called when the gate is open again.
 class CallbackGate {
  public:
@@ -24,7 +24,7 @@ class CallbackGate {
   /// becomes one diagnostic line. Returns whether it was run.
   bool pass(const std::function<void()>& callback);
 
-  /// Keeps the gate shut for as long as it lives; for a modal panel that no callback has opened.
+  /// Keeps the gate shut for as long as it lives; for a modal window that no callback has opened.
   class Closed {
    public:
     explicit Closed(CallbackGate& gate) : gate_(gate) { ++gate_.depth_; }

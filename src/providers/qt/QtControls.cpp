@@ -71,7 +71,7 @@ void QtSheets::begin(Window& sheet, Window& parent) {
   auto& owner = dynamic_cast<QtWindow&>(parent).widget();
   if (dialog.parentWidget() != &owner) dialog.setParent(&owner, dialog.windowFlags());
   dialog.open();
-  dialog.activateWindow();  // nobody else does where there is no window manager
+  dialog.activateWindow();  // without a window manager nothing else does
 }
 
 void QtSheets::end(Window& sheet, int returnCode) {

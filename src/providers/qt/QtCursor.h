@@ -13,7 +13,7 @@ class QtCursor final : public Cursor {
   void show() override;
   void setBusy(bool busy);
 
-  /// Leaves the cursor as each window has it for as long as this lives; for a modal panel.
+  /// Leaves the cursor as each window has it for as long as this lives; for a modal window.
   class Plain {
    public:
     explicit Plain(QtCursor& cursor) : cursor_(cursor) { cursor_.setPlain(true); }

@@ -88,7 +88,7 @@ void QtRunLoop::fire(TimerId id) {
 
 void QtRunLoop::perform(RunLoopSource& source) {
   if (gate_.pass([&] { source.perform(); })) return;
-  enable(source, false);  // a readable descriptor would spin the panel's loop
+  enable(source, false);  // a readable descriptor would spin the modal window's loop
   gate_.whenOpen(context_, [this, &source] { enable(source, true); });
 }
 

@@ -13,8 +13,8 @@ class QTimer;
 
 namespace touchpanel {
 
-/// The main thread's event loop. While a modal panel is up neither sources nor timers are served; what came
-/// due meanwhile is served when the panel has gone, each timer once.
+/// The main thread's event loop. While a modal window is up neither sources nor timers are served; what came
+/// due meanwhile is served when the window has gone, each timer once.
 class QtRunLoop final : public RunLoop {
  public:
   explicit QtRunLoop(CallbackGate& gate);

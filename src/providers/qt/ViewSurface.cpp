@@ -148,7 +148,7 @@ void ViewSurface::sendKey(std::uint16_t keyCode) {
 }
 
 void ViewSurface::closeEvent(QCloseEvent* event) {
-  // The desktop's own way of closing a window must not leave the view's run behind: it is told as Escape is.
+  // The desktop's own way of closing a window must not leave the view's run behind: it counts as Escape.
   event->ignore();
   sendKey(kKeyEscape);
 }
