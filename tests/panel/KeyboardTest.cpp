@@ -6,10 +6,9 @@ namespace touchpanel::testing {
 namespace {
 
 /// From start to a finished calibration and a changed setting without the mouse; fingers only touch targets.
-struct KeyboardTest : PanelRig {
+struct KeyboardTest : StartedPanelRig {
   void SetUp() override {
-    plugInAll();
-    start();
+    StartedPanelRig::SetUp();
     ASSERT_TRUE(isActive(panel.mainWindow()));
   }
   static bool isActive(const QWidget& window) {

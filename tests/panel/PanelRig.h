@@ -76,10 +76,6 @@ struct PanelRig : ::testing::Test {
     const int height = QGuiApplication::primaryScreen()->size().height();
     return {static_cast<int>(std::lround(location.x)), height - static_cast<int>(std::lround(location.y))};
   }
-  static Size wholeScreen() {
-    const QSize size = QGuiApplication::primaryScreen()->size();
-    return {static_cast<float>(size.width()), static_cast<float>(size.height())};
-  }
   /// Starts a calibration of the selected touchscreen over the whole screen.
   void startCalibration(std::int32_t mode) {
     panel.controller().state().currentDict->set(settings_key::kCalibrateMode, mode);
@@ -88,8 +84,10 @@ struct PanelRig : ::testing::Test {
     ASSERT_TRUE(QTest::qWaitForWindowExposed(ViewSurface::shown()));
     ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
   }
-  /// Touches every target that is left in `box`, at the lower left of the screen.
-  void collect(Kind kind, Size box = wholeScreen()) {
+  /// Touches every target that is left.
+  void collect(Kind kind) {
+    const QSize screen = QGuiApplication::primaryScreen()->size();
+    const Size box{static_cast<float>(screen.width()), static_cast<float>(screen.height())};
     while (run()->isCollecting()) {
       const int index = run()->touches().iTouchIndex;
       const bool isSmall = run()->mode() == kFourTargets;
@@ -130,6 +128,14 @@ struct PanelRig : ::testing::Test {
                       .paths = ConfigPaths::in("/etc/panel")}};
   UserInput user;
   std::chrono::microseconds now{0};
+};
+
+/// The same with all three plugged in, and started.
+struct StartedPanelRig : PanelRig {
+  void SetUp() override {
+    plugInAll();
+    start();
+  }
 };
 
 }  // namespace touchpanel::testing

@@ -6,22 +6,17 @@
 namespace touchpanel::testing {
 namespace {
 
-struct SettingsSheetTest : PanelRig {
-  void SetUp() override {
-    plugInAll();
-    start();
-  }
+struct SettingsSheetTest : StartedPanelRig {
   void open(Kind kind) {
     selectRow(kind);
     user.click(*panel.mainWindow().ui().btnSettings);
     ASSERT_TRUE(QTest::qWaitFor([&] { return panel.settingsSheet().isVisible(); }));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.settingsSheet()));
+    EXPECT_EQ(panel.settingsSheet().windowModality(), Qt::WindowModal);
   }
   template <typename Widget = QWidget>
   Widget& widget(const char* name) {
-    auto* found = panel.settingsSheet().findChild<Widget*>(name);
-    if (found == nullptr) throw std::logic_error(name);
-    return *found;
+    return *panel.settingsSheet().findChild<Widget*>(name);
   }
   void click(const char* name) {
     auto& target = widget(name);

@@ -26,12 +26,11 @@ class AlertReader final : public QObject {
   void answer(QMessageBox& box) {
     const QPointer<QMessageBox> shown(&box);
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
-    said += box.windowTitle() + QStringLiteral(": ") + box.text();
-    if (whileUp) whileUp();
+    said += box.windowTitle() + ": " + box.text();
+    whileUp();
     user_.click(*box.buttons().at(0));
-    const bool isGone = QTest::qWaitFor([&] { return shown.isNull() || !shown->isVisible(); });
-    EXPECT_TRUE(isGone);
-    if (!isGone) shown->done(0);  // else the test would hang
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.isNull() || !shown->isVisible(); }));
+    if (shown) shown->done(0);  // else the test would hang
   }
   UserInput& user_;
 };

@@ -1,26 +1,69 @@
 #pragma once
 
-#include <QPoint>
-#include <QString>
-#include <QWidget>
+#include <QApplication>
+#include <QKeySequence>
+#include <QProcess>
+#include <QTest>
+
+#include <gtest/gtest.h>
 
 namespace touchpanel::testing {
 
 /// Pointer and keyboard as the user works them: events of the X server where there is one, so that grabs,
-/// focus and stacking are the real ones; else events of the toolkit.
+/// focus and stacking are the real ones; else events of the toolkit. Locations are global, in pixels.
 class UserInput {
  public:
-  /// Locations are global, in pixels of the screen.
-  void press(const QPoint& location);
-  void release(const QPoint& location);
-  void drag(const QPoint& from, const QPoint& to);
+  void press(const QPoint& location) { work("mousedown", QTest::MousePress, location); }
+  void release(const QPoint& location) { work("mouseup", QTest::MouseRelease, location); }
+  void drag(const QPoint& from, const QPoint& to) {
+    press(from);
+    work(nullptr, QTest::MouseMove, (from + to) / 2);
+    work(nullptr, QTest::MouseMove, to);
+    release(to);
+  }
   void click(const QPoint& location) {
     press(location);
     release(location);
   }
   void click(const QWidget& widget) { click(widget.mapToGlobal(widget.rect().center())); }
   /// `keys` is like "Return", "ctrl+k" or "alt+t".
-  void type(const QString& keys);
+  void type(const QString& keys) {
+    if (hasServer()) return server({"key", keys});
+    const auto combination = QKeySequence(QString(keys).replace("comma", ","))[0];
+    QWidget* receiver = QApplication::focusWidget();
+    if (receiver == nullptr) receiver = QApplication::activeWindow();
+    ASSERT_NE(receiver, nullptr);
+    QTest::keyClick(receiver->window()->windowHandle(), combination.key(), combination.keyboardModifiers());
+  }
+
+ private:
+  static bool hasServer() { return QGuiApplication::platformName() == "xcb"; }
+  static void server(const QStringList& arguments) {
+    ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << arguments.join(' ').toStdString();
+  }
+  /// `serverAction` is null for a movement alone.
+  static void work(const char* serverAction, QTest::MouseAction action, const QPoint& location) {
+    if (hasServer()) {
+      const QStringList move{"mousemove", QString::number(location.x()), QString::number(location.y())};
+      return server(serverAction == nullptr ? move : move + QStringList{serverAction, "1"});
+    }
+    QWidget* window = windowAt(location);
+    ASSERT_NE(window, nullptr);
+    const QPoint local = window->mapFromGlobal(location);
+    const auto button = action == QTest::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    QTest::mouseEvent(action, window->windowHandle(), button, {}, local);
+  }
+  /// The window under `location`; what is above everything comes first, and a modal one before that.
+  static QWidget* windowAt(const QPoint& location) {
+    QWidget* modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal->geometry().contains(location)) return modal;
+    QWidget* found = nullptr;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (!window->isVisible() || !window->geometry().contains(location)) continue;
+      if (found == nullptr || window->windowFlags().testFlag(Qt::WindowStaysOnTopHint)) found = window;
+    }
+    return found;
+  }
 };
 
 }  // namespace touchpanel::testing

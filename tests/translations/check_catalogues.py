@@ -3,8 +3,8 @@
 check_catalogues.py WORK CATALOGUES PLURALS -- LUPDATE...
 
 CATALOGUES and PLURALS are lists of files, separated by semicolons. Brings copies of them, in the folder WORK, up
-to date with the sources and tells what would change, what is unfinished, and which translation lost a place for
-a value, a key of access or a line end.
+to date with the sources and prints what would change, what is unfinished, and which translation lost a place
+for a value, a key of access or the dots at the end.
 """
 
 import re
@@ -35,37 +35,27 @@ def places(text):
 
 def complaints(committed, updated):
     current = messages(updated)
-    for key, (texts, finished) in messages(committed).items():
-        if key not in current:
-            yield f"no longer used: {key}"
+    yield from (f"no longer used: {key}" for key in messages(committed) if key not in current)
+    if not current:
+        yield "nothing in it"
     for key, (texts, finished) in current.items():
         if not finished:
             yield f"not translated: {key}"
-            continue
-        for text in texts:
-            if places(text) != places(key[1]):
-                yield f"another place, key or ending: {key}: {text!r}"
+        elif any(places(text) != places(key[1]) for text in texts):
+            yield f"another place, key or ending: {key}: {texts}"
 
 
 def main():
-    end = sys.argv.index("--")
-    work, catalogues, plurals = Path(sys.argv[1]), sys.argv[2].split(";"), sys.argv[3].split(";")
-    assert end == 4
-    lupdate = sys.argv[end + 1 :]
+    work, catalogues, plurals, _, *lupdate = sys.argv[1:]
     shutil.rmtree(work, ignore_errors=True)
-    work.mkdir(parents=True)
-    failed = False
-    for files, options in ((catalogues, []), (plurals, ["-pluralonly"])):
+    Path(work).mkdir(parents=True)
+    found = []
+    for files, options in ((catalogues.split(";"), []), (plurals.split(";"), ["-pluralonly"])):
         copies = [shutil.copy(file, work) for file in files]
         subprocess.run([*lupdate, *options, "-ts", *copies], check=True)
         for file, copy in zip(files, copies):
-            for complaint in complaints(file, copy):
-                failed = True
-                print(f"{Path(file).name}: {complaint}")
-            if not messages(copy):
-                failed = True
-                print(f"{Path(file).name}: nothing in it")
-    sys.exit(failed)
+            found += [f"{Path(file).name}: {complaint}" for complaint in complaints(file, copy)]
+    sys.exit("\n".join(found) or 0)
 
 
 if __name__ == "__main__":

@@ -1,4 +1,3 @@
-#include <QDialog>
 #include <QFormLayout>
 #include <QHeaderView>
 #include <QRadioButton>
@@ -170,25 +169,6 @@ TEST_F(QtTableTest, KeepsItsSelectionThroughAReloadAndDropsItWithTheRow) {
   source.onFirstCell = [&] { table.selectRow(0); };
   table.reloadData();
   EXPECT_EQ(selected(), std::vector{0}) << "one that is made while it asks for its first cell";
-}
-
-TEST(QtSheets, BelongToTheirParentAndCanBeUsedAgain) {
-  QWidget parentWidget;
-  QDialog dialog;
-  QtWindow parent(parentWidget);
-  QtWindow sheet(dialog);
-  QtSheets sheets;
-  parentWidget.show();
-  for (const int result : {1, 0}) {
-    sheets.begin(sheet, parent);
-    EXPECT_TRUE(dialog.isVisible());
-    EXPECT_EQ(dialog.windowModality(), Qt::WindowModal);
-    EXPECT_EQ(dialog.parentWidget(), &parentWidget);
-    sheets.end(sheet, result);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(dialog.result(), result);
-  }
-  dialog.setParent(nullptr);
 }
 
 }  // namespace

@@ -129,23 +129,16 @@ TEST_F(QtRunLoopTest, EndsBeforeOrInsideTheLoopAndServesNothingAfterwards) {
   EXPECT_EQ(application.run(), 3) << "the first end counts";
 }
 
-TEST_F(QtRunLoopTest, ShowsACursorThatHidingAndBusyTakeTurnsWith) {
-  const auto shape = [] {
-    return QGuiApplication::overrideCursor() == nullptr ? Qt::ArrowCursor
-                                                        : QGuiApplication::overrideCursor()->shape();
-  };
+TEST_F(QtRunLoopTest, ShowsABusyCursorWhereOneIsHidden) {
+  const auto shape = [] { return QGuiApplication::overrideCursor()->shape(); };
   cursor.hide();
   cursor.hide();
-  EXPECT_EQ(shape(), Qt::BlankCursor);
   cursor.setBusy(true);
   EXPECT_EQ(shape(), Qt::WaitCursor);
   cursor.setBusy(false);
   EXPECT_EQ(shape(), Qt::BlankCursor);
-  whileAlertIsUp([&](QMessageBox&) { EXPECT_EQ(shape(), Qt::ArrowCursor); });
-  alerts.show("Error", "Unable to open device: e0000004.", "OK");
-  EXPECT_EQ(shape(), Qt::BlankCursor);
   cursor.show();
-  EXPECT_EQ(shape(), Qt::ArrowCursor) << "one show undoes every hide";
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr) << "one show undoes every hide";
 }
 
 }  // namespace
