@@ -34,11 +34,6 @@ Translations::Translations(const QLocale& locale) {
   QCoreApplication::installTranslator(&program_);
 }
 
-Translations::~Translations() {
-  QCoreApplication::removeTranslator(&program_);
-  QCoreApplication::removeTranslator(&toolkit_);
-}
-
 // A text without forms for singular and plural is not found when a number is asked for.
 QString translatedCount(const char* context, const char* english, int count) {
   return QCoreApplication::translate(context, english, nullptr,

@@ -13,9 +13,6 @@ class Translations {
   /// Takes the first of the languages of `locale` that there is a catalogue for, else English. The default is
   /// the user's choice: that of the system, which the environment's LANGUAGE, LC_ALL and so on can overrule.
   explicit Translations(const QLocale& locale = QLocale());
-  ~Translations();
-  Translations(const Translations&) = delete;
-  Translations& operator=(const Translations&) = delete;
 
  private:
   QTranslator toolkit_;

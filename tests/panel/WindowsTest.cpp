@@ -167,6 +167,8 @@ TEST_P(WindowsTest, MainWindowWithoutTouchscreens) {
 TEST_P(WindowsTest, MainWindowWithOneTouchscreen) {
   machine.plugIn(touchscreen(Optical));
   lookAtMainWindow("1");
+  const auto calibrated = panel.mainWindow().ui().deviceTableView->model()->index(0, 2).data().toString();
+  EXPECT_EQ(calibrated == "NO", GetParam() == std::string("en")) << calibrated.toStdString();
 }
 
 TEST_P(WindowsTest, MainWindowWithThreeTouchscreens) {

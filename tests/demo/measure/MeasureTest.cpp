@@ -29,7 +29,7 @@ TEST(AccuracyProbe, FindsTheDistortionOfTheSensorThroughEveryTouchModeOfOnePoint
 }
 
 TEST(TouchReading, ComparesTheRawPointWithWhatTheDriversCalibrationMakesOfIt) {
-  driver::TouchDriver driver([](const driver::OutputFrame&) {});
+  driver::TouchDriver driver([](const OutputFrame&) {});
   const auto reading = [&] { return readingOf({0.5, 0.5}, {8192, 8192}, driver, {1280, 1024}); };
   EXPECT_EQ(reading().calibrated, (driver::Point{8192, 8192}));
   EXPECT_NEAR(reading().errorAfter, std::hypot(320, 256), 0.1);

@@ -110,6 +110,7 @@ TEST_F(QtFullScreenWindowTest, ClosesInTheMiddleOfItsDrawing) {
   view.onDraw = [&](Canvas& canvas) {
     window->close();
     canvas.fillRect({0, 0, 100, 100}, color::kRed);
+    EXPECT_NE(surface->image().pixelColor(0, surface->height() - 1), QColor(Qt::red));
   };
   const int before = view.draws;
   window->setNeedsDisplay();
