@@ -14,8 +14,7 @@
 #include "providers/linux/usb/LibusbDeviceInterface.h"
 #include "providers/linux/usb/UsbStatus.h"
 #include "touchdriverd/ReadCalibration.h"
-#include "touchdriverd/StoppableClock.h"
-#include "touchdriverd/StoppableDevice.h"
+#include "touchdriverd/StoppablePorts.h"
 
 namespace touchpanel::driver {
 

@@ -1,4 +1,5 @@
 // Input events to frames and frames to input events, against the kernel's own constants.
+#include <array>
 #include <sstream>
 
 #include <gtest/gtest.h>
@@ -11,20 +12,12 @@ namespace touchpanel::testing {
 namespace {
 
 TEST(ScaledToLogical, MapsAnyRangeOntoTheWholeLogicalOne) {
-  struct Row {
-    std::int32_t value;
-    AxisRange range;
-    std::int32_t logical;
-  };
-  for (const auto& row : std::vector<Row>{{0, {0, 32767}, 0},
-                                          {4095, {0, 4095}, 32767},
-                                          {2048, {0, 4095}, 16388},
-                                          {0, {-100, 100}, 16384},
-                                          {101, {-100, 100}, 32767},
-                                          {-2147483647, {0, 10}, 0},
-                                          {2147483647, {-2147483647, 2147483647}, 32767},
-                                          {5, {9, 1}, 0}})
-    EXPECT_EQ(scaledToLogical(row.value, row.range), row.logical) << row.value;
+  using Row = std::array<std::int32_t, 4>;
+  for (const auto& [value, minimum, maximum, logical] :
+       {Row{0, 0, 32767, 0}, Row{4095, 0, 4095, 32767}, Row{2048, 0, 4095, 16388}, Row{0, -100, 100, 16384},
+        Row{101, -100, 100, 32767}, Row{-2147483647, 0, 10, 0},
+        Row{2147483647, -2147483647, 2147483647, 32767}, Row{5, 9, 1, 0}})
+    EXPECT_EQ(scaledToLogical(value, {minimum, maximum}), logical) << value;
 }
 
 /// "id@x,y id@x,y" per frame, "-" for an empty one, parted by "; ".
