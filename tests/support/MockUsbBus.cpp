@@ -35,10 +35,22 @@ std::string hubDescriptors() {
          bytes({9, 4, 0, 0, 0, 9, 0, 0, 0});
 }
 
-std::string threeDigits(int number) {
+std::string formatted(const char* format, int number) {
   std::array<char, 16> text{};
-  std::snprintf(text.data(), text.size(), "%03d", number);
+  std::snprintf(text.data(), text.size(), format, number);
   return text.data();
+}
+
+std::string nodePath(int bus, int number) {
+  return "/dev/bus/usb/" + formatted("%03d", bus) + "/" + formatted("%03d", number);
+}
+
+/// A list of names and values as umockdev takes it; `texts` must outlive it.
+std::vector<char*> listOf(std::vector<std::string>& texts) {
+  std::vector<char*> list;
+  for (auto& text : texts) list.push_back(text.data());
+  list.push_back(nullptr);
+  return list;
 }
 
 /// What a device hangs on: "1-2" on "usb1", "1-2.4" on "1-2", a root hub on nothing.
@@ -74,8 +86,7 @@ MockUsbBus::~MockUsbBus() = default;
 
 void MockUsbBus::plugIn(const std::string& socket, firmware::Firmware& firmware, std::uint8_t configuration,
                         std::uint16_t vendorId) {
-  const auto number = ++lastDeviceNumber_;
-  const auto path = "/dev/bus/usb/" + threeDigits(busOf(socket)) + "/" + threeDigits(number);
+  const auto path = nodePath(busOf(socket), ++lastDeviceNumber_);
   const auto realPath = testbed_->root.string() + path;
   std::filesystem::create_directories(std::filesystem::path(realPath).parent_path());
   firmware.powerCycle();
@@ -104,71 +115,50 @@ void MockUsbBus::unplug(const std::string& socket) {
 
 std::string MockUsbBus::nodeOf(const std::string& socket) const { return nodes_.at(socket)->devicePath(); }
 
-void MockUsbBus::setBeforeTransfer(TransferHook before) { beforeTransfer_ = std::move(before); }
-
-void MockUsbBus::setAfterSubmit(TransferHook after) { afterSubmit_ = std::move(after); }
 void MockUsbBus::setHanging(const std::string& socket, bool on) { nodes_.at(socket)->setHanging(on); }
 
 std::string MockUsbBus::pathOf(const std::string& name) {
   const auto found = sysPaths_.find(name);
-  return found != sysPaths_.end() ? found->second : addHub(name);
-}
-
-std::string MockUsbBus::addHub(const std::string& name) {
+  if (found != sysPaths_.end()) return found->second;
   ++lastDeviceNumber_;
   return add(name, hubDescriptors(), 1, nullptr);
 }
 
-/// A 16-bit id of a device descriptor, as sysfs shows it.
-static std::string idAt(const std::string& descriptors, std::size_t offset) {
-  std::array<char, 8> text{};
-  const auto low = static_cast<unsigned char>(descriptors.at(offset));
-  const auto high = static_cast<unsigned char>(descriptors.at(offset + 1));
-  std::snprintf(text.data(), text.size(), "%02x%02x", high, low);
-  return text.data();
-}
-
 std::string MockUsbBus::add(const std::string& name, const std::string& descriptors,
                             std::uint8_t configuration, std::shared_ptr<MockUsbNode> node) {
-  const auto parentName = parentOf(name);
+  const int bus = busOf(name);
   const int number = lastDeviceNumber_;
+  const auto parentName = parentOf(name);
   const auto parent = parentName.empty() ? std::string() : pathOf(parentName);
-  const auto bus = std::to_string(busOf(name));
   const auto sysPath = (parent.empty() ? "/sys/devices" : parent) + "/" + name;
   // The event goes out as soon as the device is added, and its reader wants all of this at once.
   const auto real = testbed_->root.string() + sysPath;
   std::filesystem::create_directories(real);
   std::ofstream(real + "/descriptors", std::ios::binary) << descriptors;
 
-  const auto path =
-      node ? node->devicePath() : "/dev/bus/usb/" + threeDigits(busOf(name)) + "/" + threeDigits(number);
-  const auto busDigits = threeDigits(busOf(name));
-  const auto numberText = std::to_string(number);
-  const auto numberDigits = threeDigits(number);
-  const auto active = configuration == 0 ? std::string() : std::to_string(configuration);
-  const auto vendor = idAt(descriptors, 8);
-  const auto product = idAt(descriptors, 10);
-  const char* attributes[] = {"idVendor",
-                              vendor.c_str(),
-                              "idProduct",
-                              product.c_str(),
-                              "busnum",
-                              bus.c_str(),
-                              "devnum",
-                              numberText.c_str(),
-                              "speed",
-                              "12",
-                              "bConfigurationValue",
-                              active.c_str(),
-                              "bNumConfigurations",
-                              "1",
-                              nullptr};
-  const char* properties[] = {"DEVTYPE", "usb_device",      "DEVNAME", path.c_str(),
-                              "BUSNUM",  busDigits.c_str(), "DEVNUM",  numberDigits.c_str(),
-                              nullptr};
-  gchar* added = umockdev_testbed_add_devicev(
-      testbed_->bed, "usb", name.c_str(), parent.empty() ? nullptr : parent.c_str(),
-      const_cast<gchar**>(attributes), const_cast<gchar**>(properties));
+  const auto idAt = [&](std::size_t offset) {
+    return formatted("%04x", std::uint8_t(descriptors[offset]) | std::uint8_t(descriptors[offset + 1]) << 8);
+  };
+  std::vector<std::string> attributes{"idVendor",
+                                      idAt(8),
+                                      "idProduct",
+                                      idAt(10),
+                                      "busnum",
+                                      std::to_string(bus),
+                                      "devnum",
+                                      std::to_string(number),
+                                      "speed",
+                                      "12",
+                                      "bConfigurationValue",
+                                      configuration == 0 ? "" : std::to_string(configuration),
+                                      "bNumConfigurations",
+                                      "1"};
+  std::vector<std::string> properties{
+      "DEVTYPE", "usb_device",           "DEVNAME", node ? node->devicePath() : nodePath(bus, number),
+      "BUSNUM",  formatted("%03d", bus), "DEVNUM",  formatted("%03d", number)};
+  gchar* added = umockdev_testbed_add_devicev(testbed_->bed, "usb", name.c_str(),
+                                              parent.empty() ? nullptr : parent.c_str(),
+                                              listOf(attributes).data(), listOf(properties).data());
   if (added == nullptr) throw std::runtime_error("cannot add " + name);
   sysPaths_[name] = added;
   g_free(added);

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "firmware/Firmware.h"
@@ -36,15 +37,14 @@ class MockUsbBus {
 
   /// The path of the device's node, as programs on the bus see it.
   std::string nodeOf(const std::string& socket) const;
-  void setBeforeTransfer(TransferHook before);
+  void setBeforeTransfer(TransferHook before) { beforeTransfer_ = std::move(before); }
   /// The same, once the transfer is under way.
-  void setAfterSubmit(TransferHook after);
+  void setAfterSubmit(TransferHook after) { afterSubmit_ = std::move(after); }
   /// While on, transfers of the device are taken and never answered.
   void setHanging(const std::string& socket, bool on);
 
  private:
   struct Testbed;
-  std::string addHub(const std::string& name);
   std::string pathOf(const std::string& name);
   std::string add(const std::string& name, const std::string& descriptors, std::uint8_t configuration,
                   std::shared_ptr<MockUsbNode> node);
