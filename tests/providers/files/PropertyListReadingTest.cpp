@@ -121,45 +121,36 @@ TEST(PropertyListCoding, WritesXmlThatReadsBackTheSame) {
   EXPECT_EQ(decodePropertyList(file), contents);
 }
 
-TEST(PropertyListCoding, RefusesWhatIsNoDictionary) {
-  const std::string files[] = {"",
-                               "\0"s,
-                               "not a property list",
-                               "{\"TouchMode\": 2}",
-                               "<plist>",
-                               xml(""),
-                               xml("<array><integer>1</integer></array>"),
-                               xml("<integer>1</integer>"),
-                               xml("<string>dict</string>"),
-                               "bplist00",
-                               std::string(200, '\0'),
-                               binaryOf({"\x09"}),
-                               binaryOf({"\xa0"})};
-  for (const auto& file : files) EXPECT_EQ(decodePropertyList(file), std::nullopt) << file;
-}
-
-/// The decoding library ends the process over each of these.
-TEST(PropertyListCoding, RefusesKeysWithANulInThem) {
+/// The decoding library ends the process over each key with a NUL in it.
+TEST(PropertyListCoding, RefusesWhatIsNoDictionaryAndKeysWithANul) {
+  const auto withKey = [](const std::string& key) {
+    return xml("<dict><key>" + key + "</key><true/></dict>");
+  };
+  const auto withBinaryKey = [](const std::string& key) {
+    return binaryOf({"\xd1\x00\x01\x00\x02"s, key, "\x09"});
+  };
+  std::vector files = {""s,
+                       "\0"s,
+                       "not a property list"s,
+                       "{\"TouchMode\": 2}"s,
+                       "<plist>"s,
+                       xml(""),
+                       xml("<array><integer>1</integer></array>"),
+                       xml("<integer>1</integer>"),
+                       xml("<string>dict</string>"),
+                       "bplist00"s,
+                       std::string(200, '\0'),
+                       binaryOf({"\x09"}),
+                       binaryOf({"\xa0"}),
+                       withKey("a\0b"s),
+                       withBinaryKey("\x53\x61\0b"s),
+                       withBinaryKey("\x62\0a\0\0"s),
+                       withBinaryKey("\x10\x05")};  // an integer
   for (const char* reference : {"&#0;", "&#x0;", "&#X000;", "&# 0;", "&#-0;", "&#x100000000;", "&#;", "&#x;"})
-    EXPECT_EQ(decodePropertyList(xml("<dict><key>a"s + reference + "b</key><true/></dict>")), std::nullopt)
-        << reference;
-  EXPECT_EQ(decodePropertyList(xml("<dict><key>a\0b</key><true/></dict>"s)), std::nullopt);
-  EXPECT_EQ(decodePropertyList(xml("<dict><key>a&#x62;&#99;</key><true/></dict>")),
-            (Dictionary{{"abc", true}}));
-
-  const auto dictionary = "\xd1\x00\x01\x00\x02"s;
-  EXPECT_EQ(decodePropertyList(binaryOf({dictionary,
-                                         "\x53"
-                                         "a\0b"s,
-                                         "\x09"})),
-            std::nullopt);
-  EXPECT_EQ(decodePropertyList(binaryOf({dictionary, "\x62\0a\0\0"s, "\x09"})), std::nullopt);
-  EXPECT_EQ(decodePropertyList(binaryOf({dictionary, "\x10\x05", "\x09"})), std::nullopt) << "an integer key";
-  EXPECT_EQ(decodePropertyList(binaryOf({dictionary,
-                                         "\x5f\x10\x02"
-                                         "ab",
-                                         "\x09"})),
-            (Dictionary{{"ab", true}}));
+    files.push_back(withKey("a"s + reference + "b"));
+  for (const auto& file : files) EXPECT_EQ(decodePropertyList(file), std::nullopt) << file;
+  EXPECT_EQ(decodePropertyList(withKey("a&#x62;&#99;")), (Dictionary{{"abc", true}}));
+  EXPECT_EQ(decodePropertyList(withBinaryKey("\x5f\x10\x02\x61\x62")), (Dictionary{{"ab", true}}));
 }
 
 /// Each of these, handed to the decoder unseen, costs its stack, its memory or minutes.
@@ -232,35 +223,25 @@ class HaltingReads final : public FileCalls {
   int failure = EINTR;
 };
 
-TEST(BoundedRead, PutsShortAndInterruptedReadsTogetherAndGivesUpOnAnError) {
+TEST(BoundedRead, PutsShortAndInterruptedReadsTogetherAndRefusesTheRest) {
   TemporaryDirectory directory;
-  const std::string contents = repeated("0123456789", 105);
-  directory.write("file", contents);
   HaltingReads calls;
-  EXPECT_EQ(readBounded(directory.file("file"), kMaximumFileSize, calls), contents);
-  calls.failure = EIO;
-  EXPECT_EQ(readBounded(directory.file("file"), kMaximumFileSize, calls), std::nullopt);
-}
-
-TEST(BoundedRead, RefusesAHugeFileWithoutReadingIt) {
-  TemporaryDirectory directory;
-  directory.write("file", "");
-  std::filesystem::resize_file(directory.file("file"), 100'000'000);
-  HaltingReads calls;
-  EXPECT_EQ(readBounded(directory.file("file"), kMaximumFileSize, calls), std::nullopt);
+  const auto read = [&](const char* name, std::size_t limit = kMaximumFileSize) {
+    return readBounded(directory.file(name), limit, calls);
+  };
+  directory.write("huge", "");
+  std::filesystem::resize_file(directory.file("huge"), 100'000'000);
+  ASSERT_EQ(::mkfifo(directory.file("fifo").c_str(), 0600), 0);
+  for (const char* name : {"huge", "fifo", "", "missing"}) EXPECT_EQ(read(name), std::nullopt) << name;
   EXPECT_EQ(calls.reads, 0);
 
-  directory.write("file", "12345");
-  EXPECT_EQ(readBounded(directory.file("file"), 4, calls), std::nullopt);
-  EXPECT_EQ(readBounded(directory.file("file"), 5, calls), "12345");
-}
-
-TEST(BoundedRead, RefusesWhatIsNoRegularFileAtOnce) {
-  TemporaryDirectory directory;
-  FileCalls calls;
-  ASSERT_EQ(::mkfifo(directory.file("fifo").c_str(), 0600), 0);
-  EXPECT_EQ(readBounded(directory.file("fifo"), kMaximumFileSize, calls), std::nullopt);
-  EXPECT_EQ(readBounded(directory.path(), kMaximumFileSize, calls), std::nullopt);
+  const std::string contents = repeated("0123456789", 105);
+  directory.write("file", contents);
+  EXPECT_EQ(read("file"), contents);
+  EXPECT_EQ(read("file", contents.size()), contents);
+  EXPECT_EQ(read("file", contents.size() - 1), std::nullopt);
+  calls.failure = EIO;
+  EXPECT_EQ(read("file"), std::nullopt);
 }
 
 }  // namespace
