@@ -79,10 +79,13 @@ TEST_F(StartingACalibration, SaysHowItEnded) {
   constexpr std::string_view kLeft = "The calibration of %1 ended; nothing was written to the touchscreen.";
   auto entry = list(0x0001, "panel");
   entry->set(entry_key::kCalibrateStatus, entry_key::kNo);
+  controller.UpdateSettings();
+  EXPECT_FALSE(interface.btnReset.enabled);
   controller.Calibration();
   touchFourTargets(entry);
   view().keyDown(kKeyReturn);
   EXPECT_EQ(interface.deviceTableView.reloads, 1);
+  EXPECT_TRUE(interface.btnReset.enabled);
   EXPECT_TRUE(files.files.contains("device.plist"));
   EXPECT_EQ(status(), (StatusMessage{"The new calibration of %1 was accepted.", "panel"}));
 

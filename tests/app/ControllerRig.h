@@ -12,7 +12,6 @@
 #include "support/FakeScreen.h"
 #include "support/FakeUsb.h"
 #include "support/RecordingDiagnostics.h"
-#include "support/RecordingStatusLine.h"
 #include "support/RecordingWaitNotice.h"
 
 namespace touchpanel::testing {

@@ -8,7 +8,6 @@ namespace touchpanel::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using Write = FakeRegistry::Write;
 
 /// The table and the commands of the main window.
@@ -144,18 +143,6 @@ TEST_F(MainWindow, SwitchesTouchInEveryEntryButInOneDriver) {
                             : StatusMessage{"Touch was disabled on %1.", "first"}));
   }
   EXPECT_EQ(registry.writes.size(), 2U);
-}
-
-TEST_F(MainWindow, SaysThatADeviceCommandNeedsASelection) {
-  for (const auto command : {&MyController::Reset, &MyController::EnableTouch, &MyController::Calibration,
-                             &MyController::RegionCalibration}) {
-    statusLine.messages.clear();
-    (controller.*command)();
-    EXPECT_THAT(statusLine.messages, ElementsAre(StatusMessage{"No touchscreen is selected."}));
-  }
-  EXPECT_THAT(screen.windows, IsEmpty());
-  EXPECT_TRUE(interface.btnReset.enabled);
-  EXPECT_EQ(interface.deviceTableView.reloads, 0);
 }
 
 }  // namespace

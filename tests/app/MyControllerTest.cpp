@@ -59,6 +59,12 @@ TEST_F(Controller, ListsWhatIsAttachedBeforeTheWindowIsShown) {
   showTable();
   EXPECT_EQ(selected(), entry(0));
   EXPECT_NE(process.devIntf, nullptr);
+  EXPECT_TRUE(controller.CheckDevice(touchscreen(0x0C20).locationId()));
+
+  controller.init();
+  EXPECT_EQ(controller.numberOfRows(), 0);
+  EXPECT_EQ(process.devIntf, nullptr);
+  EXPECT_TRUE(selected()->empty());
 }
 
 TEST_F(Controller, EndsBeforeTheWindowIsShownWhenThereIsNoDriverInstance) {
@@ -106,35 +112,6 @@ TEST_F(Controller, KeepsTheSheetAsItIsWhenATouchscreenArrives) {
   EXPECT_EQ(statusLine.messages.back(), (StatusMessage{"%1 was connected.", entry(1)->text(entry_key::kSN)}));
   controller.SettingsOk();
   EXPECT_EQ(entry(1)->integer(settings_key::kClickRange), 9) << "it gets the settings like the others";
-}
-
-TEST_F(Controller, ShowsAndWritesAResetAndAnAcceptedCalibration) {
-  start();
-  controller.shouldSelectRow(2);
-  controller.Reset();
-  EXPECT_EQ(controller.objectValue(entry_key::kCalibrateStatus, 2), "NO");
-  EXPECT_THAT(waitNotice.messages, ::testing::Contains(WaitMessage{"Writing to the touchscreen..."}));
-  EXPECT_FALSE(waitNotice.isShown);
-
-  interface.deviceTableView.reloads = 0;
-  selected()->set(entry_key::kCalibrateStatus, entry_key::kYes);
-  controller.reloadTableViewData();
-  EXPECT_EQ(interface.deviceTableView.reloads, 1);
-  EXPECT_TRUE(interface.btnReset.enabled);
-}
-
-TEST_F(Controller, ChecksAndForgetsByLocation) {
-  start();
-  const auto location = touchscreen(0x0C20).locationId();
-  EXPECT_TRUE(controller.CheckDevice(location));
-  machine.unplug(touchscreen(0x0C20));
-  controller.RemoveDeviceFromArray();
-  EXPECT_FALSE(controller.CheckDevice(location));
-
-  controller.init();
-  EXPECT_EQ(controller.numberOfRows(), 0);
-  EXPECT_EQ(process.devIntf, nullptr);
-  EXPECT_TRUE(selected()->empty());
 }
 
 TEST_F(Controller, AnswersItsWindowsAsAProgramOfOneWindow) {

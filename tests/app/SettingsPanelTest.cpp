@@ -27,17 +27,6 @@ const Dictionary kUnusualFile{
     {"TouchSensitivityTime", 170},
     {"TouchSensitivityArea", 18},
 };
-const Dictionary kUnusualMessage{
-    {"mode", 17},
-    {"clickRange", 11},
-    {"enableRightClick", false},
-    {"rightClickTime", 999999},
-    {"rightClickArea", 14},
-    {"enableTouchSensitivity", false},
-    {"touchSensitivityTime", 170},
-    {"touchSensitivityArea", 18},
-    {"smoothness", -3},
-};
 /// The same as SettingsSheet::controls() has them, and the defaults.
 constexpr std::tuple kUnusual{17, 11, -3, 1, 3, false, 999999, 14, 715, 16, false, 170, 18};
 constexpr std::tuple kDefaults{2, 0, 1, 0, 0, true, 1000, 5, 500, 5, true, 100, 5};
@@ -228,14 +217,22 @@ TEST_F(SettingsSheet, AppliesToEveryDriverAndEntryAndWritesOneFile) {
   controller.SettingsChange();
   controller.SettingsApply();
 
-  using Write = FakeRegistry::Write;
-  EXPECT_THAT(registry.writes,
-              ElementsAre(Write{handleOf(infrared), property::kConfigration, kUnusualMessage},
-                          Write{hidSystemOf(infrared), property::kHidClickTime, 715000000},
-                          Write{hidSystemOf(infrared), property::kHidClickSpace, Array{16, 16}},
-                          Write{handleOf(optical), property::kConfigration, kUnusualMessage},
-                          Write{hidSystemOf(optical), property::kHidClickTime, 715000000},
-                          Write{hidSystemOf(optical), property::kHidClickSpace, Array{16, 16}}));
+  ASSERT_EQ(registry.writes.size(), 6U);
+  const auto message = registry.writes[0].value;
+  const auto& told = *message.get<Dictionary>();
+  EXPECT_EQ(told.size(), 9U);
+  for (auto [key, value] : told) {
+    key[0] = static_cast<char>(std::toupper(key[0]));
+    EXPECT_EQ(value, *kUnusualFile.find(key == "Mode" ? "TouchMode" : key)) << key;
+  }
+  for (const auto& entry : {infrared, optical}) {
+    using Write = FakeRegistry::Write;
+    EXPECT_THAT(registry.writesTo(handleOf(entry)),
+                ElementsAre(Write{handleOf(entry), property::kConfigration, message}));
+    EXPECT_THAT(registry.writesTo(hidSystemOf(entry)),
+                ElementsAre(Write{hidSystemOf(entry), property::kHidClickTime, 715000000},
+                            Write{hidSystemOf(entry), property::kHidClickSpace, Array{16, 16}}));
+  }
   EXPECT_TRUE(infrared->boolean(settings_key::kEnableTouch)) << "no setting of the sheet";
   infrared->set(settings_key::kEnableTouch, false);
   for (const auto& entry : {infrared, optical}) {
@@ -314,18 +311,23 @@ TEST_F(SettingsSheet, OffersTheDefaults) {
   EXPECT_EQ(entry->integer(settings_key::kClickRange), 11) << "nothing is stored before Apply or OK";
 }
 
-TEST_F(SettingsSheet, IsNotOpenedForNothing) {
-  for (const auto action :
-       {&MyController::Settings, &MyController::UpdateSettings, &MyController::SettingsChange,
-        &MyController::SettingsDefault, &MyController::SettingsApply, &MyController::SettingsOk,
-        &MyController::SettingsCancel}) {
+TEST_F(SettingsSheet, NeedsASelectionLikeEveryDeviceCommand) {
+  const std::pair<void (MyController::*)(), bool> actions[] = {
+      {&MyController::Settings, true},          {&MyController::SettingsOk, true},
+      {&MyController::SettingsApply, true},     {&MyController::Reset, true},
+      {&MyController::EnableTouch, true},       {&MyController::Calibration, true},
+      {&MyController::RegionCalibration, true}, {&MyController::UpdateSettings, false},
+      {&MyController::SettingsChange, false},   {&MyController::SettingsDefault, false},
+  };
+  for (const auto& [action, saysSo] : actions) {
+    statusLine.messages.clear();
     (controller.*action)();
+    EXPECT_EQ(statusLine.messages, std::vector<StatusMessage>(saysSo, {"No touchscreen is selected."}));
     EXPECT_EQ(sheets.open, nullptr);
     EXPECT_TRUE(controller.state().bEnableItems);
   }
-  EXPECT_THAT(registry.writes, IsEmpty());
-  EXPECT_EQ(files.writeAttempts, 0);
-  EXPECT_EQ(statusLine.messages.front(), StatusMessage{"No touchscreen is selected."});
+  EXPECT_THAT(screen.windows, IsEmpty());
+  EXPECT_EQ(registry.writeAttempts + files.writeAttempts + interface.deviceTableView.reloads, 0);
 }
 
 }  // namespace

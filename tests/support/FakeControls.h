@@ -2,8 +2,10 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/Controls.h"
+#include "platform/StatusLine.h"
 
 namespace touchpanel::testing {
 
@@ -73,6 +75,12 @@ struct FakeKit {
   using IntegerControl = FakeIntegerControl;
   using CheckBox = FakeCheckBox;
   using Window = FakeWindow;
+};
+
+struct RecordingStatusLine final : StatusLine {
+  void show(const StatusMessage& message) override { messages.push_back(message); }
+
+  std::vector<StatusMessage> messages;
 };
 
 /// Sheets that remember which one is up.
