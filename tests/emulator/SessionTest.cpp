@@ -125,13 +125,13 @@ TEST_F(SessionTest, PlaysGesturesInTheirOwnTime) {
 
 TEST_F(SessionTest, CountsTouchesThatNobodyReads) {
   UsbTouchscreen& device = plugListened();
-  session.feed("hold a 0.5 0.5 1000\nlist\n");
+  session.feed("swipe a 0 0 0.5 0.5 1000\nlist\n");
   session.proceed(now);
   touchscreens.unplug(*touchscreens.find("a"));
-  session.proceed(now + 1s);
+  session.proceed(now + 2s);
   EXPECT_THAT(std::exchange(session.output(), {}), HasSubstr("ok a@-"));
   EXPECT_EQ(device.droppedReports(), 1U)
-      << "the report that was waiting went with the plug, the lift was none";
+      << "the report that was waiting; later ones are none";
   EXPECT_THAT(run("plug a\ntap a 0.5 0.5"), HasSubstr("dropped 2"));
 }
 

@@ -12,7 +12,7 @@ struct sd_event_source;
 
 namespace touchpanel {
 
-/// The service's one loop, made of sd-event. Input is handled before timers, so a finger's lift that is
+/// The one loop of a program without a toolkit, made of sd-event. Input is handled before timers, so a finger's lift that is
 /// waiting to be read comes before the time-out that it prevents. Throws std::system_error where the system
 /// refuses.
 class EventLoop final : public Timers {
