@@ -130,8 +130,7 @@ TEST_F(SessionTest, CountsTouchesThatNobodyReads) {
   touchscreens.unplug(*touchscreens.find("a"));
   session.proceed(now + 2s);
   EXPECT_THAT(std::exchange(session.output(), {}), HasSubstr("ok a@-"));
-  EXPECT_EQ(device.droppedReports(), 1U)
-      << "the report that was waiting; later ones are none";
+  EXPECT_EQ(device.droppedReports(), 1U) << "the report that was waiting; later ones are none";
   EXPECT_THAT(run("plug a\ntap a 0.5 0.5"), HasSubstr("dropped 2"));
 }
 
