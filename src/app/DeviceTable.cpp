@@ -4,7 +4,7 @@
 
 namespace touchpanel {
 
-DeviceTable::DeviceTable(const Outlets& outlets, ControllerState& state, SettingsPanel& settings)
+DeviceTable::DeviceTable(const Outlets& outlets, ControllerState& state, SettingsSheet& settings)
     : outlets_(outlets), state_(state), settings_(settings) {}
 
 std::int32_t DeviceTable::numberOfRows() const {

@@ -5,14 +5,14 @@
 
 #include "app/ControllerState.h"
 #include "app/Outlets.h"
-#include "app/SettingsPanel.h"
+#include "app/SettingsSheet.h"
 
 namespace touchpanel {
 
 /// The device list as a table: rows are entries, a column shows the key that is its identifier.
 class DeviceTable {
  public:
-  DeviceTable(const Outlets& outlets, ControllerState& state, SettingsPanel& settings);
+  DeviceTable(const Outlets& outlets, ControllerState& state, SettingsSheet& settings);
 
   std::int32_t numberOfRows() const;
   /// Text of a cell; empty outside the list and for a key that the entry lacks. The first cell ever asked for
@@ -28,7 +28,7 @@ class DeviceTable {
 
   const Outlets& outlets_;
   ControllerState& state_;
-  SettingsPanel& settings_;
+  SettingsSheet& settings_;
 };
 
 }  // namespace touchpanel

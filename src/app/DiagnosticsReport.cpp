@@ -25,7 +25,7 @@ void addValue(std::string& report, std::string_view name, std::string_view text)
   report.append("  ").append(name).append(": ").append(text).append("\n");
 }
 
-/// One line for each value that reads as text; the others are told by their size.
+/// One line for each value that reads as text; of the others, their size.
 void addValues(std::string& report, std::string_view dictionaryName, const Dictionary& dictionary) {
   for (const auto& [key, value] : dictionary) {
     const auto name = std::string(dictionaryName) + '.' + key;

@@ -11,12 +11,12 @@ DiscoveredDevices::DiscoveredDevices(const Outlets& outlets, ControllerState& st
 void DiscoveredDevices::reloadDeviceTable() {
   outlets_.deviceTableView.reloadData();
   const auto& list = state_.deviceListArray;
-  if (list.size() > told_)
+  if (list.size() > shown_)
     statusLine_.show(
         {TRANSLATABLE_TEXT("StatusLine", "%1 was connected."), list.back()->text(entry_key::kSN)});
-  if (list.size() < told_)
+  if (list.size() < shown_)
     statusLine_.show({TRANSLATABLE_TEXT("StatusLine", "A touchscreen was unplugged.")});
-  told_ = list.size();
+  shown_ = list.size();
 }
 
 bool DiscoveredDevices::shouldSelectRow(std::int32_t row) {

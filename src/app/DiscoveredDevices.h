@@ -9,7 +9,7 @@
 namespace touchpanel {
 
 /// The controller's list as discovery sees it. What discovery selects is highlighted too, and the status line
-/// tells who came and that someone left.
+/// names who came and says that one left.
 class DiscoveredDevices final : public DeviceListOwner {
  public:
   DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
@@ -25,7 +25,7 @@ class DiscoveredDevices final : public DeviceListOwner {
   ControllerState& state_;
   DeviceTable& table_;
   StatusLine& statusLine_;
-  std::size_t told_ = 0;  ///< length of the list that the status line was told of
+  std::size_t shown_ = 0;  ///< length of the list at the last status message
 };
 
 }  // namespace touchpanel

@@ -38,7 +38,7 @@ struct MyController::Collaborators {
   DriverChannel driver;
   ContextStore store;
   CommandButtons buttons;
-  SettingsPanel settings;
+  SettingsSheet settings;
   DeviceTable table;
   DeviceCommands commands;
   CalibrationStarter calibrations;

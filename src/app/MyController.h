@@ -31,7 +31,7 @@ class MyController final : public TableSource, public TableReloader {
   void init();
   /// Start-up work, once, after the interface was loaded and before the main window is shown: finds the
   /// attached touchscreens and reads them, which blocks for a second or more for each. Without any driver
-  /// instance the user is told and Application::terminate() is called; look at Application::isEnding()
+  /// instance an alert is shown and Application::terminate() is called; look at Application::isEnding()
   /// before showing the window.
   void awakeFromNib();
   void applicationDidFinishLaunching() {}

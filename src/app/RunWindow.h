@@ -10,7 +10,7 @@
 namespace touchpanel {
 
 /// The full-screen window of one calibration run, and the run's way back to the controller. When the window
-/// closes, the status line tells whether the result was accepted.
+/// closes, the status line says whether the result was accepted.
 class RunWindow final : public ViewWindow, public TableReloader {
  public:
   /// `device` is the touchscreen's name for the status line.

@@ -8,7 +8,7 @@ namespace touchpanel {
 namespace {
 
 /// Test points form a grid of five columns and three rows. The middle and the corners come first, so that the
-/// first handful of taps already tells of the whole surface.
+/// first handful of taps already covers the whole surface.
 struct Cell {
   int column;
   int row;

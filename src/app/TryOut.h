@@ -16,7 +16,7 @@ struct SurfaceScale {
     bool operator==(const Millimetres&) const = default;
   };
   double pixelsPerPoint = 1;  ///< 2 on a screen of double density
-  /// None when the screen does not tell its size. Values that are not above 0 count as none.
+  /// None when the screen's size is unknown. Values that are not above 0 count as none.
   std::optional<Millimetres> millimetres;
   bool operator==(const SurfaceScale&) const = default;
 };
@@ -55,7 +55,7 @@ struct TryOutResult {
 /// Locations and sizes are in points of the surface; which way y grows is the caller's choice.
 class TryOut {
  public:
-  /// Taps before a result is told, so that no single touch passes for a judgement.
+  /// Taps that a result needs, so that no single touch passes for a judgement.
   static constexpr std::size_t kTapsForResult = 5;
   /// A touch that strays further than this from where it came down, in points, is a drawing and not a tap.
   static constexpr float kTapReach = 12;

@@ -1,4 +1,4 @@
-#include "app/SettingsPanel.h"
+#include "app/SettingsSheet.h"
 
 #include "platform/Translatable.h"
 
@@ -29,7 +29,7 @@ void storeSettings(const TouchSettings& settings, Dictionary& entry) {
 
 }  // namespace
 
-void SettingsPanel::Settings() {
+void SettingsSheet::Settings() {
   if (!state_.hasSelection()) return ports_.statusLine.show(kNoDeviceSelected);
   state_.bEnableItems = false;
   state_.bSaveSettings = false;
@@ -40,7 +40,7 @@ void SettingsPanel::Settings() {
   buttons_.enableAll();
 }
 
-void SettingsPanel::UpdateSettings() {
+void SettingsSheet::UpdateSettings() {
   buttons_.enableReset();
   if (!state_.hasSelection()) return;
   const auto& entry = *state_.currentDict;
@@ -51,11 +51,11 @@ void SettingsPanel::UpdateSettings() {
   ports_.process.devIntf = ports_.usbServices.deviceInterface(entry.integer(entry_key::kDeviceInterface));
 }
 
-void SettingsPanel::RefreshTouchMode(std::int32_t touchMode) {
+void SettingsSheet::RefreshTouchMode(std::int32_t touchMode) {
   controls_.enableDependents(touchMode, state_.currentDict->integer(entry_key::kProductID));
 }
 
-void SettingsPanel::SettingsChange() {
+void SettingsSheet::SettingsChange() {
   if (!state_.hasSelection()) return;
   const auto stored = settingsOf(*state_.currentDict);
   const auto shown = controls_.changed(stored);
@@ -65,37 +65,37 @@ void SettingsPanel::SettingsChange() {
   if (changed) state_.bSaveSettings = false;
 }
 
-void SettingsPanel::SettingsDefault() {
+void SettingsSheet::SettingsDefault() {
   const TouchSettings defaults;
   RefreshTouchMode(defaults.mode);
   controls_.show(defaults);
   SettingsChange();
 }
 
-void SettingsPanel::SettingsApply() {
+void SettingsSheet::SettingsApply() {
   state_.bSaveSettings = true;
   SaveDriverConfig();
   outlets_.btnApply.setEnabled(false);
 }
 
-void SettingsPanel::SettingsOk() {
+void SettingsSheet::SettingsOk() {
   if (!state_.bSaveSettings) SaveDriverConfig();
   close();
 }
 
-void SettingsPanel::SettingsCancel() {
+void SettingsSheet::SettingsCancel() {
   close();
   ports_.statusLine.show({TRANSLATABLE_TEXT("StatusLine", "Settings were closed without applying changes.")});
 }
 
-void SettingsPanel::close() {
+void SettingsSheet::close() {
   state_.bEnableItems = true;
   buttons_.enableAll();
   ports_.sheets.end(outlets_.SettingsWindow, 0);
   outlets_.SettingsWindow.orderOut();
 }
 
-void SettingsPanel::SaveDriverConfig() {
+void SettingsSheet::SaveDriverConfig() {
   if (!state_.hasSelection()) return ports_.statusLine.show(kNoDeviceSelected);
   const auto settings = controls_.changed({});
   for (const auto& entry : state_.deviceListArray) {
@@ -115,11 +115,11 @@ void SettingsPanel::SaveDriverConfig() {
   ports_.statusLine.show({.text = outcome, .count = static_cast<int>(state_.deviceListArray.size())});
 }
 
-bool SettingsPanel::WriteDriverConfigToFile() {
+bool SettingsSheet::WriteDriverConfigToFile() {
   return writeDriverConfig(ports_.files, ports_.paths, *state_.currentDict);
 }
 
-void SettingsPanel::selectionChanged() {
+void SettingsSheet::selectionChanged() {
   UpdateSettings();
   if (!isOpen()) return;
   outlets_.btnApply.setEnabled(false);

@@ -27,11 +27,11 @@ const Dictionary kUnusualFile{
     {"TouchSensitivityTime", 170},
     {"TouchSensitivityArea", 18},
 };
-/// The same as SettingsSheet::controls() has them, and the defaults.
+/// The same as controls() has them, and the defaults.
 constexpr std::tuple kUnusual{17, 11, -3, 1, 3, false, 999999, 14, 715, 16, false, 170, 18};
 constexpr std::tuple kDefaults{2, 0, 1, 0, 0, true, 1000, 5, 500, 5, true, 100, 5};
 
-class SettingsSheet : public ::testing::Test, public ListedTouchscreens {
+class SettingsOfTheSheet : public ::testing::Test, public ListedTouchscreens {
  protected:
   auto controls() {
     auto& i = interface;
@@ -51,7 +51,7 @@ class SettingsSheet : public ::testing::Test, public ListedTouchscreens {
   }
 };
 
-TEST_F(SettingsSheet, ShowsEverySettingOfTheSelectedDevice) {
+TEST_F(SettingsOfTheSheet, ShowsEverySettingOfTheSelectedDevice) {
   auto entry = listUnusual();
   interface.enableDoubleClick.on = true;
   interface.calibType.enabled = true;
@@ -64,7 +64,7 @@ TEST_F(SettingsSheet, ShowsEverySettingOfTheSelectedDevice) {
   EXPECT_EQ(process.devIntf, &devices.at(entry->integer(entry_key::kDeviceInterface)));
 }
 
-TEST_F(SettingsSheet, ReadsNumbersOfEveryTypeThatAFileCanHold) {
+TEST_F(SettingsOfTheSheet, ReadsNumbersOfEveryTypeThatAFileCanHold) {
   store({{"ClickRange", false},  // the file's own default
          {"Smoothness", std::int64_t{7}},
          {"EnableRightClick", 0},
@@ -74,7 +74,7 @@ TEST_F(SettingsSheet, ReadsNumbersOfEveryTypeThatAFileCanHold) {
   EXPECT_EQ(controls(), (std::tuple{2, 0, 7, 0, 0, false, 0, 5, 500, 5, true, 100, 5}));
 }
 
-TEST_F(SettingsSheet, ShowsDefaultsForWhatAnEntryLacks) {
+TEST_F(SettingsOfTheSheet, ShowsDefaultsForWhatAnEntryLacks) {
   auto entry = list(kInfrared, "infrared");
   controls() = kUnusual;
   for (const char* key : {"DoubleClickTime", "DoubleClickArea", "TouchMode", "EnableTouch"})
@@ -86,7 +86,7 @@ TEST_F(SettingsSheet, ShowsDefaultsForWhatAnEntryLacks) {
   EXPECT_FALSE(interface.btnApply.enabled) << "a default shown for want of a value is no change";
 }
 
-TEST_F(SettingsSheet, KnowsTwoNumbersOfTargets) {
+TEST_F(SettingsOfTheSheet, KnowsTwoNumbersOfTargets) {
   struct Case {
     std::int32_t stored, row, savedAs;
   };
@@ -100,7 +100,7 @@ TEST_F(SettingsSheet, KnowsTwoNumbersOfTargets) {
   }
 }
 
-TEST_F(SettingsSheet, EnablesWhatTheTouchModeAndTheKindOfDeviceAllow) {
+TEST_F(SettingsOfTheSheet, EnablesWhatTheTouchModeAndTheKindOfDeviceAllow) {
   enum State { Off, On, AsItWas };
   struct Case {
     std::uint16_t product;
@@ -142,7 +142,7 @@ TEST_F(SettingsSheet, EnablesWhatTheTouchModeAndTheKindOfDeviceAllow) {
     }
 }
 
-TEST_F(SettingsSheet, FollowsTheTouchModeAndTheBoxThatAreBeingChosen) {
+TEST_F(SettingsOfTheSheet, FollowsTheTouchModeAndTheBoxThatAreBeingChosen) {
   auto entry = list(kInfrared, "infrared");
   interface.touchMode.row = 0;
   controller.SettingsChange();
@@ -157,7 +157,7 @@ TEST_F(SettingsSheet, FollowsTheTouchModeAndTheBoxThatAreBeingChosen) {
   EXPECT_FALSE(interface.rightClickTime.enabled);
 }
 
-TEST_F(SettingsSheet, OffersApplyForADifferenceInAnyControl) {
+TEST_F(SettingsOfTheSheet, OffersApplyForADifferenceInAnyControl) {
   list(kOptical, "optical");
   const auto differsBy = [&](auto& value) {
     controller.Settings();
@@ -176,7 +176,7 @@ TEST_F(SettingsSheet, OffersApplyForADifferenceInAnyControl) {
   EXPECT_FALSE(differsBy(interface.enableDoubleClick.on));
 }
 
-TEST_F(SettingsSheet, SavesAsOftenAsTheButtonsSay) {
+TEST_F(SettingsOfTheSheet, SavesAsOftenAsTheButtonsSay) {
   struct Case {
     const char* steps;  ///< Settings, a change, back again, Default, Apply, Ok, Cancel
     int saves;
@@ -207,7 +207,7 @@ TEST_F(SettingsSheet, SavesAsOftenAsTheButtonsSay) {
   }
 }
 
-TEST_F(SettingsSheet, AppliesToEveryDriverAndEntryAndWritesOneFile) {
+TEST_F(SettingsOfTheSheet, AppliesToEveryDriverAndEntryAndWritesOneFile) {
   auto infrared = list(kInfrared, "infrared");
   auto optical = list(kOptical, "optical");
   optical->set(settings_key::kEnableTouch, false);
@@ -244,7 +244,7 @@ TEST_F(SettingsSheet, AppliesToEveryDriverAndEntryAndWritesOneFile) {
   EXPECT_EQ(status(), (StatusMessage{"Settings were sent to %n touchscreen(s) and saved.", "", 2}));
 }
 
-TEST_F(SettingsSheet, LeavesTheSystemsDoubleClickAloneWhereThereIsNone) {
+TEST_F(SettingsOfTheSheet, LeavesTheSystemsDoubleClickAloneWhereThereIsNone) {
   auto entry = list(kInfrared, "infrared");
   entry->remove(entry_key::kHiddevice);
   controller.SaveDriverConfig();
@@ -252,7 +252,7 @@ TEST_F(SettingsSheet, LeavesTheSystemsDoubleClickAloneWhereThereIsNone) {
   EXPECT_EQ(entry->integer(entry_key::kDoubleClickTime), 500);
 }
 
-TEST_F(SettingsSheet, SaysWhenTheFileCouldNotBeWritten) {
+TEST_F(SettingsOfTheSheet, SaysWhenTheFileCouldNotBeWritten) {
   auto entry = list(kInfrared, "infrared");
   for (const bool complete : {true, false}) {
     files.writable = !complete;
@@ -265,7 +265,7 @@ TEST_F(SettingsSheet, SaysWhenTheFileCouldNotBeWritten) {
   EXPECT_THAT(files.files, IsEmpty());
 }
 
-TEST_F(SettingsSheet, KeepsTheMainWindowUnusableWhileItIsUp) {
+TEST_F(SettingsOfTheSheet, KeepsTheMainWindowUnusableWhileItIsUp) {
   list(kInfrared, "infrared");
   auto& i = interface;
   Control* const mainControls[] = {&i.deviceTableView, &i.btnCalibrate, &i.btnSettings,
@@ -286,7 +286,7 @@ TEST_F(SettingsSheet, KeepsTheMainWindowUnusableWhileItIsUp) {
   }
 }
 
-TEST_F(SettingsSheet, ForgetsWhatWasNotAppliedOnlyWhenItIsShownAgain) {
+TEST_F(SettingsOfTheSheet, ForgetsWhatWasNotAppliedOnlyWhenItIsShownAgain) {
   auto entry = list(kInfrared, "infrared");
   controller.Settings();
   interface.singleClickArea.value = 8;
@@ -298,7 +298,7 @@ TEST_F(SettingsSheet, ForgetsWhatWasNotAppliedOnlyWhenItIsShownAgain) {
   EXPECT_EQ(controls(), kDefaults);
 }
 
-TEST_F(SettingsSheet, OffersTheDefaults) {
+TEST_F(SettingsOfTheSheet, OffersTheDefaults) {
   auto entry = listUnusual();
   interface.enableDoubleClick.on = true;
   controller.Settings();
@@ -311,7 +311,7 @@ TEST_F(SettingsSheet, OffersTheDefaults) {
   EXPECT_EQ(entry->integer(settings_key::kClickRange), 11) << "nothing is stored before Apply or OK";
 }
 
-TEST_F(SettingsSheet, NeedsASelectionLikeEveryDeviceCommand) {
+TEST_F(SettingsOfTheSheet, NeedsASelectionLikeEveryDeviceCommand) {
   const std::pair<void (MyController::*)(), bool> actions[] = {
       {&MyController::Settings, true},          {&MyController::SettingsOk, true},
       {&MyController::SettingsApply, true},     {&MyController::Reset, true},

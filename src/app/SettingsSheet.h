@@ -22,7 +22,7 @@ namespace touchpanel {
 /// Every state leaves to closed on OK and Cancel. Another selection while the sheet is up shows that device's
 /// settings, disables Apply, and leaves what OK does as it was.
 // clang-format on
-class SettingsPanel {
+class SettingsSheet {
  public:
   struct Ports {
     Sheets& sheets;
@@ -32,7 +32,7 @@ class SettingsPanel {
     PropertyListFiles& files;
     const ConfigPaths& paths;
   };
-  SettingsPanel(const Outlets& outlets, ControllerState& state, CommandButtons& buttons,
+  SettingsSheet(const Outlets& outlets, ControllerState& state, CommandButtons& buttons,
                 DriverChannel& driver, const Ports& ports)
       : outlets_(outlets),
         state_(state),
