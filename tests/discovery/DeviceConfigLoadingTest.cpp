@@ -1,4 +1,5 @@
 #include "DiscoveryRig.h"
+#include "discovery/ContextStore.h"
 #include "discovery/DeviceConfigLoading.h"
 
 namespace touchpanel::testing {
@@ -150,6 +151,23 @@ TEST_F(LoadingADevice, TakesTheLastReadableInstanceAndCarriesAnEarlierOneForward
   const auto entry = load(kProductOptical);
   EXPECT_EQ(entry.integer("DoubleClickTime"), 200);
   EXPECT_EQ(registryObjectOf(entry, "Hiddevice"), wanted);
+}
+
+TEST_F(LoadingADevice, StoresAContextUnderANoticeUnlessInterfaceOrKindIsUnknown) {
+  ContextStore store{usb, files, paths, {clock, diagnostics}, waitNotice};
+  auto& device = make(0x10, kProductInfrared0080).device;
+  usb.add(device);
+  bool shown = false;
+  device.onOpen = [&] {
+    shown = waitNotice.isShown;
+    return kSuccess;
+  };
+  store.save(kProductInfrared0080, device.ownReference + 1, context);
+  store.save(0x0088, device.ownReference, context);  // no such product
+  EXPECT_TRUE(device.calls.empty() && waitNotice.messages.empty());
+  store.save(kProductInfrared0080, device.ownReference, context);
+  EXPECT_TRUE(shown);
+  EXPECT_FALSE(waitNotice.isShown);
 }
 
 }  // namespace

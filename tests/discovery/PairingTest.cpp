@@ -65,10 +65,11 @@ TEST(CompareID, FindsTheFirstInstanceAtALocation) {
   }
 }
 
-TEST(DriverChannel, PassesTheTouchModeOnAsStoredAndWrapsTheDoubleClickTime) {
+TEST(DriverChannel, ReadsNoCaptureFromNothingPassesTheModeOnAsStoredAndWrapsTheDoubleClickTime) {
   FakeRegistry registry;
   const auto handle = registry.addDriver(7);
   DriverChannel channel(registry);
+  EXPECT_EQ(channel.readCapture(handle), std::nullopt) << "nothing was captured yet";
   channel.setMode(handle, "two");
   EXPECT_EQ(registry.writes.back().value, Value(Dictionary{{"mode", "two"}}));
   for (const auto& [milliseconds, nanoseconds] : {std::pair(2147, 2'147'000'000), {2148, -2'146'967'296}}) {

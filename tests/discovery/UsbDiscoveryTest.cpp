@@ -300,6 +300,7 @@ TEST_F(UnconfiguredDevice, IsGivenUpInTheEndWhenItStaysSo) {
   attached(0x30, kPlain);
   start();
   EXPECT_EQ(listedLocations(), Locations{0x30});
+  EXPECT_EQ(process.devIntf, nullptr) << "the last one's interface was given up";
   EXPECT_THAT(journal, Contains("sleep 100").Times(50)) << "for both devices together";
   EXPECT_THAT(journal, Contains("print a device stays without a configuration and is not listed"));
 

@@ -261,6 +261,8 @@ TEST_P(UsbContract, TakesAReturningDeviceAsANewOne) {
   EXPECT_EQ(after->open(), kSuccess) << "the old stay does not keep it open";
   EXPECT_EQ(transferOut(*after), kSuccess);
   EXPECT_EQ(transferOut(*before), kErrorNoDevice);
+  world->unplug(kInfrared);
+  EXPECT_EQ(transferOut(*after), kErrorNoDevice);
 }
 
 TEST_P(UsbContract, FailsGentlyForAServiceThatLeftMeanwhile) {
