@@ -15,24 +15,12 @@ constexpr std::uint8_t kFromDevice = 0x80;
 constexpr std::uint8_t kTypeMask = 0x60, kStandard = 0x00, kClass = 0x20, kVendor = 0x40;
 constexpr std::uint8_t kRecipientMask = 0x1F, kToDevice = 0, kToInterface = 1;
 
-enum DeviceRequest : std::uint8_t {
-  GetStatus,
-  ClearFeature,
-  GetDescriptor = 6,
-  GetConfiguration = 8,
-  SetConfiguration
-};
-enum InterfaceRequest : std::uint8_t { GetInterface = 10, SetInterface };
+enum FeatureRequest : std::uint8_t { GetStatus = 0, ClearFeature = 1 };
+enum DeviceRequest : std::uint8_t { GetDescriptor = 6, GetConfiguration = 8, SetConfiguration = 9 };
+enum InterfaceRequest : std::uint8_t { GetInterface = 10, SetInterface = 11 };
 enum HidRequest : std::uint8_t { GetReport = 1, GetIdle = 2, SetIdle = 0x0A };
-enum DescriptorType : std::uint8_t {
-  Device = 1,
-  Configuration,
-  String,
-  Interface,
-  Endpoint,
-  Hid = 0x21,
-  Report
-};
+enum DescriptorType : std::uint8_t { Device = 1, Configuration, String, Interface, Endpoint };
+enum HidDescriptor : std::uint8_t { Hid = 0x21, Report = 0x22 };
 enum StringIndex : std::uint8_t { Languages = 0, Manufacturer = 1, Product = 2 };
 enum ReportType : std::uint8_t { InputReport = 1, FeatureReport = 3 };
 
