@@ -1,17 +1,29 @@
 #include "support/MockUsbBus.h"
 
+#include <sys/ioctl.h>
+// After <sys/ioctl.h>, whose macros it uses.
+#include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstddef>
 #include <cstdio>
+#include <deque>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
 #include <stdexcept>
 
+#include <fcntl.h>
+#include <linux/usbdevice_fs.h>
+#include <sys/stat.h>
 #include <umockdev.h>
-
-#include "support/MockUsbNode.h"
+#include <unistd.h>
 
 namespace touchpanel::testing {
 namespace {
+
+constexpr std::size_t kSetupSize = 8;
+constexpr int kSmallestPipe = 4096;
 
 std::string bytes(std::initializer_list<int> values) {
   std::string text;
@@ -62,7 +74,185 @@ std::string parentOf(const std::string& name) {
 
 int busOf(const std::string& name) { return std::stoi(name.starts_with("usb") ? name.substr(3) : name); }
 
+/// Called on the thread that answers, around each transfer that is handed in.
+struct TransferHooks {
+  std::function<void()> before;
+  std::function<void()> afterSubmit;  ///< the transfer is under way, or done
+};
+
 }  // namespace
+
+/// The node of one USB device on a mock bus: takes control transfers as the kernel does, one URB at a time,
+/// and has them answered by a touchscreen's firmware.
+///
+/// libusb waits for the node to become writable, and a node that always is would keep it spinning. So the
+/// node is a FIFO that is kept full and drained while a URB is ready to be fetched.
+class MockUsbNode {
+ public:
+  /// `realPath` is where the node is made, `path` its name in the mock environment.
+  MockUsbNode(UMockdevTestbed* testbed, const std::string& realPath, const std::string& path,
+              firmware::Firmware& firmware, TransferHooks hooks)
+      : devicePath(path), firmware_(firmware), hooks_(std::move(hooks)), realPath_(realPath) {
+    if (::mkfifo(realPath.c_str(), 0600) != 0) throw std::runtime_error("cannot make " + realPath);
+    fifo_ = ::open(realPath.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+    if (fifo_ < 0) throw std::runtime_error("cannot open " + realPath);
+    ::fcntl(fifo_, F_SETPIPE_SZ, kSmallestPipe);
+    fill();
+    g_signal_connect(handler_, "handle-ioctl", G_CALLBACK(&MockUsbNode::handle), this);
+    if (!umockdev_testbed_attach_ioctl(testbed, path.c_str(), handler_, nullptr))
+      throw std::runtime_error("cannot attach " + path);
+  }
+  ~MockUsbNode() {
+    g_object_unref(handler_);
+    ::close(fifo_);
+  }
+  MockUsbNode(const MockUsbNode&) = delete;
+  MockUsbNode& operator=(const MockUsbNode&) = delete;
+
+  /// The device is gone: what is under way ends at once, and every call fails from now on.
+  void vanish() {
+    const std::lock_guard lock(mutex_);
+    gone_ = true;
+    for (auto& urb : pending_) finish(std::move(urb), -ESHUTDOWN, 0);
+    pending_.clear();
+    drain();
+    ::unlink(realPath_.c_str());
+  }
+  void setHanging(bool on) {
+    const std::lock_guard lock(mutex_);
+    hanging_ = on;
+  }
+
+  const std::string devicePath;
+
+ private:
+  struct Unref {
+    void operator()(UMockdevIoctlData* data) const { umockdev_ioctl_data_unref(data); }
+  };
+  using Data = std::unique_ptr<UMockdevIoctlData, Unref>;
+  struct Answer {
+    long result = 0;
+    int error = 0;
+  };
+
+  static gboolean handle(UMockdevIoctlBase*, UMockdevIoctlClient* client, gpointer node) {
+    auto& self = *static_cast<MockUsbNode*>(node);
+    const auto request = umockdev_ioctl_client_get_request(client);
+    // Outside the lock: what is asked for here may be this very device's unplugging.
+    if (request == USBDEVFS_SUBMITURB) self.hooks_.before();
+    const auto answer = self.answer(request, umockdev_ioctl_client_get_arg(client));
+    umockdev_ioctl_client_complete(client, answer.result, answer.error);
+    if (request == USBDEVFS_SUBMITURB) self.hooks_.afterSubmit();
+    return TRUE;
+  }
+
+  static Data resolve(UMockdevIoctlData* data, std::size_t offset, std::size_t length) {
+    return Data(umockdev_ioctl_data_resolve(data, offset, length, nullptr));
+  }
+
+  Answer answer(unsigned long request, UMockdevIoctlData* argument) {
+    const std::lock_guard lock(mutex_);
+    switch (request) {
+      case USBDEVFS_GET_CAPABILITIES: {
+        const auto flags = resolve(argument, 0, sizeof(std::uint32_t));
+        std::fill_n(flags->data, sizeof(std::uint32_t), std::uint8_t{0});
+        return gone_ ? Answer{-1, ENODEV} : Answer{};
+      }
+      case USBDEVFS_SUBMITURB:
+        return submit(argument);
+      case USBDEVFS_REAPURBNDELAY:
+        return reap(argument);
+      case USBDEVFS_DISCARDURB:
+        return discard(argument);
+      default:
+        return {-1, gone_ ? ENODEV : ENOTTY};
+    }
+  }
+
+  Answer submit(UMockdevIoctlData* argument) {
+    if (gone_) return {-1, ENODEV};
+    auto urb = resolve(argument, 0, sizeof(usbdevfs_urb));
+    auto& fields = *reinterpret_cast<usbdevfs_urb*>(urb->data);
+    if (fields.type != USBDEVFS_URB_TYPE_CONTROL) return {-1, EINVAL};
+    const auto length = static_cast<std::size_t>(fields.buffer_length);
+    const auto buffer = resolve(urb.get(), offsetof(usbdevfs_urb, buffer), length);
+    if (hanging_) {
+      pending_.push_back(std::move(urb));
+      return {};
+    }
+    int moved = 0;
+    const int status = transfer(buffer->data, length, moved);
+    finish(std::move(urb), status, moved);
+    return {};
+  }
+
+  int transfer(std::uint8_t* setupAndData, std::size_t length, int& moved) {
+    if (length < kSetupSize) return -EPIPE;
+    const std::span data(setupAndData + kSetupSize, length - kSetupSize);
+    std::size_t done = data.size();
+    const bool isIn = (setupAndData[0] & 0x80) != 0;
+    switch (isIn ? firmware_.reply(data, done) : firmware_.receive(data)) {
+      case firmware::TransferResult::Done:
+        moved = static_cast<int>(done);
+        return 0;
+      case firmware::TransferResult::Stalled:
+        return -EPIPE;
+      case firmware::TransferResult::Gone:
+        return -EPROTO;
+    }
+    return -EPROTO;
+  }
+
+  void finish(Data urb, int status, int moved) {
+    auto& fields = *reinterpret_cast<usbdevfs_urb*>(urb->data);
+    fields.status = status;
+    fields.actual_length = moved;
+    ready_.push_back(std::move(urb));
+    drain();
+  }
+
+  Answer reap(UMockdevIoctlData* argument) {
+    if (ready_.empty()) return {-1, gone_ ? ENODEV : EAGAIN};
+    const auto urb = std::move(ready_.front());
+    ready_.pop_front();
+    const auto pointer = resolve(argument, 0, sizeof(void*));
+    umockdev_ioctl_data_set_ptr(pointer.get(), 0, urb.get());
+    if (ready_.empty() && !gone_) fill();
+    return {};
+  }
+
+  Answer discard(UMockdevIoctlData* argument) {
+    if (gone_) return {-1, ENODEV};
+    const auto found = std::find_if(pending_.begin(), pending_.end(), [&](const Data& urb) {
+      return urb->client_addr == *reinterpret_cast<gulong*>(argument->data);
+    });
+    if (found == pending_.end()) return {-1, EINVAL};
+    finish(std::move(*found), -ENOENT, 0);
+    pending_.erase(found);
+    return {};
+  }
+
+  void fill() const {
+    const std::array<char, kSmallestPipe> nothing{};
+    while (::write(fifo_, nothing.data(), nothing.size()) > 0) continue;
+  }
+
+  void drain() const {
+    std::array<char, kSmallestPipe> nothing{};
+    while (::read(fifo_, nothing.data(), nothing.size()) > 0) continue;
+  }
+
+  std::mutex mutex_;
+  UMockdevIoctlBase* handler_ = umockdev_ioctl_base_new();
+  firmware::Firmware& firmware_;
+  TransferHooks hooks_;
+  std::string realPath_;
+  int fifo_ = -1;
+  bool gone_ = false;
+  bool hanging_ = false;
+  std::vector<Data> pending_;  ///< submitted, never to be answered
+  std::deque<Data> ready_;     ///< waiting to be fetched
+};
 
 struct MockUsbBus::Testbed {
   UMockdevTestbed* bed = umockdev_testbed_new();
@@ -94,9 +284,8 @@ void MockUsbBus::plugIn(const std::string& socket, firmware::Firmware& firmware,
     if (hook) hook(socket);
   };
   auto node = std::make_shared<MockUsbNode>(
-      realPath, firmware,
+      testbed_->bed, realPath, path, firmware,
       TransferHooks{[this, call] { call(beforeTransfer_); }, [this, call] { call(afterSubmit_); }});
-  node->attach(testbed_->bed, path);
   nodes_[socket] = node;
   add(socket, touchscreenDescriptors(vendorId, firmware.stored().productId), configuration, node);
 }
@@ -113,7 +302,7 @@ void MockUsbBus::unplug(const std::string& socket) {
   umockdev_testbed_remove_device(testbed_->bed, sysPath.c_str());
 }
 
-std::string MockUsbBus::nodeOf(const std::string& socket) const { return nodes_.at(socket)->devicePath(); }
+std::string MockUsbBus::nodeOf(const std::string& socket) const { return nodes_.at(socket)->devicePath; }
 
 void MockUsbBus::setHanging(const std::string& socket, bool on) { nodes_.at(socket)->setHanging(on); }
 
@@ -139,22 +328,18 @@ std::string MockUsbBus::add(const std::string& name, const std::string& descript
   const auto idAt = [&](std::size_t offset) {
     return formatted("%04x", std::uint8_t(descriptors[offset]) | std::uint8_t(descriptors[offset + 1]) << 8);
   };
-  std::vector<std::string> attributes{"idVendor",
-                                      idAt(8),
-                                      "idProduct",
-                                      idAt(10),
-                                      "busnum",
-                                      std::to_string(bus),
-                                      "devnum",
-                                      std::to_string(number),
-                                      "speed",
-                                      "12",
-                                      "bConfigurationValue",
-                                      configuration == 0 ? "" : std::to_string(configuration),
-                                      "bNumConfigurations",
-                                      "1"};
+  std::vector<std::string> attributes;
+  for (const auto& [key, value] :
+       {std::pair<std::string, std::string>{"idVendor", idAt(8)},
+        {"idProduct", idAt(10)},
+        {"busnum", std::to_string(bus)},
+        {"devnum", std::to_string(number)},
+        {"speed", "12"},
+        {"bConfigurationValue", configuration == 0 ? "" : std::to_string(configuration)},
+        {"bNumConfigurations", "1"}})
+    attributes.insert(attributes.end(), {key, value});
   std::vector<std::string> properties{
-      "DEVTYPE", "usb_device",           "DEVNAME", node ? node->devicePath() : nodePath(bus, number),
+      "DEVTYPE", "usb_device",           "DEVNAME", node ? node->devicePath : nodePath(bus, number),
       "BUSNUM",  formatted("%03d", bus), "DEVNUM",  formatted("%03d", number)};
   gchar* added = umockdev_testbed_add_devicev(testbed_->bed, "usb", name.c_str(),
                                               parent.empty() ? nullptr : parent.c_str(),
