@@ -1,5 +1,6 @@
 // The registry port over a real bus: the driver service on one side, the control panel's client on the other.
 #include <mutex>
+#include <numeric>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -7,6 +8,7 @@
 #include <sdbus-c++/sdbus-c++.h>
 #include <sys/eventfd.h>
 
+#include "contract/DriverProperties.h"
 #include "contract/ProductId.h"
 #include "driver/service/DriverService.h"
 #include "providers/linux/dbus/DriverServiceClient.h"
@@ -15,7 +17,6 @@
 #include "support/FakeServicePorts.h"
 #include "support/PrivateBus.h"
 #include "support/RecordingDiagnostics.h"
-#include "support/contracts/RegistryContract.h"
 #include "touchdriverd/BusService.h"
 
 namespace touchpanel::testing {
@@ -46,24 +47,15 @@ class ServedDrivers {
   }
   void plugIn(std::uint32_t locationId) {
     const auto held = hang();
-    service_.touchscreenArrived(deviceAt(locationId), {locationId, kProductConfigurationOnly});
-    service_.nodeArrived(deviceAt(locationId), nodeAt(locationId));
+    service_.touchscreenArrived(std::to_string(locationId), {locationId, kProductConfigurationOnly});
   }
   void pullOut(std::uint32_t locationId) {
     const auto held = hang();
-    service_.touchscreenLeft(deviceAt(locationId));
+    service_.touchscreenLeft(std::to_string(locationId));
   }
-  void tap(std::uint32_t locationId, std::chrono::seconds at, std::int32_t x, std::int32_t y) {
-    const auto held = hang();
-    inputs_.touch(nodeAt(locationId), {at, 1, {{{0, x, y}}}});
-    inputs_.touch(nodeAt(locationId), {at + std::chrono::milliseconds(8), 0, {}});
-  }
-
   RecordingDiagnostics diagnostics;
 
  private:
-  static std::string deviceAt(std::uint32_t locationId) { return "/sys/" + std::to_string(locationId); }
-  static std::string nodeAt(std::uint32_t locationId) { return "/dev/input/" + std::to_string(locationId); }
   void wake() const { ::eventfd_write(wake_.get(), 1); }
   void serve(const std::stop_token& stop) {
     while (!stop.stop_requested()) {
@@ -98,41 +90,26 @@ class ServedDrivers {
   std::jthread thread_{[this](const std::stop_token& stop) { serve(stop); }};
 };
 
-class ServiceWorld final : public RegistryWorld {
- public:
-  Registry& registry() override { return registry_; }
-  void publish(std::uint32_t locationId) override { served_.plugIn(locationId); }
-  void withdraw(std::uint32_t locationId) override { served_.pullOut(locationId); }
-  RawPoint touch(std::uint32_t locationId) override {
-    touches_ += 1;
-    const RawPoint point{1000 + 10 * touches_, 2000 + 10 * touches_};
-    served_.tap(locationId, std::chrono::seconds(touches_), point.x, point.y);
-    return point;
-  }
-
- private:
-  PrivateBus bus_;
-  ServedDrivers served_;
-  RecordingDiagnostics diagnostics_;
-  DriverServiceClient registry_{diagnostics_, Bus::Session, bus_name::kDevelopmentService};
-  std::int32_t touches_ = 0;
-};
-
-INSTANTIATE_TEST_SUITE_P(DriverService, RegistryContract, ::testing::Values(RegistryProvider{[] {
-                           return std::make_unique<ServiceWorld>();
-                         }}));
-
 class DriverServiceClientTest : public ::testing::Test {
  protected:
-  static constexpr std::uint32_t kHere = 0x80110000;
+  static constexpr std::uint32_t kHere = 0x14100000;
+  static constexpr std::uint32_t kThere = 0x94220000;  // with the highest bit set: ids are not signed
 
-  void restart() {
-    served.reset();
-    served = std::make_unique<ServedDrivers>();
+  static std::vector<RegistryObject> drivers(Registry& from) {
+    return from.instancesOf(class_name::kTouchDriver);
   }
   static RegistryObject find(Registry& from) {
-    const auto found = from.instancesOf(class_name::kTouchDriver);
-    return found.empty() ? 0 : found[0];
+    const auto found = drivers(from);
+    return found.empty() ? 0 : found.back();
+  }
+  RegistryObject published(std::uint32_t locationId) {
+    served->plugIn(locationId);
+    return find(registry);
+  }
+  Dictionary group(RegistryObject object, std::string_view name) {
+    const auto properties = registry.properties(object);
+    const auto* found = properties ? properties->dictionary(name) : nullptr;
+    return found ? *found : Dictionary();
   }
   template <typename Condition>
   static bool happens(Condition condition) {
@@ -150,38 +127,88 @@ class DriverServiceClientTest : public ::testing::Test {
   DriverServiceClient registry{diagnostics, Bus::Session, bus_name::kDevelopmentService};
 };
 
-TEST_F(DriverServiceClientTest, FindsNothingAndSaysNothingWhereThereIsNoService) {
+TEST_F(DriverServiceClientTest, ListsDriverInstancesByArrivalWithALocationAndAHidSystemBelowEach) {
+  EXPECT_TRUE(drivers(registry).empty());
+  const auto first = published(kThere);
+  const auto second = published(kHere);
+  EXPECT_EQ(drivers(registry), (std::vector{first, second})) << "a handle stays the same";
+  EXPECT_TRUE(first != second && first != 0 && second != 0);
+  EXPECT_TRUE(registry.instancesOf("SomethingElse").empty());
+  for (const auto& [driver, location] : {std::pair{first, kThere}, std::pair{second, kHere}}) {
+    EXPECT_TRUE(registry.conformsTo(driver, class_name::kTouchDriver));
+    EXPECT_FALSE(registry.conformsTo(driver, class_name::kPointingDevice));
+    const auto children = registry.childrenOf(driver);
+    ASSERT_EQ(children.size(), 2U);
+    EXPECT_TRUE(registry.conformsTo(children[0], class_name::kPointingDevice));
+    EXPECT_TRUE(registry.conformsTo(children[1], class_name::kHidSystem));
+    EXPECT_TRUE(registry.childrenOf(children[0]).empty());
+    EXPECT_EQ(registry.properties(children[0]),
+              (Dictionary{{property::kLocationID, std::int64_t{location}}}));
+  }
+}
+
+TEST_F(DriverServiceClientTest, HandsAMessageToItsTouchscreenAloneAndGivesItBackByteForByte) {
+  const auto here = published(kHere);
+  const auto hid = registry.childrenOf(here).at(1);
+  const auto other = published(kThere);
+  const auto others = registry.properties(other);
+  Bytes params(116);
+  std::iota(params.begin(), params.end(), std::uint8_t{0x7F});
+  const std::pair<const char*, Dictionary> messages[] = {
+      {property::kConfigration, {{configration_key::kMode, 3}, {configration_key::kEnableTouch, false}}},
+      {property::kCalibration,
+       {{calibration_key::kCalibrateStatus, true}, {calibration_key::kCalibParams, params}}}};
+  for (const auto& [name, message] : messages) {
+    auto expected = group(here, name);
+    EXPECT_EQ(registry.setProperty(here, name, message), kSuccess);
+    for (const auto& [key, value] : message) expected.set(key, value);
+    EXPECT_EQ(registry.setProperty(here, name, 1), kErrorBadArgument);
+    EXPECT_EQ(registry.setProperty(here, name, Dictionary()), kSuccess) << "a sign of life";
+    EXPECT_EQ(group(here, name), expected);
+  }
+  EXPECT_EQ(registry.setProperty(here, "configuration", Dictionary()), kErrorUnsupported);
+  EXPECT_EQ(registry.properties(other), others);
+
+  EXPECT_EQ(registry.setProperty(hid, property::kHidClickTime, 700'000'000), kSuccess);
+  EXPECT_EQ(registry.setProperty(hid, property::kHidClickSpace, Array{6, 7}), kSuccess);
+  EXPECT_EQ(group(hid, property::kHidParameters),
+            (Dictionary{{property::kHidClickSpace, Array{6, 7}},
+                        {property::kHidClickTime, std::int64_t{700'000'000}}}));
+}
+
+TEST_F(DriverServiceClientTest, FindsNothingBehindAHandleThatIsGoneAndNeverGivesItAway) {
+  const auto driver = published(kHere);
+  const auto other = published(kThere);
+  const auto children = registry.childrenOf(driver);
+  served->pullOut(kHere);
+  EXPECT_EQ(drivers(registry), std::vector{other});
+  EXPECT_EQ(probe(published(kHere)), kSuccess);
+  EXPECT_TRUE(registry.childrenOf(driver).empty());
+  for (const auto object : {driver, children.at(0), children.at(1), RegistryObject{0}, ~RegistryObject{0}}) {
+    EXPECT_EQ(registry.properties(object), std::nullopt);
+    EXPECT_FALSE(registry.conformsTo(object, class_name::kTouchDriver));
+    EXPECT_EQ(probe(object), kErrorNoDevice);
+  }
+}
+
+TEST_F(DriverServiceClientTest, OutlivesTheServiceAndTheBusAndTakesOldHandlesForDead) {
+  const auto first = published(kHere);
+  ASSERT_EQ(probe(first), kSuccess);
   served.reset();
   EXPECT_EQ(find(registry), 0U);
+  served = std::make_unique<ServedDrivers>();
+  const auto second = published(kHere);
+  EXPECT_EQ(probe(first), kErrorNoDevice) << "the new run's object has the same path";
+  EXPECT_EQ(probe(second), kSuccess);
   bus.stop();
   EXPECT_EQ(find(registry), 0U);
-  EXPECT_EQ(probe(1), kErrorNoDevice);
   EXPECT_TRUE(diagnostics.lines.empty());
-}
-
-TEST_F(DriverServiceClientTest, TakesOldHandlesForDeadAfterTheServiceRestarted) {
-  served->plugIn(kHere);
-  const auto before = find(registry);
-  ASSERT_EQ(probe(before), kSuccess);
-  restart();
-  served->plugIn(kHere);
-  EXPECT_EQ(probe(before), kErrorNoDevice) << "the new run's object has the same path";
-  EXPECT_FALSE(registry.properties(before));
-  const auto after = find(registry);
-  EXPECT_NE(after, before);
-  EXPECT_EQ(probe(after), kSuccess);
-}
-
-TEST_F(DriverServiceClientTest, OutlivesTheBusItself) {
-  served->plugIn(kHere);
-  const auto before = find(registry);
-  bus.stop();
-  EXPECT_NE(probe(before), kSuccess);
-  EXPECT_EQ(find(registry), 0U);
+  EXPECT_EQ(probe(second), kErrorNoDevice);
   bus.start();
   ASSERT_TRUE(served->connectAgain());
   EXPECT_EQ(probe(find(registry)), kSuccess);
-  EXPECT_EQ(probe(before), kErrorNoDevice) << "the new bus gives out the same client names again";
+  for (const auto old : {first, second})
+    EXPECT_EQ(probe(old), kErrorNoDevice) << "the new bus gives out the same client names again";
 }
 
 TEST_F(DriverServiceClientTest, WaitsOnlySoLongForAServiceThatHangs) {
@@ -206,52 +233,42 @@ TEST_F(DriverServiceClientTest, EndsTheCaptureOfAClientThatVanishes) {
     ASSERT_EQ(dying.setProperty(find(dying), property::kCalibration, capture), kSuccess);
   }
   const auto object = find(registry);
-  EXPECT_TRUE(happens([&] {
-    return !registry.properties(object)
-                ->dictionary(property::kCalibration)
-                ->boolean(calibration_key::kStatCalibrate);
-  }));
+  EXPECT_TRUE(happens(
+      [&] { return !group(object, property::kCalibration).boolean(calibration_key::kStatCalibrate); }));
 }
 
-/// What a client that speaks the bus directly, as one of another make or version would, gets for a call.
-template <typename... Arguments>
-std::string errorOf(const std::string& path, const char* interface, const char* method,
-                    Arguments... arguments) {
-  auto connection = sdbus::createSessionBusConnection();
-  auto proxy = sdbus::createProxy(*connection, bus_name::kDevelopmentService, path);
-  try {
-    proxy->callMethod(method).onInterface(interface).withArguments(arguments...);
-  } catch (const sdbus::Error& error) {
-    return error.getName();
-  }
-  return "";
-}
-
-TEST_F(DriverServiceClientTest, ForeignClientsAreRefusedByNameWhateverTheySend) {
+TEST_F(DriverServiceClientTest, RefusesByNameWhateverClientsOfOtherMakesAndVersionsSend) {
+  served->plugIn(kHere);
+  const auto connection = sdbus::createSessionBusConnection();
+  const auto errorOf = [&](const char* path, const char* interface, const char* method,
+                           const auto&... arguments) -> std::string {
+    const auto proxy = sdbus::createProxy(*connection, bus_name::kDevelopmentService, path);
+    try {
+      proxy->callMethod(method).onInterface(interface).withArguments(arguments...);
+    } catch (const sdbus::Error& error) {
+      return error.getName();
+    }
+    return "";
+  };
   EXPECT_EQ(errorOf(bus_name::kRootPath, "com.VARNEXO.TouchDriver1.Registry", "InstancesOf", std::uint32_t{2},
                     std::string(class_name::kTouchDriver)),
             bus_name::kInterfaceVersionError);
-  served->plugIn(kHere);
-  using Settings = std::map<std::string, sdbus::Variant>;
   const auto mode = [](const auto& value) {
-    return sdbus::Variant(Settings{{"mode", sdbus::Variant(value)}});
+    return sdbus::Variant(std::map<std::string, sdbus::Variant>{{"mode", sdbus::Variant(value)}});
   };
-  const sdbus::Variant shortParams(Settings{{"calibParams", sdbus::Variant(std::vector<std::uint8_t>(115))}});
-  const std::tuple<std::string, sdbus::Variant, std::string> writes[] = {
-      {"configration", sdbus::Variant(std::uint32_t{3}), bus_name::kBadArgumentError},
-      {"configration", mode(std::uint32_t{1}), bus_name::kBadArgumentError},
-      {"configration", mode(sdbus::make_struct(1, 2)), bus_name::kBadArgumentError},
-      {"configration", sdbus::Variant(std::map<std::string, std::int32_t>{{"mode", 1}}),
-       bus_name::kBadArgumentError},
-      {"configration", sdbus::Variant(std::vector<std::int32_t>{1, 2}), bus_name::kBadArgumentError},
-      {"calibration", shortParams, bus_name::kBadArgumentError},
-      {"colour", mode(1), bus_name::kUnsupportedError},
-      {"configration", mode(1), ""}};
-  for (const auto& [name, value, error] : writes)
-    EXPECT_EQ(errorOf(std::string(bus_name::kObjectsPath) + "/256", "com.VARNEXO.TouchDriver1.Object",
-                      "SetProperty", name, value),
-              error);
-  EXPECT_EQ(registry.properties(find(registry))->dictionary("configration")->integer("mode"), 1);
+  const std::pair<sdbus::Variant, std::string> writes[] = {
+      {mode(std::uint32_t{1}), bus_name::kBadArgumentError},
+      {mode(sdbus::make_struct(1, 2)), bus_name::kBadArgumentError},
+      {sdbus::Variant(std::map<std::string, std::int32_t>{{"mode", 1}}), bus_name::kBadArgumentError},
+      {sdbus::Variant(std::vector<std::int32_t>{1, 2}), bus_name::kBadArgumentError},
+      {mode(1), ""}};
+  constexpr char kObject[] = "/com/VARNEXO/TouchDriver1/objects/256";
+  constexpr char kInterface[] = "com.VARNEXO.TouchDriver1.Object";
+  for (const auto& [value, error] : writes)
+    EXPECT_EQ(errorOf(kObject, kInterface, "SetProperty", std::string("configration"), value), error);
+  EXPECT_EQ(group(find(registry), "configration").integer("mode"), 1);
+  served->pullOut(kHere);
+  EXPECT_EQ(errorOf(kObject, kInterface, "Properties"), "org.freedesktop.DBus.Error.UnknownObject");
 }
 
 }  // namespace
