@@ -29,6 +29,9 @@ TEST(TouchFeel, EachModeClicksInItsOwnWay) {
           "left 1000; drag 2000; up"},
          {"a resting finger says nothing new", "mode=2; 0: 1000; 8: 1000; 16: 1000; 24: -; 32: -",
           "left 1000; up"},
+         {"the same settings once more do not disturb a touch",
+          "0: 100; mode=2 enableTouch=yes clickRange=0; statCalibrate=no; 8: 200; 16: -",
+          "left 100; drag 200; up"},
          {"multi-touch: contacts keep their ids, one leaves, one lands, all leave",
           "mode=3; 0: 3@10,20; 8: 3@11,20 7@900; 16: 7@901,900; 24: 7@901,900 0@5; 32: -; 40: -",
           "fingers 3@10,20; fingers 3@11,20 7@900; fingers 7@901,900; fingers 7@901,900 0@5; fingers -"}});
@@ -132,11 +135,6 @@ TEST(TouchFeel, ATouchAfterAChangedSettingOwesNothingToTheOneBefore) {
         "smoothness=5 enableTouchSensitivity=yes",
         "left 5000; up; left 5100,5000; up"}},
       "; 100: 5100,5000; 108: -");
-}
-
-TEST(TouchFeel, WritingTheSameSettingsAgainDoesNotDisturbATouch) {
-  check({{"a touch", "0: 100; mode=2 enableTouch=yes clickRange=0; statCalibrate=no; 8: 200; 16: -",
-          "left 100; drag 200; up"}});
 }
 
 TEST(TouchFeel, TheFiltersAreForOpticalTouchscreensOnly) {

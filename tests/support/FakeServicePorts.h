@@ -62,13 +62,11 @@ class FakePointerDevices final : public PointerDevices {
   };
 
   Status create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) override {
-    ++attempts;
     if (createResult == kSuccess) device = std::make_unique<Pointer>(devices[identity.locationId]);
     return createResult;
   }
 
   Status createResult = kSuccess;
-  int attempts = 0;
   std::map<std::uint32_t, Device> devices;
 
  private:
