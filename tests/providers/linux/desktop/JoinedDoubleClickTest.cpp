@@ -15,35 +15,25 @@ struct FakeDesktop final : DesktopDoubleClick {
   std::optional<std::chrono::milliseconds> set;
 };
 
-class JoinedDoubleClickTest : public ::testing::Test {
- protected:
-  std::int64_t clickTime() {
-    return registry.properties(hid)->dictionary("HIDParameters")->longInteger("HIDClickTime");
-  }
+TEST(JoinedDoubleClick, ShowsTheDesktopsTimeIfThereIsOneAndWritesBothUnlessTheServiceRefuses) {
   FakeRegistry service;
+  const auto hid = service.add(class_name::kHidSystem, 0,
+                               {{"HIDParameters", Dictionary{{"HIDClickTime", std::int64_t{500'000'000}},
+                                                             {"HIDClickSpace", Array{5, 5}}}}});
   FakeDesktop desktop;
-  RegistryObject hid = service.add(class_name::kHidSystem, 0,
-                                   {{"HIDParameters", Dictionary{{"HIDClickTime", std::int64_t{500'000'000}},
-                                                                 {"HIDClickSpace", Array{5, 5}}}}});
   JoinedDoubleClick registry{service, desktop};
-};
-
-TEST_F(JoinedDoubleClickTest, ShowsTheServicesTimeWhereTheDesktopHasNone) {
-  EXPECT_EQ(clickTime(), 500'000'000);
-  EXPECT_EQ(registry.setProperty(hid, "HIDClickTime", 400'000'000), kSuccess);
-  EXPECT_EQ(service.writesTo(hid).size(), 1U);
-}
-
-TEST_F(JoinedDoubleClickTest, ShowsTheDesktopsTimeAndWritesBothUnlessTheServiceRefuses) {
+  const auto shown = [&] { return *registry.properties(hid)->dictionary("HIDParameters"); };
+  EXPECT_EQ(shown().longInteger("HIDClickTime"), 500'000'000);
+  EXPECT_EQ(registry.setProperty(hid, "HIDClickTime", 300'000'000), kSuccess);
   desktop.set = std::chrono::milliseconds(650);
-  EXPECT_EQ(clickTime(), 650'000'000);
-  EXPECT_EQ(*registry.properties(hid)->dictionary("HIDParameters")->array("HIDClickSpace"), (Array{5, 5}));
+  EXPECT_EQ(shown().longInteger("HIDClickTime"), 650'000'000);
+  EXPECT_EQ(*shown().array("HIDClickSpace"), (Array{5, 5}));
   EXPECT_EQ(registry.setProperty(hid + 1, "HIDClickTime", 400'000'000), kErrorNoDevice);
   EXPECT_EQ(registry.setProperty(hid, "HIDClickSpace", Array{9, 9}), kSuccess);
   EXPECT_EQ(desktop.set, std::chrono::milliseconds(650));
   EXPECT_EQ(registry.setProperty(hid, "HIDClickTime", 400'000'000), kSuccess);
   EXPECT_EQ(desktop.set, std::chrono::milliseconds(400));
-  EXPECT_EQ(service.writesTo(hid).size(), 2U);
+  EXPECT_EQ(service.writesTo(hid).size(), 3U);
 }
 
 }  // namespace
