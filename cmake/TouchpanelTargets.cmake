@@ -42,22 +42,18 @@ function(touchpanel_library folder)
   target_link_libraries(${name} ${scope} touchpanel_rules ${ARG_USES})
 endfunction()
 
-# touchpanel_tests(NAME USES target... [SOURCES file...] [ENVIRONMENT VAR=VALUE...]): the GoogleTest program
-# NAME_tests and a CTest entry NAME. Folders add to it by touchpanel_test_files.
+# touchpanel_tests(NAME FOLDERS folder... USES target... [ENVIRONMENT VAR=VALUE...]): the GoogleTest program NAME_tests of
+# all sources in these folders, and a CTest entry NAME.
 function(touchpanel_tests name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES;ENVIRONMENT" ${ARGN})
-  add_executable(${name}_tests ${ARG_SOURCES})
-  target_link_libraries(${name}_tests PRIVATE touchpanel_test_support ${ARG_USES})
+  cmake_parse_arguments(ARG "" "" "FOLDERS;USES;ENVIRONMENT" ${ARGN})
+  list(TRANSFORM ARG_FOLDERS APPEND /*Test.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS ${ARG_FOLDERS})
+  add_executable(${name}_tests ${sources})
+  target_link_libraries(${name}_tests PRIVATE touchpanel_rules GTest::gmock ${ARG_USES})
+  target_include_directories(${name}_tests PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_precompile_headers(${name}_tests PRIVATE <gmock/gmock.h>)
   add_test(NAME ${name} COMMAND ${name}_tests)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${ARG_ENVIRONMENT}")
-endfunction()
-
-# touchpanel_test_files(NAME SOURCES file... USES target...): this folder's part of the program NAME_tests.
-function(touchpanel_test_files name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;USES" ${ARGN})
-  target_sources(${name}_tests PRIVATE ${ARG_SOURCES})
-  target_link_libraries(${name}_tests PRIVATE ${ARG_USES})
 endfunction()
 
 # touchpanel_benchmark(NAME SOURCES file... USES target...): one Google Benchmark program, run by hand.
