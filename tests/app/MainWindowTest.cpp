@@ -113,7 +113,7 @@ TEST_F(MainWindow, ResetsTheDriverAndWhereTheDeviceKeepsItsCalibration) {
                                                               {calibration_key::kMaxX, 32767},
                                                               {calibration_key::kMaxY, 32767}}}));
     const auto& device = devices.at(entry->integer(entry_key::kDeviceInterface));
-    EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), inFile ? 0U : 1U);
+    EXPECT_EQ(device.count("open"), inFile ? 0U : 1U);
     EXPECT_EQ(files.files.contains("device.plist"), inFile);
     EXPECT_FALSE(interface.btnReset.enabled);
     EXPECT_EQ(interface.deviceTableView.reloads, 1);

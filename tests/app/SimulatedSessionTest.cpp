@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "ControllerRig.h"
+#include "demo/measure/AccuracyProbe.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/TemporaryDirectory.h"
@@ -74,11 +75,12 @@ struct SimulatedSession : ::testing::Test {
   simulated::SimulatedTouchscreen& optical() { return *machine.all()[1]; }
   simulated::SimulatedTouchscreen& plain() { return *machine.all()[2]; }
   double errorOf(simulated::SimulatedTouchscreen& touchscreen) {
-    return TouchedView(touchscreen, kScreen).meanError();
+    return demo::probeAccuracy(touchscreen, {kScreen.width, kScreen.height}, clock)->mean;
   }
 
   TemporaryDirectory directory;
   simulated::SimulatedTouchscreens machine;
+  demo::FingerClock clock;
 };
 
 TEST_F(SimulatedSession, FindsListsSetsCalibratesAndRemembersEveryKind) {

@@ -74,8 +74,7 @@ class DiscoveryRig {
     made.device.locationId = location;
     made.device.productId = productId;
     made.device.onCall = [this](const FakeUsbDevice::Call& call) {
-      using enum FakeUsbDevice::Operation;
-      if (call.operation != Out && call.operation != In) note(call.name());
+      if (call.name != "out" && call.name != "in") note(call.name);
     };
     return made;
   }

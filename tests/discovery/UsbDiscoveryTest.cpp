@@ -132,7 +132,7 @@ TEST_F(DeviceArrival, ReportsEachFailingStepAndGoesOnWithTheNextDevice) {
        [](auto& rig, auto& failing) {
          failing.device.onCall = [&rig, note = failing.device.onCall](const auto& call) {
            rig.files.files[rig.paths.driverConfig] = {{"TouchMode", 1}};
-           if (call.operation == FakeUsbDevice::Operation::Close) rig.files.files.clear();
+           if (call.name == "close") rig.files.files.clear();
            note(call);
          };
        },

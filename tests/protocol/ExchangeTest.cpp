@@ -157,7 +157,7 @@ class ExchangeRun : Diagnostics {
     return text;
   }
   void note(const FakeUsbDevice::Call& call) {
-    log.emplace_back(call.name());
+    log.emplace_back(call.name);
     if (!call.packet.empty()) log.back() += ' ' + hexadecimal(call.packet);
   }
   Bytes answerTo(const Bytes& packet) {
@@ -231,8 +231,7 @@ TEST(Exchange, LeavesADeviceAloneThatCannotBeOpened) {
     testing::FakeClock clock;
     testing::RecordingDiagnostics diagnostics;
     EXPECT_EQ(save(device, patternContext(), {clock, diagnostics}), 0);
-    EXPECT_THAT(device.calls,
-                ::testing::ElementsAre(FakeUsbDevice::Call{FakeUsbDevice::Operation::Open, {}}));
+    EXPECT_THAT(device.calls, ::testing::ElementsAre(FakeUsbDevice::Call{"open", {}}));
     EXPECT_TRUE(diagnostics.lines.empty() && clock.sleeps.empty());
   }
 }

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
 #include <functional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -17,26 +18,12 @@ class FakeUsbDevice : public UsbDeviceInterface {
  public:
   using Bytes = std::vector<std::uint8_t>;
 
-  enum class Operation {
-    Open,
-    Close,
-    Out,
-    In,
-    GetConfiguration,
-    GetLocationID,
-    GetDeviceVendor,
-    GetDeviceProduct,
-    Release
-  };
+  /// A request by its name: "open", "close", "out", "in", "configuration", "location", "vendor", "product" or
+  /// "release".
   struct Call {
-    Operation operation = Operation::Open;
-    Bytes packet;  ///< what went out; empty for every other operation
+    std::string name;
+    Bytes packet;  ///< what went out; empty for every other request
     bool operator==(const Call&) const = default;
-    const char* name() const {
-      constexpr std::array kNames = {"open",     "close",  "out",     "in",     "configuration",
-                                     "location", "vendor", "product", "release"};
-      return kNames.at(static_cast<std::size_t>(operation));
-    }
   };
 
   // What the device is.
@@ -62,25 +49,24 @@ class FakeUsbDevice : public UsbDeviceInterface {
   bool isOpen = false;
   bool isReleased = false;
 
-  std::size_t count(Operation operation) const {
-    return static_cast<std::size_t>(std::count_if(
-        calls.begin(), calls.end(), [&](const Call& call) { return call.operation == operation; }));
+  std::size_t count(std::string_view name) const {
+    return static_cast<std::size_t>(std::ranges::count(calls, name, &Call::name));
   }
   std::vector<Bytes> packets() const {
     std::vector<Bytes> sent;
     for (const auto& call : calls)
-      if (call.operation == Operation::Out) sent.push_back(call.packet);
+      if (call.name == "out") sent.push_back(call.packet);
     return sent;
   }
 
   Status open() override {
-    note({Operation::Open, {}});
+    note({"open", {}});
     const Status status = onOpen ? onOpen() : kSuccess;
     if (status == kSuccess) isOpen = true;
     return status;
   }
   Status close() override {
-    note({Operation::Close, {}});
+    note({"close", {}});
     isOpen = false;
     return kSuccess;
   }
@@ -88,7 +74,7 @@ class FakeUsbDevice : public UsbDeviceInterface {
     requests.push_back(request);
     const bool isIn = (request.bmRequestType & 0x80) != 0;
     const std::span data(request.pData, request.wLength);
-    note(isIn ? Call{Operation::In, {}} : Call{Operation::Out, Bytes(data.begin(), data.end())});
+    note(isIn ? Call{"in", {}} : Call{"out", Bytes(data.begin(), data.end())});
     if (const auto status = isIn ? inStatus : outStatus; status != kSuccess) return status;
     std::size_t moved = data.size();
     const auto status = isIn ? transferIn(data, moved) : transferOut(data);
@@ -96,20 +82,14 @@ class FakeUsbDevice : public UsbDeviceInterface {
     return status;
   }
   Status getConfiguration(std::uint8_t& value) override {
-    answerWith(configuration, value, Operation::GetConfiguration);
+    answerWith(configuration, value, "configuration");
     return getConfigurationStatus;
   }
-  Status getLocationID(std::uint32_t& value) override {
-    return answerWith(locationId, value, Operation::GetLocationID);
-  }
-  Status getDeviceVendor(std::uint16_t& value) override {
-    return answerWith(vendorId, value, Operation::GetDeviceVendor);
-  }
-  Status getDeviceProduct(std::uint16_t& value) override {
-    return answerWith(productId, value, Operation::GetDeviceProduct);
-  }
+  Status getLocationID(std::uint32_t& value) override { return answerWith(locationId, value, "location"); }
+  Status getDeviceVendor(std::uint16_t& value) override { return answerWith(vendorId, value, "vendor"); }
+  Status getDeviceProduct(std::uint16_t& value) override { return answerWith(productId, value, "product"); }
   void release() override {
-    note({Operation::Release, {}});
+    note({"release", {}});
     isReleased = true;
     if (const auto forget = std::exchange(onRelease, nullptr)) forget(ownReference);
   }
@@ -127,8 +107,8 @@ class FakeUsbDevice : public UsbDeviceInterface {
     return kSuccess;
   }
   template <typename Number>
-  Status answerWith(Number held, Number& value, Operation operation) {
-    note({operation, {}});
+  Status answerWith(Number held, Number& value, const char* name) {
+    note({name, {}});
     value = held;
     return kSuccess;
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <chrono>
-#include <cmath>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -52,20 +51,6 @@ class TouchedView {
     tap(middle);
   }
   void tapMiddle() { tap({screen_.width / 2, screen_.height / 2}); }
-
-  /// Mean distance in pixels between touched points and the pointer, on points halfway between targets.
-  double meanError() {
-    constexpr int kPoints = 8;
-    double sum = 0;
-    for (int row = 0; row < kPoints; ++row)
-      for (int column = 0; column < kPoints; ++column) {
-        const Point touched{screen_.width * (0.09F + 0.117F * static_cast<float>(column)),
-                            screen_.height * (0.09F + 0.117F * static_cast<float>(row))};
-        const Point pointer = locationOf(touch(touched).front());
-        sum += std::hypot(pointer.x - touched.x, pointer.y - touched.y);
-      }
-    return sum / (kPoints * kPoints);
-  }
 
  private:
   std::vector<OutputFrame> touch(Point point) {

@@ -32,7 +32,7 @@ TEST(ReadCalibration, WaitsOnlyForADeviceThatAnotherProgramHasOpen) {
     int refusals = row.refusals;
     device.onOpen = [&] { return refusals-- > 0 ? kErrorExclusiveAccess : row.afterwards; };
     EXPECT_EQ(driver::readCalibration(device, row.product, held, clock, diagnostics), row.result);
-    EXPECT_EQ(device.count(FakeUsbDevice::Operation::Open), row.attempts);
+    EXPECT_EQ(device.count("open"), row.attempts);
     EXPECT_FALSE(device.isOpen);
     if (row.result != kErrorInputOutput) {
       EXPECT_EQ(clock.now, std::chrono::milliseconds(500) * (row.attempts > 0 ? row.attempts - 1 : 0));
