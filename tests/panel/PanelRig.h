@@ -72,10 +72,6 @@ struct PanelRig : ::testing::Test {
     const auto* surface = ViewSurface::shown();
     return surface == nullptr ? nullptr : demo::runOn(*surface);
   }
-  static QPoint onScreen(const Point& location) {
-    const int height = QGuiApplication::primaryScreen()->size().height();
-    return {static_cast<int>(std::lround(location.x)), height - static_cast<int>(std::lround(location.y))};
-  }
   /// Starts a calibration of the selected touchscreen over the whole screen.
   void startCalibration(std::int32_t mode) {
     panel.controller().state().currentDict->set(settings_key::kCalibrateMode, mode);
@@ -86,13 +82,13 @@ struct PanelRig : ::testing::Test {
   }
   /// Touches every target that is left.
   void collect(Kind kind) {
-    const QSize screen = QGuiApplication::primaryScreen()->size();
-    const Size box{static_cast<float>(screen.width()), static_cast<float>(screen.height())};
+    const QSizeF screen = QGuiApplication::primaryScreen()->size();
     while (run()->isCollecting()) {
       const int index = run()->touches().iTouchIndex;
-      const bool isSmall = run()->mode() == kFourTargets;
-      tap(touchscreen(kind),
-          onScreen(isSmall ? fourPointTarget(index, box) : gridTarget(index / 5 + 1, index % 5, box)));
+      const auto place = static_cast<std::size_t>(index);
+      const QPointF target(run()->touches().fDspX[place] * screen.width() / kLogicalMaximum,
+                           run()->touches().fDspY[place] * screen.height() / kLogicalMaximum);
+      tap(touchscreen(kind), target.toPoint());
       ASSERT_TRUE(QTest::qWaitFor([&] { return run()->touches().iTouchIndex == index + 1; }))
           << "target " << index;
       ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
@@ -109,12 +105,6 @@ struct PanelRig : ::testing::Test {
     const auto* cursor = QGuiApplication::overrideCursor();
     return cursor == nullptr ? Qt::ArrowCursor : cursor->shape();
   }
-  /// What the touchscreen's driver instance holds under `key` of "calibration" or "configration".
-  Dictionary published(Kind kind, const char* name) {
-    const auto all = machine.registry().properties(machine.handleOf(touchscreen(kind)));
-    return *all.value().dictionary(name);
-  }
-
   FakeClock clock;
   FakePropertyListFiles files;
   RecordingDiagnostics diagnostics;

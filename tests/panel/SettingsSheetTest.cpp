@@ -1,3 +1,4 @@
+#include <QRadioButton>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -52,8 +53,14 @@ TEST_F(SettingsSheetTest, AppliesWhatTheUserGaveEachControlToEveryTouchscreenAnd
   int steps = 0;
   for (const char* field :
        {"singleClickArea", "smoothness", "rightClickTime", "rightClickArea", "doubleClickTime",
-        "doubleClickArea", "touchSensitivityTime", "touchSensitivityArea"})
-    widget<IntegerField>(field).spinBox().stepBy(++steps);
+        "doubleClickArea", "touchSensitivityTime", "touchSensitivityArea"}) {
+    // One step by the slider, the rest by the box.
+    auto& slider = widget<IntegerField>(field).slider();
+    slider.triggerAction(QSlider::SliderSingleStepAdd);
+    auto& spinBox = widget<IntegerField>(field).spinBox();
+    spinBox.stepBy(steps++);
+    EXPECT_EQ(slider.value(), spinBox.value()) << field;
+  }
   EXPECT_TRUE(QTest::qWaitFor([&] { return widget("btnApply").isEnabled(); }));
   click("btnApply");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !widget("btnApply").isEnabled(); }));
@@ -73,33 +80,54 @@ TEST_F(SettingsSheetTest, AppliesWhatTheUserGaveEachControlToEveryTouchscreenAnd
   EXPECT_EQ(selected().integer(entry_key::kDoubleClickTime), 750);
   EXPECT_EQ(selected().integer(entry_key::kDoubleClickArea), 11);
   for (const Kind kind : {Infrared, Optical, ConfigurationOnly})
-    EXPECT_EQ(published(kind, property::kConfigration).integer(configration_key::kMode), 1);
+    EXPECT_EQ(touchscreen(kind)
+                  .driver()
+                  .state()
+                  .dictionary(property::kConfigration)
+                  ->integer(configration_key::kMode),
+              1);
   click("btnOk");
   EXPECT_TRUE(closes());
   EXPECT_TRUE(main.btnCalibrate->isEnabled());
 }
 
 TEST_F(SettingsSheetTest, SaysWhyAControlCannotBeUsed) {
-  struct Case {
-    const char* control;
-    bool inInfrared;
-    bool inOptical;
-  };
-  const Case cases[] = {{"singleClickArea", true, true},         {"enableRightClick", false, false},
-                        {"rightClickTime", false, false},        {"smoothness", false, true},
-                        {"enableTouchSensitivity", false, true}, {"touchSensitivityArea", false, true}};
+  const std::pair<const char*, bool> controls[] = {{"smoothness", true},
+                                                   {"enableTouchSensitivity", true},
+                                                   {"touchSensitivityArea", true},
+                                                   {"enableRightClick", false},
+                                                   {"rightClickTime", false}};
   for (const Kind kind : {Infrared, Optical}) {
     open(kind);
     click("touchMode0");
-    for (const auto& [control, inInfrared, inOptical] : cases) {
-      const bool isEnabled = kind == Infrared ? inInfrared : inOptical;
-      EXPECT_EQ(widget(control).isEnabled(), isEnabled) << control;
-      const auto reason = widget(control).property("disabledReason").toString();
-      EXPECT_EQ(widget(control).toolTip(), isEnabled ? QString() : reason) << control;
-      EXPECT_TRUE(isEnabled || !reason.isEmpty()) << control;
+    for (const auto& [name, isForOptical] : controls) {
+      const auto& control = widget(name);
+      const bool isEnabled = isForOptical && kind == Optical;
+      EXPECT_EQ(control.isEnabled(), isEnabled) << name;
+      EXPECT_EQ(control.toolTip().isEmpty(), isEnabled) << name;
+      EXPECT_EQ(control.accessibleDescription(), control.toolTip()) << name;
+      const auto* label = buddyLabelOf(control);
+      EXPECT_TRUE(label == nullptr || label->isEnabled() == isEnabled) << name;
     }
     user.type("Escape");
     ASSERT_TRUE(closes());
+  }
+}
+
+TEST_F(SettingsSheetTest, KeepsStoredValuesThatItsControlsCannotShow) {
+  for (const int stored : {1, 7, -1}) {
+    panel.controller().state().currentDict->set(settings_key::kTouchMode, stored);
+    panel.controller().state().currentDict->set(settings_key::kRightClickTime, 999999 * stored);
+    open(kindOf(static_cast<std::uint16_t>(selected().integer(entry_key::kProductID))));
+    for (const int mode : {0, 1, 2, 3})
+      EXPECT_EQ(widget<QRadioButton>(qPrintable(QStringLiteral("touchMode%1").arg(mode))).isChecked(),
+                mode == stored);
+    const auto& time = widget<IntegerField>("rightClickTime").spinBox();
+    EXPECT_EQ(time.value(), stored > 0 ? time.maximum() : time.minimum());
+    click("btnOk");
+    ASSERT_TRUE(closes());
+    EXPECT_EQ(selected().integer(settings_key::kTouchMode), stored);
+    EXPECT_EQ(selected().integer(settings_key::kRightClickTime), 999999 * stored);
   }
 }
 

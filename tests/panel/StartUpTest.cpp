@@ -1,47 +1,34 @@
 #include <QMessageBox>
-#include <QPointer>
 #include <QPushButton>
+#include <QTimer>
 
 #include "PanelRig.h"
 
 namespace touchpanel::testing {
 namespace {
 
-/// The user in front of an alert: reads it and presses its button.
-class AlertReader final : public QObject {
- public:
-  explicit AlertReader(UserInput& user) : user_(user) { qApp->installEventFilter(this); }
-
-  bool eventFilter(QObject* receiver, QEvent* event) override {
-    auto* box = qobject_cast<QMessageBox*>(receiver);
-    if (box != nullptr && event->type() == QEvent::Show)
-      QMetaObject::invokeMethod(
-          box, [this, box] { answer(*box); }, Qt::QueuedConnection);
-    return false;
-  }
-  QStringList said;
-  std::function<void()> whileUp;
-
- private:
-  void answer(QMessageBox& box) {
-    const QPointer<QMessageBox> shown(&box);
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
-    said += box.windowTitle() + ": " + box.text();
-    whileUp();
-    user_.click(*box.buttons().at(0));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return shown.isNull() || !shown->isVisible(); }));
-    if (shown) shown->done(0);  // else the test would hang
-  }
-  UserInput& user_;
-};
-
 struct StartUpTest : PanelRig {
+  /// Reads the next alert, calls `whileUp` and presses the alert's button.
+  void expectAlert(const char* text, std::function<void()> whileUp) {
+    alert.callOnTimeout([this, text, whileUp = std::move(whileUp)] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (box == nullptr) return;
+      alert.stop();
+      EXPECT_TRUE(QTest::qWaitForWindowExposed(box));
+      EXPECT_EQ(box->windowTitle() + ": " + box->text(), text);
+      whileUp();
+      user.click(*box->buttons().at(0));
+      if (!QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; })) std::abort();
+    });
+    alert.start(1);
+  }
   static QString startUpText() {
     for (const QWidget* window : QApplication::topLevelWidgets())
       if (dynamic_cast<const StartUpWindow*>(window) != nullptr && window->isVisible())
         return window->findChildren<QLabel*>().last()->text();
     return {};
   }
+  QTimer alert;
 };
 
 TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain) {
@@ -49,6 +36,7 @@ TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain)
   StatusArea area(label);
   StartUpWindow startUp;
   QtCursor cursor;
+  for (int twice = 0; twice < 2; ++twice) cursor.hide();
   TranslatedStatusLine status(area);
   TranslatedWaitNotice notice(cursor, area, startUp);
   notice.waitingFor({"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 7});
@@ -58,18 +46,19 @@ TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain)
   EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << "the wait goes on";
   notice.done();
   EXPECT_EQ(label.text(), "Touch was enabled on TS-1.");
-  EXPECT_EQ(PanelRig::cursorShape(), Qt::ArrowCursor);
+  EXPECT_EQ(PanelRig::cursorShape(), Qt::BlankCursor);
+  cursor.show();
+  EXPECT_EQ(PanelRig::cursorShape(), Qt::ArrowCursor) << "one show undoes every hide";
 }
 
 TEST_F(StartUpTest, EndsWithoutAWindowWhenThereIsNoDriver) {
-  AlertReader reader(user);
-  reader.whileUp = [&] { EXPECT_FALSE(panel.mainWindow().isVisible()); };
+  expectAlert("Warning: Not found touch device.", [&] { EXPECT_FALSE(panel.mainWindow().isVisible()); });
   EXPECT_EQ(panel.run(), 0);
-  EXPECT_EQ(reader.said.join('|'), "Warning: Not found touch device.");
+  EXPECT_FALSE(alert.isActive()) << "the alert was read";
   EXPECT_FALSE(panel.mainWindow().isVisible());
 }
 
-TEST_F(StartUpTest, SaysWhatItWaitsForWhileTouchscreensAreRead) {
+TEST_F(StartUpTest, SaysWhatItWaitsForWhileTouchscreensAreReadAndEndsWithTheMainWindow) {
   plugInAll();
   QStringList told;
   clock.onSleep = [&](std::chrono::milliseconds) {
@@ -81,11 +70,6 @@ TEST_F(StartUpTest, SaysWhatItWaitsForWhileTouchscreensAreRead) {
   EXPECT_TRUE(told.contains("Reading the touchscreen's parameters...")) << told.join(" | ").toStdString();
   EXPECT_TRUE(startUpText().isEmpty()) << "it has gone";
   EXPECT_EQ(cursorShape(), Qt::ArrowCursor);
-}
-
-TEST_F(StartUpTest, EndsWithTheMainWindow) {
-  plugInAll();
-  start();
   panel.mainWindow().close();
   EXPECT_TRUE(panel.application().isEnding());
   EXPECT_EQ(panel.application().run(), 0);
@@ -97,12 +81,10 @@ TEST_F(StartUpTest, ShowsAnAlertInFrontOfARunningCalibrationAndGivesTheKeyboardB
   selectRow(Infrared);
   startCalibration(kFourTargets);
   touchscreen(Optical).firmware().setFault({firmware::Fault::Stalls});
-  AlertReader reader(user);
-  reader.whileUp = [] { EXPECT_EQ(cursorShape(), Qt::ArrowCursor); };
+  expectAlert("Error: To get the device parameters failed, please try again.",
+              [] { EXPECT_EQ(cursorShape(), Qt::ArrowCursor); });
   machine.plugIn(touchscreen(Optical));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !reader.said.isEmpty(); }));
-  EXPECT_EQ(reader.said.join('|'), "Error: To get the device parameters failed, please try again.");
-  ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget() == nullptr; }));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !alert.isActive(); }));
   ASSERT_NE(run(), nullptr);
   EXPECT_TRUE(QTest::qWaitForWindowActive(ViewSurface::shown()));
   EXPECT_EQ(cursorShape(), Qt::BlankCursor);

@@ -30,10 +30,8 @@ class UserInput {
   void type(const QString& keys) {
     if (hasServer()) return server({"key", keys});
     const auto combination = QKeySequence(QString(keys).replace("comma", ","))[0];
-    QWidget* receiver = QApplication::focusWidget();
-    if (receiver == nullptr) receiver = QApplication::activeWindow();
-    ASSERT_NE(receiver, nullptr);
-    QTest::keyClick(receiver->window()->windowHandle(), combination.key(), combination.keyboardModifiers());
+    ASSERT_NE(QGuiApplication::focusWindow(), nullptr);
+    QTest::keyClick(QGuiApplication::focusWindow(), combination.key(), combination.keyboardModifiers());
   }
 
  private:
@@ -47,22 +45,10 @@ class UserInput {
       const QStringList move{"mousemove", QString::number(location.x()), QString::number(location.y())};
       return server(serverAction == nullptr ? move : move + QStringList{serverAction, "1"});
     }
-    QWidget* window = windowAt(location);
+    QWindow* window = QGuiApplication::topLevelAt(location);
     ASSERT_NE(window, nullptr);
-    const QPoint local = window->mapFromGlobal(location);
     const auto button = action == QTest::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QTest::mouseEvent(action, window->windowHandle(), button, {}, local);
-  }
-  /// The window under `location`; what is above everything comes first, and a modal one before that.
-  static QWidget* windowAt(const QPoint& location) {
-    QWidget* modal = QApplication::activeModalWidget();
-    if (modal != nullptr && modal->geometry().contains(location)) return modal;
-    QWidget* found = nullptr;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-      if (!window->isVisible() || !window->geometry().contains(location)) continue;
-      if (found == nullptr || window->windowFlags().testFlag(Qt::WindowStaysOnTopHint)) found = window;
-    }
-    return found;
+    QTest::mouseEvent(action, window, button, {}, window->mapFromGlobal(location));
   }
 };
 

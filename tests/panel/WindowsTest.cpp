@@ -140,47 +140,33 @@ struct WindowsTest : InLanguage, PanelRig {
     const auto path = QStringLiteral("%1/%2/%3-%4-%5x.png").arg(all, GetParam(), name, theme).arg(scale);
     EXPECT_TRUE(picture.save(path, "PNG", kQuickly)) << path.toStdString();
   }
-  void addTouchscreens(int count) {
-    for (int i = 0; i < count; ++i) {
-      auto model = simulated::exampleTouchscreens().at(static_cast<std::size_t>(i % 3));
-      const auto kind = kindOf(model.description.productId);
-      model.description = firmware::exampleDevice(kind, static_cast<std::uint32_t>(100 + i));
-      model.locationId = 0x20000000U + static_cast<std::uint32_t>(i);
-      machine.add(std::move(model));
-    }
-  }
-  void lookAtMainWindow(const QString& name) {
-    start();
-    for (const QSize size : {QSize(920, 540), QSize(800, 480)}) {
-      panel.mainWindow().resize(size);
-      look(panel.mainWindow(), QStringLiteral("main-%1-%2").arg(name).arg(size.width()));
-    }
-  }
 };
 
-TEST_P(WindowsTest, MainWindowWithoutTouchscreens) {
+TEST_P(WindowsTest, MainWindowWithNoOneThreeAndFortyTouchscreens) {
   machine.registry().publish(touchscreen(Infrared));
-  lookAtMainWindow("none");
+  start();
+  const auto& rows = *panel.mainWindow().ui().deviceTableView->model();
+  const auto lookWith = [&](int count) {
+    for (auto i = static_cast<std::uint32_t>(machine.all().size()); static_cast<int>(i) < count; ++i) {
+      auto model = simulated::exampleTouchscreens().at(i % 3);
+      model.description = firmware::exampleDevice(kindOf(model.description.productId), 100 + i);
+      model.locationId = 0x20000000U + i;
+      machine.add(std::move(model));
+    }
+    for (int i = rows.rowCount(); i < count; ++i)
+      machine.plugIn(*machine.all().at(static_cast<std::size_t>(i)));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return rows.rowCount() == count; }));
+    for (const QSize size : {QSize(920, 540), QSize(800, 480)}) {
+      panel.mainWindow().resize(size);
+      look(panel.mainWindow(), QStringLiteral("main-%1-%2").arg(count).arg(size.width()));
+    }
+  };
+  lookWith(0);
   EXPECT_TRUE(panel.mainWindow().ui().emptyPage->isVisible());
-}
-
-TEST_P(WindowsTest, MainWindowWithOneTouchscreen) {
-  machine.plugIn(touchscreen(Optical));
-  lookAtMainWindow("1");
-  const auto calibrated = panel.mainWindow().ui().deviceTableView->model()->index(0, 2).data().toString();
-  EXPECT_EQ(calibrated == "NO", GetParam() == std::string("en")) << calibrated.toStdString();
-}
-
-TEST_P(WindowsTest, MainWindowWithThreeTouchscreens) {
-  plugInAll();
-  lookAtMainWindow("3");
-}
-
-TEST_P(WindowsTest, MainWindowWithFortyTouchscreens) {
-  addTouchscreens(37);
-  plugInAll();
-  lookAtMainWindow("40");
-  EXPECT_EQ(panel.mainWindow().ui().deviceTableView->model()->rowCount(), 40);
+  lookWith(1);
+  EXPECT_EQ(rows.index(0, 2).data().toString() == "NO", GetParam() == std::string("en"));
+  lookWith(3);
+  lookWith(40);
 }
 
 TEST_P(WindowsTest, SettingsOfEachKindInEachTouchMode) {
