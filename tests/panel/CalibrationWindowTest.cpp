@@ -3,15 +3,11 @@
 namespace touchpanel::testing {
 namespace {
 
-struct CalibrationWindowTest : StartedPanelRig {
-  void SetUp() override {
-    StartedPanelRig::SetUp();
-    selectRow(Infrared);
-    startCalibration(kFourTargets);
-  }
-};
+using CalibrationWindowTest = StartedPanelRig;
 
-TEST_F(CalibrationWindowTest, CoversTheScreenAndActsOnTheButtonUnderTheReleaseOnly) {
+TEST_F(CalibrationWindowTest, CoversTheScreenAndActsOnTheButtonUnderTheReleaseAndEndsWithTheLastDevice) {
+  selectRow(Infrared);
+  startCalibration(kFourTargets);
   EXPECT_EQ(ViewSurface::shown()->frameGeometry(), QGuiApplication::primaryScreen()->geometry());
   EXPECT_EQ(cursorShape(), Qt::BlankCursor);
   collect(Infrared);
@@ -30,9 +26,8 @@ TEST_F(CalibrationWindowTest, CoversTheScreenAndActsOnTheButtonUnderTheReleaseOn
   EXPECT_TRUE(status().contains("nothing was written")) << status().toStdString();
   EXPECT_EQ(cursorShape(), Qt::ArrowCursor);
   EXPECT_TRUE(QTest::qWaitFor([&] { return panel.mainWindow().isActiveWindow(); }));
-}
 
-TEST_F(CalibrationWindowTest, ClosesOverALostDeviceAndEndsTheProgramWithTheLast) {
+  startCalibration(kFourTargets);
   machine.unplug(touchscreen(Infrared));
   ViewSurface::shown()->requestDisplay();
   expectClosed();

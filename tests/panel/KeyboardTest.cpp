@@ -1,24 +1,30 @@
-#include <QMenu>
-
 #include "PanelRig.h"
 
 namespace touchpanel::testing {
 namespace {
 
-/// From start to a finished calibration and a changed setting without the mouse; fingers only touch targets.
 struct KeyboardTest : StartedPanelRig {
-  void SetUp() override {
-    StartedPanelRig::SetUp();
-    ASSERT_TRUE(isActive(panel.mainWindow()));
-  }
   static bool isActive(const QWidget& window) {
     return QTest::qWaitFor([&] { return window.isVisible() && window.isActiveWindow(); });
   }
   QWidget& settings() { return panel.settingsSheet(); }
 };
 
-TEST_F(KeyboardTest, ChoosesATouchscreenChangesASettingAndCalibrates) {
+/// From start to a finished calibration and a changed setting without the mouse; fingers only touch targets.
+TEST_F(KeyboardTest, ReachesEveryCommandChoosesATouchscreenChangesASettingAndCalibrates) {
   auto& main = panel.mainWindow().ui();
+  ASSERT_TRUE(isActive(panel.mainWindow()));
+  user.type("ctrl+t");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return main.btnEnableTouch->text() == "Enable Touch"; }));
+  EXPECT_EQ(main.actionEnableTouch->text(), "Enable Touch");
+  user.type("ctrl+t");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return main.btnEnableTouch->text() == "Disable Touch"; }));
+  user.type("F1");
+  EXPECT_TRUE(isActive(panel.aboutSheet()));
+  user.type("Escape");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !panel.aboutSheet().isVisible(); }));
+  ASSERT_TRUE(isActive(panel.mainWindow()));
+
   main.deviceTableView->setFocus();
   user.type("Down");
   ASSERT_TRUE(
@@ -47,18 +53,7 @@ TEST_F(KeyboardTest, ChoosesATouchscreenChangesASettingAndCalibrates) {
   expectClosed();
   EXPECT_EQ(selected().text(entry_key::kCalibrateStatus), "YES");
   EXPECT_EQ(touchscreen(Optical).firmware().stored().deviceConfig.CalibrateStatus, 1);
-}
 
-TEST_F(KeyboardTest, ReachesEveryCommandByAShortcut) {
-  auto& main = panel.mainWindow().ui();
-  ASSERT_TRUE(isActive(panel.mainWindow()));
-  user.type("ctrl+t");
-  EXPECT_TRUE(QTest::qWaitFor([&] { return main.btnEnableTouch->text() == "Enable Touch"; }));
-  EXPECT_EQ(main.actionEnableTouch->text(), "Enable Touch");
-  user.type("F1");
-  EXPECT_TRUE(isActive(panel.aboutSheet()));
-  user.type("Escape");
-  ASSERT_TRUE(QTest::qWaitFor([&] { return !panel.aboutSheet().isVisible(); }));
   ASSERT_TRUE(isActive(panel.mainWindow()));
   user.type("ctrl+shift+k");
   ASSERT_TRUE(QTest::qWaitFor([] { return run() != nullptr && ViewSurface::shown()->isUpToDate(); }));

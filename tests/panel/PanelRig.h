@@ -36,13 +36,14 @@ struct PanelRig : ::testing::Test {
     throw std::logic_error("no such touchscreen");
   }
 
-  void plugInAll() {
-    for (const auto& touchscreen : machine.all()) machine.plugIn(*touchscreen);
-  }
   /// Starts the panel with what is plugged in and waits for its window.
   void start() {
     panel.start();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.mainWindow()));
+  }
+  void startWithAll() {
+    for (const auto& touchscreen : machine.all()) machine.plugIn(*touchscreen);
+    start();
   }
   void selectRow(Kind kind) {
     auto& view = *panel.mainWindow().ui().deviceTableView;
@@ -122,10 +123,7 @@ struct PanelRig : ::testing::Test {
 
 /// The same with all three plugged in, and started.
 struct StartedPanelRig : PanelRig {
-  void SetUp() override {
-    plugInAll();
-    start();
-  }
+  void SetUp() override { startWithAll(); }
 };
 
 }  // namespace touchpanel::testing

@@ -59,13 +59,12 @@ TEST_F(StartUpTest, EndsWithoutAWindowWhenThereIsNoDriver) {
 }
 
 TEST_F(StartUpTest, SaysWhatItWaitsForWhileTouchscreensAreReadAndEndsWithTheMainWindow) {
-  plugInAll();
   QStringList told;
   clock.onSleep = [&](std::chrono::milliseconds) {
     EXPECT_FALSE(panel.mainWindow().isVisible());
     if (told.isEmpty() || told.last() != startUpText()) told += startUpText();
   };
-  start();
+  startWithAll();
   EXPECT_GE(told.size(), 2);
   EXPECT_TRUE(told.contains("Reading the touchscreen's parameters...")) << told.join(" | ").toStdString();
   EXPECT_TRUE(startUpText().isEmpty()) << "it has gone";

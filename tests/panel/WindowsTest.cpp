@@ -21,10 +21,9 @@ QStringList clippedTexts(const QWidget& window) {
   QStringList clipped;
   for (const auto* label : window.findChildren<QLabel*>()) {
     if (!label->isVisibleTo(&window) || label->text().isEmpty()) continue;
-    const QSize hint = label->sizeHint();
-    const bool fits = label->wordWrap() ? label->heightForWidth(label->width()) <= label->height()
-                                        : hint.width() <= label->width() && hint.height() <= label->height();
-    if (!fits) clipped += label->text();
+    const QSize whole =
+        label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
+    if (whole.boundedTo(label->size()) != whole) clipped += label->text();
   }
   for (const auto* button : window.findChildren<QAbstractButton*>())
     if (button->isVisibleTo(&window) && !button->text().isEmpty() &&
@@ -170,8 +169,7 @@ TEST_P(WindowsTest, MainWindowWithNoOneThreeAndFortyTouchscreens) {
 }
 
 TEST_P(WindowsTest, SettingsOfEachKindInEachTouchMode) {
-  plugInAll();
-  start();
+  startWithAll();
   const std::pair<Kind, const char*> kinds[] = {
       {Infrared, "infrared"}, {Optical, "optical"}, {ConfigurationOnly, "file"}};
   for (const auto& [kind, kindName] : kinds) {
@@ -193,8 +191,7 @@ TEST_P(WindowsTest, SettingsOfEachKindInEachTouchMode) {
 }
 
 TEST_P(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
-  plugInAll();
-  start();
+  startWithAll();
   auto& ui = panel.mainWindow().ui();
   ui.tabView->setCurrentWidget(ui.tryOutPage);
   look(panel.mainWindow(), "try-out-first");
@@ -216,8 +213,7 @@ TEST_P(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
 }
 
 TEST_P(WindowsTest, AboutSheet) {
-  plugInAll();
-  start();
+  startWithAll();
   panel.controller().About();
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.aboutSheet()));
   look(panel.aboutSheet(), "about");
@@ -236,8 +232,7 @@ TEST_P(WindowsTest, AboutSheet) {
 }
 
 TEST_P(WindowsTest, CalibrationInEachState) {
-  plugInAll();
-  start();
+  startWithAll();
   selectRow(Infrared);
   const auto shoot = [](const char* name) {
     ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));

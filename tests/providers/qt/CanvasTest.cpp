@@ -39,7 +39,7 @@ TEST(QtCanvas, PutsTheOriginIntoTheLowerLeftCorner) {
       {"fillRect", [&](QtCanvas& canvas) { canvas.fillRect(rect, color::kWhite); }},
       {"fillOval", [&](QtCanvas& canvas) { canvas.fillOval(rect, color::kWhite); }},
       {"strokeRect", [&](QtCanvas& canvas) { canvas.strokeRect(rect, color::kWhite); }},
-      {"dragged upwards to the left",
+      {"dragged",
        [](QtCanvas& canvas) {
          canvas.fillRect({40, 60, -30, -40}, color::kWhite);
        }},
@@ -47,15 +47,13 @@ TEST(QtCanvas, PutsTheOriginIntoTheLowerLeftCorner) {
   for (const auto& [what, draw] : cases) {
     EXPECT_EQ(inked(drawn(1, draw)), QRect(10, 40, 30, 40)) << what;
     EXPECT_EQ(inked(drawn(2, draw)), QRect(20, 80, 60, 80)) << what;
-    EXPECT_TRUE(inked(drawn(1,
-                            [&draw = draw](QtCanvas& canvas) {
-                              canvas.stop();
-                              draw(canvas);
-                              canvas.drawText(text("words"), {0, 0});
-                            }))
-                    .isNull())
-        << what;
   }
+  const auto stopped = [&](QtCanvas& canvas) {
+    canvas.stop();
+    for (const auto& [what, draw] : cases) draw(canvas);
+    canvas.drawText(text("words"), {0, 0});
+  };
+  EXPECT_TRUE(inked(drawn(1, stopped)).isNull());
 }
 
 TEST(QtCanvas, PinsColourComponentsAndBlendsByAlpha) {
@@ -78,13 +76,10 @@ TEST(QtCanvas, GrowsABlockOfLinesUpwardsFromThePoint) {
   EXPECT_NEAR(one.bottom(), kHeight - 10 - 1, 2);
   EXPECT_NEAR(one.top(), kHeight - 10 - 12, 3);
   const QRect three = inkOf("Hg\nHg\nHg");
-  EXPECT_EQ(three.bottom(), one.bottom());
-  EXPECT_EQ(three.left(), one.left());
+  EXPECT_EQ(three.bottomLeft(), one.bottomLeft());
   const int lineHeight = one.bottom() - inkOf("Hg\n").bottom();
   EXPECT_NEAR(lineHeight, 14, 2) << "a line end at the end opens an empty line below";
   EXPECT_EQ(three.top(), one.top() - 2 * lineHeight);
-  EXPECT_EQ(inkOf("Hg\nHg\nHg\n"), three.translated(0, -lineHeight));
-  EXPECT_EQ(inkOf("     Hg").bottom(), one.bottom());
   EXPECT_GT(inkOf("     Hg").left(), one.left() + 10) << "spaces at the start of a line count";
 
   const QRect label = inkOf("ReCalibrate");

@@ -57,7 +57,7 @@ struct QtTableTest : ::testing::Test {
   QtTable table{view, {{"SN", "Serial number"}, {"LocationID", "Location"}}, gate};
 };
 
-TEST_F(QtTableTest, SelectsARowOnlyWhenTheSourceAgreesAndNeverAColumn) {
+TEST_F(QtTableTest, SelectsARowOnlyWhenTheSourceAgreesAndKeepsItUntilItGoes) {
   clickRow(1);
   EXPECT_EQ(selected(), std::vector{1});
   source.refused = 2;
@@ -75,10 +75,6 @@ TEST_F(QtTableTest, SelectsARowOnlyWhenTheSourceAgreesAndNeverAColumn) {
   QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(selected(), std::vector{2});
   EXPECT_TRUE(view.selectionModel()->selectedColumns().isEmpty());
-}
-
-TEST_F(QtTableTest, KeepsItsSelectionThroughAReloadAndDropsItWithTheRow) {
-  table.selectRow(2);
   table.reloadData();
   EXPECT_EQ(selected(), std::vector{2});
   source.serials.pop_back();
