@@ -35,15 +35,14 @@ class Recorder : public QWidget {
 /// the driver makes of a touch the tour sees; here is what a finger must not do.
 class MouseFingerTest : public testing::Test {
  protected:
-  MouseFingerTest() { show(window_, {0, 0, 1, 1}); }
+  MouseFingerTest() { show(window_, QGuiApplication::primaryScreen()->geometry()); }
   static QPoint at(double x, double y) {
     const QSize size = QGuiApplication::primaryScreen()->size();
     return {static_cast<int>(x * size.width()), static_cast<int>(y * size.height())};
   }
-  static void show(QWidget& window, QRectF share) {
+  static void show(QWidget& window, const QRect& place) {
     window.setWindowFlag(Qt::FramelessWindowHint);
-    window.setGeometry(
-        QRect(at(share.left(), share.top()), at(share.right(), share.bottom()) - QPoint(1, 1)));
+    window.setGeometry(place);
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
   }
@@ -81,7 +80,7 @@ TEST_F(MouseFingerTest, LeavesTheMouseAMouseWhereNobodyWantsAFinger) {
 TEST_F(MouseFingerTest, KeepsADragInTheWindowWhereItBegan) {
   configure({{configration_key::kMode, 2}, {configration_key::kEnableRightClick, false}});
   Recorder other;
-  show(other, {0, 0, 0.3, 1});
+  show(other, {{0, 0}, at(0.3, 1)});
   press(window_, at(0.4, 0.5));
   QTest::mouseMove(window_.windowHandle(), at(0.01, 0.5));  // lands on the other window
   release(window_, at(0.01, 0.5));
@@ -102,7 +101,7 @@ TEST_F(MouseFingerTest, ReachesNoWindowBehindAModalOne) {
   configure({{configration_key::kMode, 0}});
   QWidget sheet(&window_, Qt::Dialog);
   sheet.setWindowModality(Qt::WindowModal);
-  show(sheet, {0.1, 0.1, 0.05, 0.05});
+  show(sheet, {at(0.1, 0.1), QSize(64, 51)});
   // A touch on the sheet whose click the driver puts onto the window behind it.
   press(sheet, {2, 2});
   release(sheet, {2, 2});

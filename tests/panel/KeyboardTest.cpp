@@ -27,9 +27,7 @@ TEST_F(KeyboardTest, ReachesEveryCommandChoosesATouchscreenChangesASettingAndCal
 
   main.deviceTableView->setFocus();
   user.type("Down");
-  ASSERT_TRUE(
-      QTest::qWaitFor([&] { return &selected() == panel.controller().state().deviceListArray[1].get(); }));
-  EXPECT_EQ(selected().integer(entry_key::kProductID), kProductOptical);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return selected().integer(entry_key::kProductID) == kProductOptical; }));
 
   user.type("ctrl+comma");
   ASSERT_TRUE(isActive(settings()));

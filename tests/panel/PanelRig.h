@@ -95,10 +95,8 @@ struct PanelRig : ::testing::Test {
       ASSERT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown()->isUpToDate(); }));
     }
   }
-  static QPoint middle() { return QGuiApplication::primaryScreen()->geometry().center(); }
-  static QPoint reCalibrateButton() { return middle() + QPoint(-100, 0); }
-  static QPoint okButton() { return middle(); }
-  static QPoint cancelButton() { return middle() + QPoint(100, 0); }
+  static QPoint okButton() { return QGuiApplication::primaryScreen()->geometry().center(); }
+  static QPoint cancelButton() { return okButton() + QPoint(100, 0); }
   static void expectClosed() {
     EXPECT_TRUE(QTest::qWaitFor([] { return ViewSurface::shown() == nullptr; }));
   }

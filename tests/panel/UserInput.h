@@ -15,12 +15,6 @@ class UserInput {
  public:
   void press(const QPoint& location) { work("mousedown", QTest::MousePress, location); }
   void release(const QPoint& location) { work("mouseup", QTest::MouseRelease, location); }
-  void drag(const QPoint& from, const QPoint& to) {
-    press(from);
-    work(nullptr, QTest::MouseMove, (from + to) / 2);
-    work(nullptr, QTest::MouseMove, to);
-    release(to);
-  }
   void click(const QPoint& location) {
     press(location);
     release(location);
@@ -39,16 +33,13 @@ class UserInput {
   static void server(const QStringList& arguments) {
     ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << arguments.join(' ').toStdString();
   }
-  /// `serverAction` is null for a movement alone.
   static void work(const char* serverAction, QTest::MouseAction action, const QPoint& location) {
-    if (hasServer()) {
-      const QStringList move{"mousemove", QString::number(location.x()), QString::number(location.y())};
-      return server(serverAction == nullptr ? move : move + QStringList{serverAction, "1"});
-    }
+    if (hasServer())
+      return server(
+          {"mousemove", QString::number(location.x()), QString::number(location.y()), serverAction, "1"});
     QWindow* window = QGuiApplication::topLevelAt(location);
     ASSERT_NE(window, nullptr);
-    const auto button = action == QTest::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QTest::mouseEvent(action, window, button, {}, window->mapFromGlobal(location));
+    QTest::mouseEvent(action, window, Qt::LeftButton, {}, window->mapFromGlobal(location));
   }
 };
 

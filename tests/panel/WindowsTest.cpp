@@ -142,30 +142,27 @@ struct WindowsTest : InLanguage, PanelRig {
 };
 
 TEST_P(WindowsTest, MainWindowWithNoOneThreeAndFortyTouchscreens) {
+  for (std::uint32_t i = 3; i < 40; ++i) {
+    auto model = simulated::exampleTouchscreens().at(i % 3);
+    model.description = firmware::exampleDevice(kindOf(model.description.productId), 100 + i);
+    model.locationId = 0x20000000U + i;
+    machine.add(std::move(model));
+  }
   machine.registry().publish(touchscreen(Infrared));
   start();
-  const auto& rows = *panel.mainWindow().ui().deviceTableView->model();
-  const auto lookWith = [&](int count) {
-    for (auto i = static_cast<std::uint32_t>(machine.all().size()); static_cast<int>(i) < count; ++i) {
-      auto model = simulated::exampleTouchscreens().at(i % 3);
-      model.description = firmware::exampleDevice(kindOf(model.description.productId), 100 + i);
-      model.locationId = 0x20000000U + i;
-      machine.add(std::move(model));
-    }
-    for (int i = rows.rowCount(); i < count; ++i)
-      machine.plugIn(*machine.all().at(static_cast<std::size_t>(i)));
+  const auto& ui = panel.mainWindow().ui();
+  const auto& rows = *ui.deviceTableView->model();
+  for (const int count : {0, 1, 3, 40}) {
+    for (auto i = static_cast<std::size_t>(rows.rowCount()); i < static_cast<std::size_t>(count); ++i)
+      machine.plugIn(*machine.all()[i]);
     ASSERT_TRUE(QTest::qWaitFor([&] { return rows.rowCount() == count; }));
+    EXPECT_EQ(ui.emptyPage->isVisible(), count == 0);
     for (const QSize size : {QSize(920, 540), QSize(800, 480)}) {
       panel.mainWindow().resize(size);
       look(panel.mainWindow(), QStringLiteral("main-%1-%2").arg(count).arg(size.width()));
     }
-  };
-  lookWith(0);
-  EXPECT_TRUE(panel.mainWindow().ui().emptyPage->isVisible());
-  lookWith(1);
+  }
   EXPECT_EQ(rows.index(0, 2).data().toString() == "NO", GetParam() == std::string("en"));
-  lookWith(3);
-  lookWith(40);
 }
 
 TEST_P(WindowsTest, SettingsOfEachKindInEachTouchMode) {
@@ -198,9 +195,8 @@ TEST_P(WindowsTest, TryOutPageBeforeAndAfterAHandfulOfTouches) {
   panel.mainWindow().resize(800, 480);
   for (std::size_t tap = 0; tap < 7; ++tap) {
     const auto marked = panel.tryOutPage().tryOut().markedPoint().value();
-    const QPoint landed(static_cast<int>(marked.x) + 14 - static_cast<int>(4 * tap),
-                        static_cast<int>(marked.y) + 9);
-    user.click(ui.tryOutSurface->mapToGlobal(landed));
+    const QPointF landed(marked.x + 14 - 4 * static_cast<float>(tap), marked.y + 9);
+    user.click(ui.tryOutSurface->mapToGlobal(landed.toPoint()));
     ASSERT_TRUE(QTest::qWaitFor([&] { return panel.tryOutPage().tryOut().taps().size() == tap + 1; }));
   }
   QImage paper(1123, 794, QImage::Format_RGB32);  // A4 at 96 dots to the inch
@@ -218,7 +214,6 @@ TEST_P(WindowsTest, AboutSheet) {
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&panel.aboutSheet()));
   look(panel.aboutSheet(), "about");
   const auto& confirmation = *panel.aboutSheet().findChild<QLabel*>("lbCopied");
-  EXPECT_EQ(confirmation.text(), "");
   panel.aboutSheet().findChild<QAbstractButton*>("btnCopyReport")->click();
   EXPECT_NE(confirmation.text(), "");
   look(panel.aboutSheet(), "about-copied");
@@ -251,8 +246,6 @@ TEST_P(WindowsTest, CalibrationInEachState) {
   panel.controller().RegionCalibration();
   ASSERT_TRUE(QTest::qWaitFor([] { return run() != nullptr; }));
   shoot("region-choosing");
-  user.drag({150, 150}, {950, 750});
-  shoot("region-first");
   user.type("Escape");
   expectClosed();
 }

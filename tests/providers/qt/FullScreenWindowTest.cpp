@@ -53,8 +53,7 @@ struct QtFullScreenWindowTest : ::testing::Test {
   QPointer<ViewSurface> surface;
 
   void open() {
-    const Rect frame = screen.mainScreenFrame();
-    window = screen.createBorderlessWindow(frame, behaviour);
+    window = screen.createBorderlessWindow(screen.mainScreenFrame(), behaviour);
     window->setContentView(view);
     window->setShieldingLevel();
     window->makeKeyAndOrderFront();

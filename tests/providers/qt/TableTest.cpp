@@ -40,9 +40,9 @@ struct QtTableTest : ::testing::Test {
     table.reloadData();
   }
   /// The rows that look selected.
-  std::vector<int> selected() const {
-    std::vector<int> rows;
-    for (const auto& index : view.selectionModel()->selectedRows()) rows.push_back(index.row());
+  QList<int> selected() const {
+    QList<int> rows;
+    for (const auto& index : view.selectionModel()->selectedRows()) rows += index.row();
     return rows;
   }
   void clickRow(int row) {
@@ -59,30 +59,30 @@ struct QtTableTest : ::testing::Test {
 
 TEST_F(QtTableTest, SelectsARowOnlyWhenTheSourceAgreesAndKeepsItUntilItGoes) {
   clickRow(1);
-  EXPECT_EQ(selected(), std::vector{1});
+  EXPECT_EQ(selected(), QList{1});
   source.refused = 2;
   clickRow(2);
-  EXPECT_EQ(selected(), std::vector{1});
+  EXPECT_EQ(selected(), QList{1});
   QTest::keyClick(&view, Qt::Key_Up);
-  EXPECT_EQ(selected(), std::vector{0});
+  EXPECT_EQ(selected(), QList{0});
   EXPECT_EQ(source.asked, (std::vector<std::int32_t>{1, 2, 0}));
   table.selectRow(2);
-  EXPECT_EQ(selected(), std::vector{2}) << "the program does not ask";
+  EXPECT_EQ(selected(), QList{2}) << "the program does not ask";
   EXPECT_EQ(source.asked.size(), 3U);
   auto* header = view.horizontalHeader();
   QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
                     QPoint(header->sectionViewportPosition(1) + 5, 5));
   QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
-  EXPECT_EQ(selected(), std::vector{2});
+  EXPECT_EQ(selected(), QList{2});
   EXPECT_TRUE(view.selectionModel()->selectedColumns().isEmpty());
   table.reloadData();
-  EXPECT_EQ(selected(), std::vector{2});
+  EXPECT_EQ(selected(), QList{2});
   source.serials.pop_back();
   table.reloadData();
   EXPECT_TRUE(selected().empty());
   source.onFirstCell = [&] { table.selectRow(0); };
   table.reloadData();
-  EXPECT_EQ(selected(), std::vector{0}) << "one that is made while it asks for its first cell";
+  EXPECT_EQ(selected(), QList{0}) << "one that is made while it asks for its first cell";
 }
 
 }  // namespace
