@@ -75,8 +75,8 @@ struct TouchSetting {
   std::variant<std::int32_t TouchSettings::*, bool TouchSettings::*> member;
   const char* key;                  ///< in the device entry
   int filePlace = 0;                ///< in the driver configuration file, from 1; 0: not in the file
-  const char* driverKey = nullptr;  ///< in "configration"; null: the driver is not told
-  std::int32_t maximum = 0;         ///< of an integer that the driver is told
+  const char* driverKey = nullptr;  ///< in "configration"; null: not part of it
+  std::int32_t maximum = 0;         ///< of an integer in "configration"
   bool isOnSheet = true;            ///< applied by the settings sheet together with the others
 };
 
@@ -84,7 +84,7 @@ inline Value valueOf(const TouchSettings& settings, const TouchSetting& setting)
   return std::visit([&](auto member) { return Value(settings.*member); }, setting.member);
 }
 
-/// Every setting, in the order in which the driver is told.
+/// Every setting, in the order of "configration" messages.
 inline constexpr std::array kTouchSettings = [] {
   using S = TouchSettings;
   using namespace settings_key;

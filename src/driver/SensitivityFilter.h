@@ -3,9 +3,9 @@
 #include <chrono>
 #include <cstdint>
 
+#include "contract/TouchSettings.h"
 #include "driver/ContactSet.h"
 #include "driver/Point.h"
-#include "driver/TouchSettings.h"
 #include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {

@@ -2,12 +2,12 @@
 
 #include <chrono>
 
+#include "contract/TouchSettings.h"
 #include "driver/ClickModes.h"
 #include "driver/ClickRange.h"
 #include "driver/DoubleTap.h"
 #include "driver/DragAndHold.h"
 #include "driver/PrimaryFinger.h"
-#include "driver/TouchSettings.h"
 
 namespace touchpanel::driver {
 

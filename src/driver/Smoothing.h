@@ -2,8 +2,8 @@
 
 #include <chrono>
 
+#include "contract/TouchSettings.h"
 #include "driver/ContactSet.h"
-#include "driver/TouchSettings.h"
 #include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {

@@ -8,7 +8,7 @@
 
 #include "contract/ProductId.h"
 #include "driver/CalibrationSettings.h"
-#include "driver/TouchSettings.h"
+#include "driver/SettingsProperty.h"
 #include "platform/Status.h"
 #include "platform/TouchFrames.h"
 #include "platform/Value.h"

@@ -1,4 +1,4 @@
-#include "driver/TouchSettings.h"
+#include "driver/SettingsProperty.h"
 
 #include "driver/PropertyField.h"
 
