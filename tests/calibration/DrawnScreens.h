@@ -24,14 +24,14 @@ inline Drawn yellow(std::string text, float x, float y) {
 inline Drawn note(float x, float y) {
   return yellow(
       "Note:\n"
-      "1. When calibrating, to get better calibration result, the user's head should keep still;\n"
-      "2. The calibration coordinates are detemined by the point where the finger leaves the touchscreen;\n"
-      "3. The bull's eye is only for reference, it's not neccessarily the optimal calibration point, the "
-      "user "
-      "should\n"
-      "     aim the bull's eye the first calibration, if the result is not satisfying, the user can "
-      "recalibrate "
-      "and\n"
+      "1. When calibrating, to get better calibration result, the user's head should keep "
+      "still;\n"
+      "2. The calibration coordinates are detemined by the point where the finger leaves the "
+      "touchscreen;\n"
+      "3. The bull's eye is only for reference, it's not neccessarily the optimal calibration "
+      "point, the user should\n"
+      "     aim the bull's eye the first calibration, if the result is not satisfying, the user "
+      "can recalibrate and\n"
       "     deliberately move slightly apart from the bull's eye.\n",
       x, y);
 }

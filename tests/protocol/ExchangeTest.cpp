@@ -83,13 +83,11 @@ const std::vector<GoldenExchange>& goldenExchanges() {
        true,
        {{enterUnit0, 10, 0x10, toCommand},
         {setDeviceConfig, 50, 0x10, "Set device config failed."},
-        {"aa012e3b00cff4193e6388add2f71c41668bb0d5fa1f44698eb3d8fd22476c91b6db00254a6f94b9de03284d7297bce1062"
-         "b"
-         "50759abfe4092e53789dc2e70c38",
+        {"aa012e3b00cff4193e6388add2f71c41668bb0d5fa1f44698eb3d8fd22476c91b6db00254a6f"
+         "94b9de03284d7297bce1062b50759abfe4092e53789dc2e70c38",
          50, 0x10, "Set X calib para failed."},
-        {"aa012c3b0031567ba0c5ea0f34597ea3c8ed12375c81a6cbf0153a5f84a9cef3183d6287acd1f61b40658aafd4f91e43688"
-         "d"
-         "b2d7fc21466b90b5daff24496e6a",
+        {"aa012c3b0031567ba0c5ea0f34597ea3c8ed12375c81a6cbf0153a5f84a9cef3183d6287acd1"
+         "f61b40658aafd4f91e43688db2d7fc21466b90b5daff24496e6a",
          50, 0x10, "Set Y calib para failed."},
         {leaveUnit0, 10, 0x10, "Set touchscreen to work mode failed."}}},
       {"optical read",
@@ -111,13 +109,11 @@ const std::vector<GoldenExchange>& goldenExchanges() {
        {{enterUnit0, 10, 0x11, toDiagnosis},
         {enterUnit1, 10, 0x11, toDiagnosis},
         {setDeviceConfig, 50, 0x11, toDiagnosis},
-        {"aa01153b00cff4193e6388add2f71c41668bb0d5fa1f44698eb3d8fd22476c91b6db00254a6f94b9de03284d7297bce1062"
-         "b"
-         "50759abfe4092e53789dc2e70c1f",
+        {"aa01153b00cff4193e6388add2f71c41668bb0d5fa1f44698eb3d8fd22476c91b6db00254a6f"
+         "94b9de03284d7297bce1062b50759abfe4092e53789dc2e70c1f",
          50, 0x11, "To set X calib para failed."},
-        {"aa01153b0131567ba0c5ea0f34597ea3c8ed12375c81a6cbf0153a5f84a9cef3183d6287acd1f61b40658aafd4f91e43688"
-         "d"
-         "b2d7fc21466b90b5daff24496e54",
+        {"aa01153b0131567ba0c5ea0f34597ea3c8ed12375c81a6cbf0153a5f84a9cef3183d6287acd1"
+         "f61b40658aafd4f91e43688db2d7fc21466b90b5daff24496e54",
          50, 0x11, "To set Y calib para failed."},
         {leaveUnit0, 10, 0x11, toWork},
         {leaveUnit1, 10, 0x11, toWork}}}};
