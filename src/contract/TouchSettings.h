@@ -116,8 +116,7 @@ inline constexpr auto kSettingsInFile = [] {
     if (isInFile(setting)) ordered.at(static_cast<std::size_t>(setting.filePlace) - 1) = setting;
   return ordered;
 }();
-static_assert(std::ranges::all_of(kSettingsInFile,
-                                  [](const auto& setting) { return setting.key != nullptr; }),
+static_assert(std::ranges::all_of(kSettingsInFile, [](const auto& setting) { return setting.filePlace > 0; }),
               "every place of the file is taken");
 
 }  // namespace touchpanel
