@@ -484,6 +484,30 @@
         <source>&amp;About</source>
         <translation>&amp;Info</translation>
     </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurücksetzen</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>&amp;Undo reset</source>
+        <translation>Zurücksetzen r&amp;ückgängig machen</translation>
+    </message>
+    <message>
+        <source>&amp;Write again</source>
+        <translation>Erneut &amp;schreiben</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier calibrations...</source>
+        <translation>&amp;Frühere Kalibrierungen...</translation>
+    </message>
+    <message>
+        <source>Try &amp;out on the whole screen</source>
+        <translation>Auf dem ganzen Bildschirm aus&amp;probieren</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

@@ -484,6 +484,30 @@
         <source>&amp;About</source>
         <translation>关于(&amp;A)</translation>
     </message>
+    <message>
+        <source>Reset</source>
+        <translation>重置</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>&amp;Undo reset</source>
+        <translation>撤销重置(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Write again</source>
+        <translation>重新写入(&amp;W)</translation>
+    </message>
+    <message>
+        <source>&amp;Earlier calibrations...</source>
+        <translation>以前的校准(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>Try &amp;out on the whole screen</source>
+        <translation>全屏试用(&amp;O)</translation>
+    </message>
 </context>
 <context>
     <name>SettingsSheet</name>

@@ -36,18 +36,6 @@ float middleOf(int cell, int cells, float extent) {
 
 float distance(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
-/// Errors of `taps` in a unit that is `perPointX` and `perPointY` to a point.
-TryOutError errorOf(const std::vector<TryOutTap>& taps, double perPointX, double perPointY) {
-  TryOutError error;
-  for (const auto& tap : taps) {
-    const double each = std::hypot((tap.landed.x - tap.testPoint.x) * perPointX,
-                                   (tap.landed.y - tap.testPoint.y) * perPointY);
-    error.mean += each / static_cast<double>(taps.size());
-    error.largest = std::max(error.largest, each);
-  }
-  return error;
-}
-
 }  // namespace
 
 void TryOut::setSurface(const Size& surface, const SurfaceScale& scale) {
@@ -104,10 +92,7 @@ std::size_t TryOut::tapsUntilResult() const {
 
 std::optional<TryOutResult> TryOut::result() const {
   if (tapsUntilResult() > 0) return std::nullopt;
-  TryOutResult result{taps_.size(), errorOf(taps_, scale_.pixelsPerPoint, scale_.pixelsPerPoint), {}};
-  if (const auto& mm = scale_.millimetres; mm && mm->perPointX > 0 && mm->perPointY > 0)
-    result.millimetres = errorOf(taps_, mm->perPointX, mm->perPointY);
-  return result;
+  return TryOutResult{taps_.size(), errorsInPixels(taps_, scale_), errorsInMillimetres(taps_, scale_)};
 }
 
 }  // namespace touchpanel

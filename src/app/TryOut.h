@@ -4,41 +4,16 @@
 #include <optional>
 #include <vector>
 
+#include "calibration/TouchErrors.h"
 #include "platform/Geometry.h"
+#include "platform/SurfaceScale.h"
 
 namespace touchpanel {
 
-/// How long a step of one point on the surface is.
-struct SurfaceScale {
-  struct Millimetres {
-    double perPointX = 0;
-    double perPointY = 0;
-    bool operator==(const Millimetres&) const = default;
-  };
-  double pixelsPerPoint = 1;  ///< 2 on a screen of double density
-  /// None when the screen's size is unknown. Values that are not above 0 count as none.
-  std::optional<Millimetres> millimetres;
-  bool operator==(const SurfaceScale&) const = default;
-};
-
-/// One touch that was meant for a test point, both in points of the surface.
-struct TryOutTap {
-  Point testPoint;
-  Point landed;
-  bool operator==(const TryOutTap&) const = default;
-};
-
-/// Distances between where touches were meant and where they landed.
-struct TryOutError {
-  double mean = 0;
-  double largest = 0;
-  bool operator==(const TryOutError&) const = default;
-};
-
 struct TryOutResult {
   std::size_t taps = 0;
-  TryOutError pixels;
-  std::optional<TryOutError> millimetres;  ///< when the screen's size is known
+  TouchErrors pixels;
+  std::optional<TouchErrors> millimetres;  ///< when the screen's size is known
   bool operator==(const TryOutResult&) const = default;
 };
 
@@ -79,7 +54,7 @@ class TryOut {
   void clear();
 
   /// Every tap in order.
-  const std::vector<TryOutTap>& taps() const { return taps_; }
+  const std::vector<LandedTouch>& taps() const { return taps_; }
   /// Where the touch under way, or the last one, went; of a long one the later part.
   const std::vector<Point>& trail() const { return trail_; }
   std::size_t tapsUntilResult() const;
@@ -90,7 +65,7 @@ class TryOut {
   Size surface_;
   SurfaceScale scale_;
   std::vector<Point> testPoints_;  ///< in the order in which they are marked
-  std::vector<TryOutTap> taps_;
+  std::vector<LandedTouch> taps_;
   std::vector<Point> trail_;
   Point start_;
   bool touched_ = false;

@@ -37,7 +37,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       settings_(laidOut<Ui::SettingsSheet>(settingsSheet_)),
       aboutSheet_(&mainWindow_),
       about_(laidOut<Ui::AboutSheet>(aboutSheet_)),
-      statusArea_(*mainWindow_.ui().lbStatus),
+      statusArea_(*mainWindow_.ui().lbStatus, *mainWindow_.ui().btnRepeatWrite),
       statusLine_(statusArea_),
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),

@@ -5,9 +5,15 @@
 
 namespace touchpanel {
 
-void StatusArea::setOutcome(const QString& text) {
+void StatusArea::setOutcome(const QString& text, bool canRepeat) {
   outcome_ = text;
+  canRepeat_ = canRepeat;
   show();
+}
+
+void StatusArea::show() {
+  label_.setText(wait_.isEmpty() ? outcome_ : wait_);
+  repeat_.setVisible(canRepeat_ && wait_.isEmpty());
 }
 
 void StatusArea::setWait(const QString& text) {
@@ -18,8 +24,11 @@ void StatusArea::setWait(const QString& text) {
 
 void TranslatedStatusLine::show(const StatusMessage& message) {
   QString text = translatedCount("StatusLine", message.text.data(), message.count);
-  text.replace(QStringLiteral("%1"), QString::fromStdString(message.device));
-  area_.setOutcome(text);
+  const QString device = QString::fromStdString(message.device);
+  if (!message.reason.empty())
+    text.replace(QStringLiteral("%2"), translatedCount("StatusLine", message.reason.data(), message.count));
+  text.replace(QStringLiteral("%1"), device);
+  area_.setOutcome(text, message.canRepeat);
 }
 
 void TranslatedWaitNotice::waitingFor(const WaitMessage& message) {

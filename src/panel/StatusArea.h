@@ -12,16 +12,19 @@ namespace touchpanel {
 /// The main window's line of text: what was done last or, while the program blocks, what it waits for.
 class StatusArea {
  public:
-  explicit StatusArea(QLabel& label) : label_(label) {}
-  void setOutcome(const QString& text);
+  /// `repeat` is shown beside an outcome that can be repeated.
+  StatusArea(QLabel& label, QWidget& repeat) : label_(label), repeat_(repeat) {}
+  void setOutcome(const QString& text, bool canRepeat);
   /// Drawn at once, without the event loop. An empty text ends the wait.
   void setWait(const QString& text);
 
  private:
-  void show() { label_.setText(wait_.isEmpty() ? outcome_ : wait_); }
+  void show();
 
   QLabel& label_;
+  QWidget& repeat_;
   QString outcome_;
+  bool canRepeat_ = false;
   QString wait_;
 };
 

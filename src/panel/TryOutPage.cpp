@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <memory>
 
+#include "providers/qt/QtScreen.h"
 #include "ui_MainWindow.h"
 
 namespace touchpanel {
@@ -14,13 +15,6 @@ namespace {
 QPointF toQt(Point point) { return {static_cast<double>(point.x), static_cast<double>(point.y)}; }
 
 Point fromQt(QPointF point) { return {static_cast<float>(point.x()), static_cast<float>(point.y())}; }
-
-SurfaceScale scaleOf(const QWidget& surface) {
-  const QSizeF points = surface.screen()->geometry().size();
-  const QSizeF millimetres = surface.screen()->physicalSize();
-  return {surface.devicePixelRatioF(),
-          {{millimetres.width() / points.width(), millimetres.height() / points.height()}}};
-}
 
 }  // namespace
 
@@ -61,7 +55,7 @@ TryOutPage::~TryOutPage() {
 void TryOutPage::place() {
   const auto& surface = *window_.ui().tryOutSurface;
   tryOut_.setSurface({static_cast<float>(surface.width()), static_cast<float>(surface.height())},
-                     scaleOf(surface));
+                     surfaceScaleOf(surface));
   show();
 }
 
@@ -96,7 +90,7 @@ TryOutPicture TryOutPage::picture() const {
   TryOutPicture picture;
   for (const auto& point : tryOut_.testPoints()) picture.testPoints.append(toQt(point));
   if (const auto marked = tryOut_.markedPoint()) picture.marked = toQt(*marked);
-  for (const auto& tap : tryOut_.taps()) picture.taps.append(QLineF(toQt(tap.testPoint), toQt(tap.landed)));
+  for (const auto& tap : tryOut_.taps()) picture.taps.append(QLineF(toQt(tap.meant), toQt(tap.landed)));
   for (const auto& point : tryOut_.trail()) picture.trail.append(toQt(point));
   return picture;
 }

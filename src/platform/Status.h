@@ -22,5 +22,8 @@ inline constexpr Status kErrorNoMemory = static_cast<Status>(0xE0000009U);
 inline constexpr Status kErrorNotOpen = static_cast<Status>(0xE000000AU);
 inline constexpr Status kErrorUnsupported = static_cast<Status>(0xE000000BU);
 inline constexpr Status kErrorInputOutput = static_cast<Status>(0xE000000CU);
+/// What serves an object does not answer; the object may well be there.
+inline constexpr Status kErrorNotResponding = static_cast<Status>(0xE000000DU);
+inline constexpr Status kErrorNoSpace = static_cast<Status>(0xE000000EU);
 
 }  // namespace touchpanel

@@ -8,10 +8,12 @@ namespace touchpanel {
 /// What was done last, with its outcome.
 struct StatusMessage {
   /// English, marked for translation in the context "StatusLine" where it stands: "%1" is the touchscreen's
-  /// name, "%n" the number. A literal: it ends with a NUL and lives as long as the program.
+  /// name, "%2" the reason, "%n" the number. A literal: it ends with a NUL and lives as long as the program.
   std::string_view text;
   std::string device = {};
   int count = 0;
+  std::string_view reason = {};  ///< a literal like `text`, marked in the same context
+  bool canRepeat = false;        ///< the user is offered to try it once more
   bool operator==(const StatusMessage&) const = default;
 };
 

@@ -5,6 +5,7 @@
 
 #include "platform/Canvas.h"
 #include "platform/Geometry.h"
+#include "platform/SurfaceScale.h"
 
 namespace touchpanel {
 
@@ -64,6 +65,7 @@ class Screen {
   virtual ~Screen() = default;
   /// Frame of the main screen, in points.
   virtual Rect mainScreenFrame() = 0;
+  virtual SurfaceScale mainScreenScale() = 0;
   /// A window of that content rectangle, not yet shown. `behaviour` must outlive it.
   virtual std::unique_ptr<FullScreenWindow> createBorderlessWindow(const Rect& contentRect,
                                                                    const WindowBehaviour& behaviour) = 0;

@@ -68,7 +68,7 @@ TEST(TryOut, TellsNoMillimetresWhenTheScreensSizeIsUnknown) {
     tryOut.setSurface({1000, 600}, {.millimetres = millimetres});
     for (int i = 0; i < 5; ++i) tapOff(tryOut, 0, 0.5F);
     EXPECT_FALSE(tryOut.result()->millimetres);
-    EXPECT_EQ(tryOut.result()->pixels, (TryOutError{.mean = 0.5, .largest = 0.5}));
+    EXPECT_EQ(tryOut.result()->pixels, (TouchErrors{.mean = 0.5, .largest = 0.5}));
   }
 }
 
@@ -95,7 +95,7 @@ TEST(TryOut, CountsOnlyTouchesThatStayWhereTheyCameDown) {
   tryOut.press(marked);
   tryOut.move({marked.x + 6, marked.y});
   tryOut.release(near);
-  EXPECT_EQ(tryOut.taps(), (std::vector<TryOutTap>{{marked, near}}));
+  EXPECT_EQ(tryOut.taps(), (std::vector<LandedTouch>{{marked, near}}));
 }
 
 TEST(TryOut, KeepsTheLaterPartOfADrawingWithoutEnd) {

@@ -33,7 +33,9 @@ struct StartUpTest : PanelRig {
 
 TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain) {
   QLabel label;
-  StatusArea area(label);
+  QWidget window;
+  QPushButton repeat(&window);
+  StatusArea area(label, repeat);
   StartUpWindow startUp;
   QtCursor cursor;
   for (int twice = 0; twice < 2; ++twice) cursor.hide();
@@ -41,10 +43,12 @@ TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain)
   TranslatedWaitNotice notice(cursor, area, startUp);
   notice.waitingFor({"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 7});
   EXPECT_EQ(PanelRig::cursorShape(), Qt::WaitCursor);
-  status.show({"Touch was enabled on %1.", "TS-1"});
+  status.show({.text = "Touch was enabled on %1.", .device = "TS-1", .canRepeat = true});
+  EXPECT_TRUE(repeat.isHidden());
   EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << "the wait goes on";
   notice.done();
   EXPECT_EQ(label.text(), "Touch was enabled on TS-1.");
+  EXPECT_FALSE(repeat.isHidden());
   EXPECT_EQ(PanelRig::cursorShape(), Qt::BlankCursor);
   cursor.show();
   EXPECT_EQ(PanelRig::cursorShape(), Qt::ArrowCursor) << "one show undoes every hide";

@@ -26,7 +26,8 @@ TEST(Translations, GiveTheStatusWithAndWithoutANumberInEveryLanguage) {
   for (const auto& [locale, text, count, expected] : cases) {
     const Translations translations{QLocale(QString::fromUtf8(locale))};
     QLabel label;
-    StatusArea area(label);
+    QWidget repeat;
+    StatusArea area(label, repeat);
     TranslatedStatusLine(area).show({text, "IR-1", count});
     EXPECT_EQ(label.text(), expected);
   }

@@ -40,6 +40,7 @@ class FakeFullScreenWindow final : public FullScreenWindow {
 class FakeScreen final : public Screen {
  public:
   Rect mainScreenFrame() override { return frame; }
+  SurfaceScale mainScreenScale() override { return scale; }
   std::unique_ptr<FullScreenWindow> createBorderlessWindow(const Rect& contentRect,
                                                            const WindowBehaviour& behaviour) override {
     auto record = std::make_shared<FakeWindowRecord>();
@@ -50,6 +51,7 @@ class FakeScreen final : public Screen {
   }
 
   Rect frame{0, 0, 1920, 1080};
+  SurfaceScale scale;
   std::vector<std::shared_ptr<FakeWindowRecord>> windows;
 };
 

@@ -44,7 +44,7 @@ void tapTestPoints(Stage& stage) {
   }
 }
 
-TryOutError tryOutInfrared(Stage& stage, const std::string& pictures) {
+TouchErrors tryOutInfrared(Stage& stage, const std::string& pictures) {
   stage.turnTo("tabView", "tryOutPage");
   const auto& tryOut = stage.demo().tryOut();
   if (!tryOut.taps().empty()) stage.click("btnTryOutClear");
@@ -59,7 +59,7 @@ TryOutError tryOutInfrared(Stage& stage, const std::string& pictures) {
   return result->pixels;
 }
 
-std::string described(const TryOutError& error) {
+std::string described(const TouchErrors& error) {
   char text[80];
   std::snprintf(text, sizeof text, "mean error %.1f px, largest %.1f px", error.mean, error.largest);
   return text;

@@ -15,6 +15,14 @@ QRect mainScreenGeometry() {
   return screen == nullptr ? QRect() : screen->geometry();
 }
 
+SurfaceScale scaleOf(const QScreen* screen) {
+  if (screen == nullptr) return {};
+  const QSizeF points = screen->geometry().size();
+  const QSizeF millimetres = screen->physicalSize();
+  return {screen->devicePixelRatio(),
+          {{millimetres.width() / points.width(), millimetres.height() / points.height()}}};
+}
+
 /// Only X11 lets a window go past its manager; elsewhere the window asks to be full screen.
 bool positionsOwnWindows() { return !QGuiApplication::platformName().startsWith("wayland"); }
 
@@ -82,6 +90,10 @@ Rect QtScreen::mainScreenFrame() {
   const QRect geometry = mainScreenGeometry();
   return {0, 0, static_cast<float>(geometry.width()), static_cast<float>(geometry.height())};
 }
+
+SurfaceScale surfaceScaleOf(const QWidget& widget) { return scaleOf(widget.screen()); }
+
+SurfaceScale QtScreen::mainScreenScale() { return scaleOf(QGuiApplication::primaryScreen()); }
 
 std::unique_ptr<FullScreenWindow> QtScreen::createBorderlessWindow(const Rect& contentRect,
                                                                    const WindowBehaviour& behaviour) {

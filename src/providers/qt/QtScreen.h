@@ -1,16 +1,22 @@
 #pragma once
 
+#include <QWidget>
+
 #include "platform/Application.h"
 #include "platform/View.h"
 #include "providers/qt/CallbackGate.h"
 
 namespace touchpanel {
 
+/// The scale of the screen that `widget` is on.
+SurfaceScale surfaceScaleOf(const QWidget& widget);
+
 /// The primary screen. Frames are relative to it, so its own origin is always 0, 0.
 class QtScreen final : public Screen {
  public:
   explicit QtScreen(CallbackGate& gate) : gate_(gate) {}
   Rect mainScreenFrame() override;
+  SurfaceScale mainScreenScale() override;
   std::unique_ptr<FullScreenWindow> createBorderlessWindow(const Rect& contentRect,
                                                            const WindowBehaviour& behaviour) override;
 
