@@ -10,9 +10,11 @@
 
 namespace touchpanel {
 
-/// The longest that one control transfer may take. Devices answer within milliseconds; this only bounds how
-/// long a device that hangs can hold the program up.
-inline constexpr std::chrono::milliseconds kTransferTimeout{250};
+/// The longest that one control transfer may take. Devices answer within milliseconds, but one that writes
+/// its flash holds the status stage back until the page is erased and written, which may take hundreds of
+/// them; cut short, the block is sent again and written again, up to 50 times. A second also stays well below
+/// the five that USB allows, so a device that hangs holds the program up no longer than it must.
+inline constexpr std::chrono::milliseconds kTransferTimeout{1000};
 
 struct LibusbDeviceUnref {
   void operator()(libusb_device* device) const { libusb_unref_device(device); }
