@@ -22,6 +22,7 @@ class OutageReport {
     current_.clear();
     diagnostics_.line(text);
   }
+  bool isUnderWay() const { return !current_.empty(); }
 
  private:
   Diagnostics& diagnostics_;

@@ -16,6 +16,7 @@ class JoinedDoubleClick final : public Registry {
   /// Neither is owned.
   JoinedDoubleClick(Registry& service, DesktopDoubleClick& desktop) : service_(service), desktop_(desktop) {}
 
+  Status availability() override { return service_.availability(); }
   std::vector<RegistryObject> instancesOf(std::string_view className) override {
     return service_.instancesOf(className);
   }

@@ -3,7 +3,7 @@
 #include <numeric>
 #include <thread>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <poll.h>
 #include <sdbus-c++/sdbus-c++.h>
 #include <sys/eventfd.h>
@@ -23,6 +23,9 @@ namespace touchpanel::testing {
 namespace {
 
 using driver::DriverService;
+using ::testing::_;
+using ::testing::ElementsAre;
+using ::testing::StartsWith;
 
 /// The driver service on the session bus, with invented touchscreens, in a thread of its own.
 class ServedDrivers {
@@ -191,24 +194,56 @@ TEST_F(DriverServiceClientTest, FindsNothingBehindAHandleThatIsGoneAndNeverGives
   }
 }
 
-TEST_F(DriverServiceClientTest, OutlivesTheServiceAndTheBusAndTakesOldHandlesForDead) {
-  const auto first = published(kHere);
-  ASSERT_EQ(probe(first), kSuccess);
+TEST_F(DriverServiceClientTest, LeadsEachHandleToItsPlaceInARestartedServiceAndNeverToAnother) {
+  constexpr std::uint32_t kElsewhere = 0x24300000;
+  const auto there = published(kThere);
+  const auto here = published(kHere);
+  const auto pointingDevice = registry.childrenOf(here).at(0);
+  const auto hid = registry.childrenOf(here).at(1);
+  const auto hidThere = registry.childrenOf(there).at(1);
+  const auto pulledOut = published(kElsewhere);
+  served->pullOut(kElsewhere);
+  const auto replugged = published(kElsewhere);
+
   served.reset();
-  EXPECT_EQ(find(registry), 0U);
+  for (const auto object : {there, here, pointingDevice, hid, hidThere, replugged}) {
+    EXPECT_EQ(probe(object), kErrorNotResponding);
+    EXPECT_EQ(registry.properties(object), std::nullopt);
+  }
+  EXPECT_THAT(diagnostics.lines, ElementsAre(StartsWith("The touch driver service does not answer: ")));
+
   served = std::make_unique<ServedDrivers>();
-  const auto second = published(kHere);
-  EXPECT_EQ(probe(first), kErrorNoDevice) << "the new run's object has the same path";
-  EXPECT_EQ(probe(second), kSuccess);
+  served->plugIn(kElsewhere);  // has the paths that kThere had
+  served->plugIn(kHere);
+  const Dictionary message{{configration_key::kMode, 3}};
+  EXPECT_EQ(registry.setProperty(here, property::kConfigration, message), kSuccess);
+  EXPECT_EQ(registry.properties(pointingDevice), (Dictionary{{property::kLocationID, std::int64_t{kHere}}}));
+  EXPECT_EQ(registry.setProperty(hid, property::kHidClickTime, 600'000'000), kSuccess);
+  EXPECT_THAT(registry.childrenOf(here), ElementsAre(pointingDevice, hid));
+  EXPECT_THAT(diagnostics.lines, ElementsAre(_, "The touch driver service answers."));
+  EXPECT_THAT(drivers(registry), ElementsAre(replugged, here));
+  EXPECT_NE(group(replugged, property::kConfigration).integer(configration_key::kMode), 3);
+  for (const auto gone : {there, hidThere, pulledOut}) EXPECT_EQ(probe(gone), kErrorNoDevice);
+  const auto since = published(kThere);
+  for (const auto gone : {there, hidThere, pulledOut}) {
+    EXPECT_EQ(probe(gone), kErrorNoDevice) << "what was plugged in since is another touchscreen";
+    EXPECT_NE(gone, since);
+  }
+}
+
+TEST_F(DriverServiceClientTest, OutlivesTheBus) {
+  const auto object = published(kHere);
   bus.stop();
+  EXPECT_EQ(probe(object), kErrorNotResponding);
   EXPECT_EQ(find(registry), 0U);
-  EXPECT_TRUE(diagnostics.lines.empty());
-  EXPECT_EQ(probe(second), kErrorNoDevice);
+  EXPECT_EQ(probe(object), kErrorNotResponding);
   bus.start();
+  EXPECT_EQ(registry.availability(), kErrorNotResponding) << "the bus is there and the service is not";
   ASSERT_TRUE(served->connectAgain());
-  EXPECT_EQ(probe(find(registry)), kSuccess);
-  for (const auto old : {first, second})
-    EXPECT_EQ(probe(old), kErrorNoDevice) << "the new bus gives out the same client names again";
+  EXPECT_EQ(probe(object), kSuccess);
+  EXPECT_EQ(registry.availability(), kSuccess);
+  EXPECT_EQ(find(registry), object);
+  EXPECT_EQ(diagnostics.lines.size(), 2U);
 }
 
 TEST_F(DriverServiceClientTest, WaitsOnlySoLongForAServiceThatHangs) {
@@ -220,7 +255,7 @@ TEST_F(DriverServiceClientTest, WaitsOnlySoLongForAServiceThatHangs) {
       << "a busy machine may need several tries";
   diagnostics.lines.clear();
   const auto held = served->hang();
-  EXPECT_EQ(impatient.setProperty(object, property::kCalibration, Dictionary()), kErrorTimeout);
+  EXPECT_EQ(impatient.setProperty(object, property::kCalibration, Dictionary()), kErrorNotResponding);
   EXPECT_EQ(find(impatient), 0U);
   EXPECT_EQ(diagnostics.lines.size(), 1U);
 }
