@@ -5,7 +5,7 @@ from dataclasses import dataclass, field
 
 # From the bottom upwards; whatever is in none of these rows is a program. A folder uses its own row and those above it.
 ROWS = [["platform"], ["contract"], ["protocol", "driver"], ["config", "firmware"], ["discovery", "providers"],
-        ["calibration"], ["app"], ["panel"]]
+        ["calibration"], ["history"], ["app"], ["panel"]]
 # Rooms with fewer doors than their row: the driver service's logic, and adapters of a library.
 ONLY = [(r"driver(/.*)?$", r"(platform|contract|driver)(/.*)?$"),
         (r"providers/(?!simulated$).*", r"(platform|contract|providers/.*)$")]

@@ -26,7 +26,7 @@ std::string textOf(const char (&field)[size]) {
 
 std::string nameOf(const _DEVICT_CONTEXT& context, std::uint16_t productId) {
   if (auto barCode = textOf(context.BarCode); !barCode.empty()) return barCode;
-  return productId == kProductOptical ? "Optical Touchscreen" : "Infrared Touchscreen";
+  return productId == kProductOptical ? kind_name::kOptical : kind_name::kInfrared;
 }
 
 std::string firmwareVersionOf(const _DEVICT_CONTEXT& context) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "contract/TouchSettings.h"
@@ -35,6 +37,18 @@ inline constexpr char kHiddevice[] = "Hiddevice";  ///< int64: RegistryObject of
 inline constexpr char kYes[] = "YES";
 inline constexpr char kNo[] = "NO";
 }  // namespace entry_key
+
+/// What stands under "SN" where a touchscreen has no bar code.
+namespace kind_name {
+inline constexpr char kOptical[] = "Optical Touchscreen";
+inline constexpr char kInfrared[] = "Infrared Touchscreen";
+}  // namespace kind_name
+
+/// The bar code; empty for a touchscreen without one.
+inline std::string barCodeOf(const Dictionary& entry) {
+  auto name = entry.text(entry_key::kSN);
+  return name == kind_name::kOptical || name == kind_name::kInfrared ? std::string() : name;
+}
 
 /// The registry object stored under `key`; 0, which is none, when the key is absent.
 inline RegistryObject registryObjectOf(const Dictionary& entry, std::string_view key) {

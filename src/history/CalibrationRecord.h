@@ -1,0 +1,54 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "calibration/TouchErrors.h"
+#include "platform/Geometry.h"
+#include "protocol/DeviceContext.h"
+
+namespace touchpanel {
+
+/// How a device context came into a touchscreen's history.
+enum class CalibrationEvent {
+  AsFound,   ///< it was there before this program changed anything
+  Replaced,  ///< it was there before a change, put there by something else
+  Accepted,  ///< the result of a calibration
+  Reset,
+  Restored,  ///< an earlier one, put back
+};
+
+/// Whether the touchscreen took what it was sent.
+enum class WrittenState { Yes, No, Unknown };
+
+/// How well a calibration fits the touches that it was made from.
+struct CalibrationFit {
+  std::int32_t targets = 0;
+  TouchErrors pixels = {};
+  std::optional<TouchErrors> millimetres = {};  ///< when the screen's size was known
+  Size surface = {};                            ///< that the targets lay on, in points
+  std::vector<LandedTouch> touches = {};        ///< in points of the surface, y upwards
+  bool operator==(const CalibrationFit&) const = default;
+};
+
+/// One device context that a touchscreen held, or was to hold.
+struct CalibrationRecord {
+  std::chrono::sys_seconds time{};
+  CalibrationEvent event = CalibrationEvent::AsFound;
+  WrittenState written = WrittenState::Yes;
+  _DEVICT_CONTEXT context{};
+  std::optional<CalibrationFit> fit = {};  ///< of an accepted one, and of what is restored from it
+
+  bool isCalibrated() const { return context.DeviceConfig.CalibrateStatus != 0; }
+};
+
+/// Whether two contexts agree in all that a touchscreen is sent: configuration and both polynomials.
+inline bool isSameCalibration(const _DEVICT_CONTEXT& a, const _DEVICT_CONTEXT& b) {
+  return std::memcmp(&a.DeviceConfig, &b.DeviceConfig, sizeof a.DeviceConfig) == 0 &&
+         std::memcmp(&a.CalibParams, &b.CalibParams, sizeof a.CalibParams) == 0;
+}
+
+}  // namespace touchpanel
