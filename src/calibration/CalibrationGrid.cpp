@@ -22,4 +22,9 @@ Point driverUnits(const Point& target, const Size& box) {
   return {(kMaximum / box.width) * target.x, (box.height - target.y) * (kMaximum / box.height)};
 }
 
+Point viewPoint(const Point& units, const Size& box) {
+  constexpr float kMaximum = kLogicalMaximum;
+  return {units.x * box.width / kMaximum, box.height - units.y * box.height / kMaximum};
+}
+
 }  // namespace touchpanel

@@ -23,4 +23,7 @@ Point gridTarget(std::int32_t row, std::int32_t column, const Size& box);
 /// values that are not numbers.
 Point driverUnits(const Point& target, const Size& box);
 
+/// The point of the box that `units` belong to: the reverse of driverUnits().
+Point viewPoint(const Point& units, const Size& box);
+
 }  // namespace touchpanel
