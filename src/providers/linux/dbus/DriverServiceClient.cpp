@@ -20,7 +20,7 @@ constexpr char kServiceUnknown[] = "org.freedesktop.DBus.Error.ServiceUnknown";
 constexpr char kNameHasNoOwner[] = "org.freedesktop.DBus.Error.NameHasNoOwner";
 
 template <typename Interface>
-class Proxy final : public sdbus::ProxyInterfaces<Interface> {
+class Proxy : public sdbus::ProxyInterfaces<Interface> {
  public:
   Proxy(sdbus::IConnection& connection, const std::string& owner, const std::string& path)
       : sdbus::ProxyInterfaces<Interface>(connection, owner, path) {
@@ -30,7 +30,6 @@ class Proxy final : public sdbus::ProxyInterfaces<Interface> {
   Proxy(const Proxy&) = delete;
   Proxy& operator=(const Proxy&) = delete;
 };
-using ObjectProxy = Proxy<com::VARNEXO::TouchDriver1::Object_proxy>;
 using RegistryProxy = Proxy<com::VARNEXO::TouchDriver1::Registry_proxy>;
 
 struct Meaning {
@@ -105,6 +104,10 @@ class DriverServiceClient::Call {
  private:
   sdbus::IConnection& connection_;
   std::chrono::steady_clock::time_point end_;
+};
+
+class DriverServiceClient::ObjectProxy final : public Proxy<com::VARNEXO::TouchDriver1::Object_proxy> {
+  using Proxy::Proxy;
 };
 
 DriverServiceClient::DriverServiceClient(Diagnostics& diagnostics, Bus bus, std::string service,
@@ -209,6 +212,7 @@ void DriverServiceClient::add(const std::string& path, std::string className,
   if (lost != newestFirst.end()) {
     lost->second.state = State::Present;
     lost->second.path = path;
+    lost->second.isNewRun = true;
     paths_[path] = lost->first;
     return;
   }
@@ -270,11 +274,18 @@ bool DriverServiceClient::isReachable(const Call& call, Place& place) {
   return place.state == State::Present;
 }
 
+void DriverServiceClient::resumeCapture(ObjectProxy& proxy, Place& place) {
+  if (place.isNewRun && place.wantsCapture)
+    proxy.SetProperty(property::kCalibration, toBus(Dictionary{{calibration_key::kStatCalibrate, true}}));
+  place.isNewRun = false;
+}
+
 template <typename Action>
 Status DriverServiceClient::act(const Call& call, Place& place, const Action& action) {
   if (!isReachable(call, place)) return kErrorNoDevice;
   ObjectProxy proxy(call.connection(), owner_, place.path);
   try {
+    resumeCapture(proxy, place);
     action(proxy);
     return kSuccess;
   } catch (const sdbus::Error& error) {
@@ -329,6 +340,10 @@ std::optional<Dictionary> DriverServiceClient::properties(RegistryObject object)
 }
 
 Status DriverServiceClient::setProperty(RegistryObject object, std::string_view name, const Value& value) {
+  const auto* message = name == property::kCalibration ? value.get<Dictionary>() : nullptr;
+  const auto* capture = message ? message->find(calibration_key::kStatCalibrate) : nullptr;
+  const auto place = places_.find(object);
+  if (capture && place != places_.end()) place->second.wantsCapture = capture->boolean();
   return withObject(object, [&](ObjectProxy& proxy) { proxy.SetProperty(std::string(name), toBus(value)); });
 }
 

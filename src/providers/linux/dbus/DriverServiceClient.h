@@ -32,6 +32,9 @@ namespace touchpanel {
 /// The service publishes what is attached before it takes its name, so an empty place is empty for good, and
 /// the unplugging of a touchscreen is noticed however shortly before the service was restarted.
 ///
+/// All that an instance forgets when its service ends is that it captures touches, for a calibration that goes
+/// on in the panel; so that is said again before the next call.
+///
 /// Each call takes `longestCall` at the most. A write during which the service ends is not sent again: nobody
 /// knows whether it arrived.
 class DriverServiceClient final : public Registry {
@@ -57,9 +60,12 @@ class DriverServiceClient final : public Registry {
     std::string className;
     std::optional<std::uint32_t> locationId;  ///< nothing where the service did not say it
     State state = State::Present;
-    std::string path;  ///< in the present run of the service
+    std::string path;           ///< in the present run of the service
+    bool wantsCapture = false;  ///< as last written, whether or not it arrived
+    bool isNewRun = false;      ///< the handle has just been led to this run of the service
   };
   class Call;
+  class ObjectProxy;
 
   /// Runs `action` on the object's proxy. kErrorNoDevice for a handle that is gone; when the service itself
   /// cannot be reached, what failed() says; else what the object answers.
@@ -67,6 +73,7 @@ class DriverServiceClient final : public Registry {
   Status withObject(RegistryObject object, const Action& action);
   template <typename Action>
   Status act(const Call& call, Place& place, const Action& action);
+  void resumeCapture(ObjectProxy& proxy, Place& place);
   /// Whether `place` has an object, once the present run is known. Throws when there is none.
   bool isReachable(const Call& call, Place& place);
 

@@ -120,6 +120,13 @@ class DriverServiceClientTest : public ::testing::Test {
     while (!condition() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
     return condition();
   }
+  Status capture(RegistryObject object, bool on) {
+    return registry.setProperty(object, property::kCalibration,
+                                Dictionary{{calibration_key::kStatCalibrate, on}});
+  }
+  bool captures(RegistryObject object) {
+    return group(object, property::kCalibration).boolean(calibration_key::kStatCalibrate);
+  }
   Status probe(RegistryObject object) {
     return registry.setProperty(object, property::kCalibration, Dictionary());
   }
@@ -231,6 +238,21 @@ TEST_F(DriverServiceClientTest, LeadsEachHandleToItsPlaceInARestartedServiceAndN
   }
 }
 
+TEST_F(DriverServiceClientTest, ResumesTheCaptureOfACalibrationThatOutlivesTheService) {
+  const auto endedMeanwhile = published(kThere);
+  const auto goesOn = published(kHere);
+  for (const auto object : {endedMeanwhile, goesOn}) EXPECT_EQ(capture(object, true), kSuccess);
+  served.reset();
+  EXPECT_EQ(capture(endedMeanwhile, false), kErrorNotResponding);
+  served = std::make_unique<ServedDrivers>();
+  served->plugIn(kHere);
+  served->plugIn(kThere);
+  EXPECT_TRUE(captures(goesOn));
+  EXPECT_FALSE(captures(endedMeanwhile));
+  EXPECT_EQ(capture(goesOn, false), kSuccess);
+  EXPECT_FALSE(captures(goesOn));
+}
+
 TEST_F(DriverServiceClientTest, OutlivesTheBus) {
   const auto object = published(kHere);
   bus.stop();
@@ -264,12 +286,11 @@ TEST_F(DriverServiceClientTest, EndsTheCaptureOfAClientThatVanishes) {
   served->plugIn(kHere);
   {
     DriverServiceClient dying(diagnostics, Bus::Session, bus_name::kDevelopmentService);
-    const Dictionary capture{{calibration_key::kStatCalibrate, true}};
-    ASSERT_EQ(dying.setProperty(find(dying), property::kCalibration, capture), kSuccess);
+    const Dictionary capturing{{calibration_key::kStatCalibrate, true}};
+    ASSERT_EQ(dying.setProperty(find(dying), property::kCalibration, capturing), kSuccess);
   }
   const auto object = find(registry);
-  EXPECT_TRUE(happens(
-      [&] { return !group(object, property::kCalibration).boolean(calibration_key::kStatCalibrate); }));
+  EXPECT_TRUE(happens([&] { return !captures(object); }));
 }
 
 TEST_F(DriverServiceClientTest, RefusesByNameWhateverClientsOfOtherMakesAndVersionsSend) {
