@@ -49,7 +49,8 @@ BENCHMARK(LoadDeviceConfig);
 void SaveDriverConfig(benchmark::State& state) {
   Files files;
   for (auto _ : state) {
-    if (!writeDriverConfig(files.disk, files.paths, files.entry)) state.SkipWithError("not written");
+    if (writeDriverConfig(files.disk, files.paths, files.entry) != kSuccess)
+      state.SkipWithError("not written");
   }
 }
 BENCHMARK(SaveDriverConfig)->UseRealTime();
@@ -57,7 +58,8 @@ BENCHMARK(SaveDriverConfig)->UseRealTime();
 void SaveDeviceConfig(benchmark::State& state) {
   Files files;
   for (auto _ : state) {
-    if (!writeDeviceConfig(files.disk, files.paths, files.context)) state.SkipWithError("not written");
+    if (writeDeviceConfig(files.disk, files.paths, files.context) != kSuccess)
+      state.SkipWithError("not written");
   }
 }
 BENCHMARK(SaveDeviceConfig)->UseRealTime();

@@ -23,7 +23,7 @@ class NoScreen final : public Cursor, public Presentation, public TableReloader 
 class NoFiles final : public PropertyListFiles {
  public:
   std::optional<Dictionary> read(const std::string&) override { return {}; }
-  bool writeAtomically(const std::string&, const Dictionary&) override { return false; }
+  Status writeAtomically(const std::string&, const Dictionary&) override { return kErrorNotFound; }
 };
 class NoReports final : public Clock, public Diagnostics, public WaitNotice {
  public:

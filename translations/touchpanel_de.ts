@@ -858,6 +858,98 @@
         <source>Touchscreens have changed; the settings shown are those of %1.</source>
         <translation>Die Touchscreens haben sich geändert; die Einstellungen sind nun die von %1.</translation>
     </message>
+    <message>
+        <source>touchscreens of its kind keep no calibration</source>
+        <translation>Touchscreens seiner Art speichern keine Kalibrierung</translation>
+    </message>
+    <message>
+        <source>its configuration was not confirmed</source>
+        <translation>seine Konfiguration wurde nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>the horizontal calibration was not confirmed</source>
+        <translation>die waagerechte Kalibrierung wurde nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>the vertical calibration was not confirmed</source>
+        <translation>die senkrechte Kalibrierung wurde nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>horizontal and vertical calibration were not confirmed</source>
+        <translation>waagerechte und senkrechte Kalibrierung wurden nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>configuration and horizontal calibration were not confirmed</source>
+        <translation>Konfiguration und waagerechte Kalibrierung wurden nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>configuration and vertical calibration were not confirmed</source>
+        <translation>Konfiguration und senkrechte Kalibrierung wurden nicht bestätigt</translation>
+    </message>
+    <message>
+        <source>none of its blocks was confirmed</source>
+        <translation>keiner seiner Blöcke wurde bestätigt</translation>
+    </message>
+    <message>
+        <source>it was unplugged during the write</source>
+        <translation>er wurde während des Schreibens abgezogen</translation>
+    </message>
+    <message>
+        <source>it did not go back to its work mode</source>
+        <translation>er kehrte nicht in den Arbeitsmodus zurück</translation>
+    </message>
+    <message>
+        <source>it is not plugged in any more</source>
+        <translation>er ist nicht mehr angeschlossen</translation>
+    </message>
+    <message>
+        <source>you are not permitted to use it</source>
+        <translation>Sie dürfen ihn nicht benutzen</translation>
+    </message>
+    <message>
+        <source>another program is using it</source>
+        <translation>ein anderes Programm benutzt ihn</translation>
+    </message>
+    <message>
+        <source>it does not answer</source>
+        <translation>er antwortet nicht</translation>
+    </message>
+    <message>
+        <source>the touch driver service has no such touchscreen any more</source>
+        <translation>der Touch-Treiberdienst kennt diesen Touchscreen nicht mehr</translation>
+    </message>
+    <message>
+        <source>you are not permitted to change its settings</source>
+        <translation>Sie dürfen seine Einstellungen nicht ändern</translation>
+    </message>
+    <message>
+        <source>the touch driver service refused it</source>
+        <translation>der Touch-Treiberdienst hat es abgelehnt</translation>
+    </message>
+    <message>
+        <source>the touch driver service does not answer</source>
+        <translation>der Touch-Treiberdienst antwortet nicht</translation>
+    </message>
+    <message>
+        <source>the touch driver service failed</source>
+        <translation>der Touch-Treiberdienst ist gescheitert</translation>
+    </message>
+    <message>
+        <source>you are not permitted to write the file</source>
+        <translation>Sie dürfen die Datei nicht schreiben</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>the folder of the file is missing</source>
+        <translation>der Ordner der Datei fehlt</translation>
+    </message>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>die Datei kann nicht geschrieben werden</translation>
+    </message>
 </context>
 <context>
     <name>TouchscreenControls</name>

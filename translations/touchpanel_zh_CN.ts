@@ -856,6 +856,98 @@
         <source>Touchscreens have changed; the settings shown are those of %1.</source>
         <translation>触摸屏已变化；现在显示的是 %1 的设置。</translation>
     </message>
+    <message>
+        <source>touchscreens of its kind keep no calibration</source>
+        <translation>此类触摸屏不保存校准</translation>
+    </message>
+    <message>
+        <source>its configuration was not confirmed</source>
+        <translation>其配置未得到确认</translation>
+    </message>
+    <message>
+        <source>the horizontal calibration was not confirmed</source>
+        <translation>水平校准未得到确认</translation>
+    </message>
+    <message>
+        <source>the vertical calibration was not confirmed</source>
+        <translation>垂直校准未得到确认</translation>
+    </message>
+    <message>
+        <source>horizontal and vertical calibration were not confirmed</source>
+        <translation>水平和垂直校准未得到确认</translation>
+    </message>
+    <message>
+        <source>configuration and horizontal calibration were not confirmed</source>
+        <translation>配置和水平校准未得到确认</translation>
+    </message>
+    <message>
+        <source>configuration and vertical calibration were not confirmed</source>
+        <translation>配置和垂直校准未得到确认</translation>
+    </message>
+    <message>
+        <source>none of its blocks was confirmed</source>
+        <translation>没有任何数据块得到确认</translation>
+    </message>
+    <message>
+        <source>it was unplugged during the write</source>
+        <translation>写入过程中设备被拔出</translation>
+    </message>
+    <message>
+        <source>it did not go back to its work mode</source>
+        <translation>它没有返回工作模式</translation>
+    </message>
+    <message>
+        <source>it is not plugged in any more</source>
+        <translation>它已不再连接</translation>
+    </message>
+    <message>
+        <source>you are not permitted to use it</source>
+        <translation>您没有使用它的权限</translation>
+    </message>
+    <message>
+        <source>another program is using it</source>
+        <translation>另一个程序正在使用它</translation>
+    </message>
+    <message>
+        <source>it does not answer</source>
+        <translation>它没有应答</translation>
+    </message>
+    <message>
+        <source>the touch driver service has no such touchscreen any more</source>
+        <translation>触摸驱动服务中已没有此触摸屏</translation>
+    </message>
+    <message>
+        <source>you are not permitted to change its settings</source>
+        <translation>您没有更改其设置的权限</translation>
+    </message>
+    <message>
+        <source>the touch driver service refused it</source>
+        <translation>触摸驱动服务拒绝了请求</translation>
+    </message>
+    <message>
+        <source>the touch driver service does not answer</source>
+        <translation>触摸驱动服务没有应答</translation>
+    </message>
+    <message>
+        <source>the touch driver service failed</source>
+        <translation>触摸驱动服务出错</translation>
+    </message>
+    <message>
+        <source>you are not permitted to write the file</source>
+        <translation>您没有写入该文件的权限</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>磁盘已满</translation>
+    </message>
+    <message>
+        <source>the folder of the file is missing</source>
+        <translation>文件所在的文件夹不存在</translation>
+    </message>
+    <message>
+        <source>the file cannot be written</source>
+        <translation>无法写入该文件</translation>
+    </message>
 </context>
 <context>
     <name>TouchscreenControls</name>

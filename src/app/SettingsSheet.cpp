@@ -107,7 +107,7 @@ void SettingsSheet::SaveDriverConfig() {
   }
   UpdateSettings();
   const auto outcome =
-      WriteDriverConfigToFile()
+      WriteDriverConfigToFile() == kSuccess
           ? TRANSLATABLE_COUNT("StatusLine", "Settings were sent to %n touchscreen(s) and saved.")
           : TRANSLATABLE_COUNT(
                 "StatusLine",
@@ -115,7 +115,7 @@ void SettingsSheet::SaveDriverConfig() {
   ports_.statusLine.show({.text = outcome, .count = static_cast<int>(state_.deviceListArray.size())});
 }
 
-bool SettingsSheet::WriteDriverConfigToFile() {
+Status SettingsSheet::WriteDriverConfigToFile() {
   return writeDriverConfig(ports_.files, ports_.paths, *state_.currentDict);
 }
 

@@ -51,8 +51,8 @@ class SettingsSheet {
   void SettingsCancel();
   void SaveDriverConfig();
 
-  /// Writes the selected device's settings to the driver configuration file; true when that is done.
-  bool WriteDriverConfigToFile();
+  /// Writes the selected device's settings to the driver configuration file; see writeDriverConfig().
+  Status WriteDriverConfigToFile();
 
   /// Shows the device that is selected now. In an open sheet this replaces what was changed and not applied.
   void selectionChanged();

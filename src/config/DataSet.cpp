@@ -39,17 +39,17 @@ Dictionary DataSet::loadedDeviceConfig() const {
   return file ? std::move(*file) : defaultDeviceConfig();
 }
 
-bool writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry) {
+Status writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry) {
   Dictionary contents;
   try {
     for (const auto& setting : kSettingsInFile) contents.set(setting.key, entry.find(setting.key));
   } catch (const AbsentValue&) {
-    return false;
+    return kErrorBadArgument;
   }
   return files.writeAtomically(paths.driverConfig, contents);
 }
 
-bool writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context) {
+Status writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context) {
   const auto params = imageOf(context.CalibParams);
   return files.writeAtomically(
       paths.deviceConfig, {{device_config_key::kCalibrateStatus, context.DeviceConfig.CalibrateStatus != 0},

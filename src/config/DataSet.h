@@ -35,11 +35,11 @@ class DataSet {
 };
 
 /// Writes the twelve settings of `entry` to the driver configuration file. A missing key abandons the save
-/// before any file is touched. Returns whether the file was written.
-bool writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry);
+/// before any file is touched, with kErrorBadArgument; other errors are those of the write.
+Status writeDriverConfig(PropertyListFiles& files, const ConfigPaths& paths, const Dictionary& entry);
 
-/// Writes calibration status and parameters of `context` to the device configuration file. Returns whether the
-/// file was written.
-bool writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context);
+/// Writes calibration status and parameters of `context` to the device configuration file. Errors are those of
+/// the write.
+Status writeDeviceConfig(PropertyListFiles& files, const ConfigPaths& paths, const _DEVICT_CONTEXT& context);
 
 }  // namespace touchpanel

@@ -11,26 +11,30 @@ ContextStore::ContextStore(UsbServices& usb, PropertyListFiles& files, ConfigPat
                            WaitNotice& waitNotice)
     : usb_(usb), files_(files), paths_(std::move(paths)), ports_(ports), waitNotice_(waitNotice) {}
 
-void ContextStore::save(std::int32_t productId, UsbDeviceReference device, const _DEVICT_CONTEXT& context) {
+WriteOutcome ContextStore::save(std::int32_t productId, UsbDeviceReference device,
+                                const _DEVICT_CONTEXT& context) {
   switch (kindOf(productId)) {
     case DeviceKind::ConfigurationOnly:
-      writeDeviceConfig(files_, paths_, context);
-      return;
+      return outcomeOfFile(writeDeviceConfig(files_, paths_, context));
     case DeviceKind::Infrared:
       return saveToDevice(saveDataToIrDevice, device, context);
     case DeviceKind::Optical:
       return saveToDevice(saveDataToOptDevice, device, context);
     case DeviceKind::Unknown:
-      return;
+      break;
   }
+  return {WriteOutcome::Kind::NotWritten,
+          TRANSLATABLE_TEXT("StatusLine", "touchscreens of its kind keep no calibration")};
 }
 
-void ContextStore::saveToDevice(SaveExchange exchange, UsbDeviceReference device,
-                                const _DEVICT_CONTEXT& context) {
+WriteOutcome ContextStore::saveToDevice(SaveExchange exchange, UsbDeviceReference device,
+                                        const _DEVICT_CONTEXT& context) {
   UsbDeviceInterface* const interface = usb_.deviceInterface(device);
-  if (interface == nullptr) return;
+  if (interface == nullptr) return {WriteOutcome::Kind::NotWritten, reasonOfDevice(kErrorNoDevice)};
   const WaitScope wait(waitNotice_, {TRANSLATABLE_TEXT("WaitNotice", "Writing to the touchscreen...")});
-  exchange(*interface, context, ports_);
+  ExchangeOutcome outcome;
+  exchange(*interface, context, ports_, &outcome);
+  return outcomeOfExchange(outcome);
 }
 
 }  // namespace touchpanel

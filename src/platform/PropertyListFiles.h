@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/Status.h"
 #include "platform/Value.h"
 
 namespace touchpanel {
@@ -18,9 +19,10 @@ class PropertyListFiles {
   virtual std::optional<Dictionary> read(const std::string& path) = 0;
 
   /// Writes `contents` as an XML property list so that `path` holds the old or the new version at every
-  /// moment, also after a crash. The directory must exist. False when it failed; the old file is then
-  /// unchanged and nothing else is left behind.
-  virtual bool writeAtomically(const std::string& path, const Dictionary& contents) = 0;
+  /// moment, also after a crash. The directory must exist. When it failed the old file is unchanged and
+  /// nothing else is left behind: kErrorNotFound without the directory, kErrorNotPermitted, kErrorNoSpace,
+  /// kErrorInputOutput.
+  virtual Status writeAtomically(const std::string& path, const Dictionary& contents) = 0;
 };
 
 }  // namespace touchpanel

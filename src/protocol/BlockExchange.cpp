@@ -14,17 +14,20 @@ using Payload = std::array<std::uint8_t, kBlockSize>;
 /// Makes the buffers of every step anew: cleared, and on the stack.
 class Conversation {
  public:
-  Conversation(UsbDeviceInterface& device, const ExchangePorts& ports) : device_(device), ports_(ports) {}
+  Conversation(UsbDeviceInterface& device, const ExchangePorts& ports, ExchangeOutcome& outcome)
+      : device_(device), ports_(ports), outcome_(outcome) {}
 
-  /// Carries out one step and prints its failure.
+  /// Carries out one step, and prints and remembers its failure.
   bool perform(const ExchangeStep& step, const Payload& payload, PacketBuffer& reply) {
     PacketBuffer packet{};
     const auto& command = step.command;
     const auto size = buildPkg(command.kind, command.code, command.subCode, command.requestPayload,
                                payload.data(), packet.data());
     const auto length = static_cast<std::uint16_t>(size);
-    if (sendCMD(device_, packet, reply, length, command.replyCode, step.delay, ports_.clock) == 1)
+    Status status = kSuccess;
+    if (sendCMD(device_, packet, reply, length, command.replyCode, step.delay, ports_.clock, &status) == 1)
       return true;
+    outcome_.lastFailure = status;
     ports_.diagnostics.line(step.failure);
     return false;
   }
@@ -41,6 +44,7 @@ class Conversation {
  private:
   UsbDeviceInterface& device_;
   const ExchangePorts& ports_;
+  ExchangeOutcome& outcome_;
 };
 
 void store(Content content, const PacketBuffer& reply, _DEVICT_CONTEXT& context) {
@@ -81,30 +85,43 @@ Payload payloadFor(Content content, const _DEVICT_CONTEXT& context) {
 
 /// Enters command mode, calls `transfer` for each block, and leaves command mode even if blocks failed.
 template <typename Transfer>
-int runSequence(Conversation& conversation, const ExchangeSequence& sequence, const Transfer& transfer) {
-  if (!conversation.switchMode(sequence.entry, kModeCommand)) return 0;
-  for (const auto& step : sequence.blocks) transfer(step);
-  return conversation.switchMode(sequence.exit, kModeWork) ? 1 : 0;
+int runSequence(Conversation& conversation, const ExchangeSequence& sequence, ExchangeOutcome& outcome,
+                const Transfer& transfer) {
+  outcome.entered = conversation.switchMode(sequence.entry, kModeCommand);
+  if (!outcome.entered) return 0;
+  for (const auto& step : sequence.blocks)
+    (transfer(step) ? outcome.done : outcome.failed).add(step.command.content);
+  outcome.left = conversation.switchMode(sequence.exit, kModeWork);
+  return outcome.left ? 1 : 0;
 }
 
 }  // namespace
 
 int readBlocks(UsbDeviceInterface& device, _DEVICT_CONTEXT& context, const ExchangePorts& ports,
-               const ExchangeSequence& sequence) {
-  Conversation conversation(device, ports);
-  return runSequence(conversation, sequence, [&](const ExchangeStep& step) {
+               const ExchangeSequence& sequence, ExchangeOutcome* outcome) {
+  ExchangeOutcome unused;
+  auto& reached = outcome != nullptr ? *outcome : unused;
+  reached = ExchangeOutcome();
+  Conversation conversation(device, ports, reached);
+  return runSequence(conversation, sequence, reached, [&](const ExchangeStep& step) {
     PacketBuffer reply{};
-    if (conversation.perform(step, {}, reply)) store(step.command.content, reply, context);
+    if (!conversation.perform(step, {}, reply)) return false;
+    store(step.command.content, reply, context);
+    return true;
   });
 }
 
 int writeBlocks(UsbDeviceInterface& device, const _DEVICT_CONTEXT& context, const ExchangePorts& ports,
-                const ExchangeSequence& sequence) {
-  if (device.open() != kSuccess) return 0;
-  Conversation conversation(device, ports);
-  const int result = runSequence(conversation, sequence, [&](const ExchangeStep& step) {
+                const ExchangeSequence& sequence, ExchangeOutcome* outcome) {
+  ExchangeOutcome unused;
+  auto& reached = outcome != nullptr ? *outcome : unused;
+  reached = ExchangeOutcome();
+  reached.opened = device.open();
+  if (reached.opened != kSuccess) return 0;
+  Conversation conversation(device, ports, reached);
+  const int result = runSequence(conversation, sequence, reached, [&](const ExchangeStep& step) {
     PacketBuffer reply{};
-    conversation.perform(step, payloadFor(step.command.content, context), reply);
+    return conversation.perform(step, payloadFor(step.command.content, context), reply);
   });
   device.close();
   return result;

@@ -28,12 +28,13 @@ struct ExchangeSequence {
   std::span<const ExchangeStep> exit;
 };
 
-/// Runs a read sequence on an open device; each block that arrives goes into its place in `context`.
+/// Runs a read sequence on an open device; each block that arrives goes into its place in `context`. What
+/// happened goes into `outcome`, unless that is null.
 int readBlocks(UsbDeviceInterface& device, _DEVICT_CONTEXT& context, const ExchangePorts& ports,
-               const ExchangeSequence& sequence);
+               const ExchangeSequence& sequence, ExchangeOutcome* outcome);
 
 /// Opens the device, runs a write sequence with the blocks of `context`, and closes the device.
 int writeBlocks(UsbDeviceInterface& device, const _DEVICT_CONTEXT& context, const ExchangePorts& ports,
-                const ExchangeSequence& sequence);
+                const ExchangeSequence& sequence, ExchangeOutcome* outcome);
 
 }  // namespace touchpanel

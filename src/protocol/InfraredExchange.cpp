@@ -29,13 +29,14 @@ constexpr ExchangeStep kWriteExit[] = {{set(Content::Mode), 10ms, "Set touchscre
 
 }  // namespace
 
-int getIrTucParam(UsbDeviceInterface& device, _DEVICT_CONTEXT& context, const ExchangePorts& ports) {
-  return readBlocks(device, context, ports, {kReadEntry, kReads, kReadExit});
+int getIrTucParam(UsbDeviceInterface& device, _DEVICT_CONTEXT& context, const ExchangePorts& ports,
+                  ExchangeOutcome* outcome) {
+  return readBlocks(device, context, ports, {kReadEntry, kReads, kReadExit}, outcome);
 }
 
-int saveDataToIrDevice(UsbDeviceInterface& device, const _DEVICT_CONTEXT& context,
-                       const ExchangePorts& ports) {
-  return writeBlocks(device, context, ports, {kWriteEntry, kWrites, kWriteExit});
+int saveDataToIrDevice(UsbDeviceInterface& device, const _DEVICT_CONTEXT& context, const ExchangePorts& ports,
+                       ExchangeOutcome* outcome) {
+  return writeBlocks(device, context, ports, {kWriteEntry, kWrites, kWriteExit}, outcome);
 }
 
 }  // namespace touchpanel

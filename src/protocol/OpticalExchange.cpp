@@ -36,13 +36,14 @@ constexpr ExchangeStep kExit[] = {{modeOf(0), 10ms, kExitFailure}, {modeOf(1), 1
 
 }  // namespace
 
-int getOptTucParam(UsbDeviceInterface& device, _DEVICT_CONTEXT& context, const ExchangePorts& ports) {
-  return readBlocks(device, context, ports, {kReadEntry, kReads, kExit});
+int getOptTucParam(UsbDeviceInterface& device, _DEVICT_CONTEXT& context, const ExchangePorts& ports,
+                   ExchangeOutcome* outcome) {
+  return readBlocks(device, context, ports, {kReadEntry, kReads, kExit}, outcome);
 }
 
 int saveDataToOptDevice(UsbDeviceInterface& device, const _DEVICT_CONTEXT& context,
-                        const ExchangePorts& ports) {
-  return writeBlocks(device, context, ports, {kWriteEntry, kWrites, kExit});
+                        const ExchangePorts& ports, ExchangeOutcome* outcome) {
+  return writeBlocks(device, context, ports, {kWriteEntry, kWrites, kExit}, outcome);
 }
 
 }  // namespace touchpanel

@@ -22,10 +22,12 @@ int hostToDevice(UsbDeviceInterface& device, std::uint8_t requestType, std::uint
 /// Sends `request` (its first `requestLength` bytes), waits `delay`, and reads the reply, until a reply
 /// carries `expectedReply` and echoes the command, at most 50 times. Returns 1 and fills the whole of
 /// `reply`, header included, when that was so within 49 attempts; else returns 0 and leaves `reply` alone. An
-/// attempt blocks for `delay` and two transfers. Transfer errors are not distinguished from replies that do not
-/// match.
+/// attempt blocks for `delay` and two transfers. Transfer errors count as replies that do not match, save
+/// kErrorNoDevice, after which nothing can reach the device any more: it ends the attempts with result 0.
+/// `lastTransfer`, where given, gets the status of the last attempt: kSuccess when both of its transfers
+/// completed, else that of the later one that failed.
 int sendCMD(UsbDeviceInterface& device, PacketBuffer& request, PacketBuffer& reply,
             std::uint16_t requestLength, std::uint8_t expectedReply, std::chrono::milliseconds delay,
-            Clock& clock);
+            Clock& clock, Status* lastTransfer = nullptr);
 
 }  // namespace touchpanel

@@ -255,7 +255,7 @@ TEST_F(SettingsOfTheSheet, LeavesTheSystemsDoubleClickAloneWhereThereIsNone) {
 TEST_F(SettingsOfTheSheet, SaysWhenTheFileCouldNotBeWritten) {
   auto entry = list(kInfrared, "infrared");
   for (const bool complete : {true, false}) {
-    files.writable = !complete;
+    files.writeStatus = complete ? kErrorNotPermitted : kSuccess;
     if (!complete) entry->remove(settings_key::kEnableTouch);
     controller.SaveDriverConfig();
     EXPECT_EQ(status().text,

@@ -69,7 +69,7 @@ TEST(DataSet, GivesAReadableFileExactlyAsItIs) {
 TEST(WriteDriverConfig, WritesTheTwelveSettingsInTheFilesOrderAndNothingElse) {
   FakePropertyListFiles files;
   files.files[kPaths.driverConfig] = {{"AddedByHand", 1}, {"TouchMode", 0}};
-  EXPECT_TRUE(writeDriverConfig(files, kPaths, entryWithSettings()));
+  EXPECT_EQ(writeDriverConfig(files, kPaths, entryWithSettings()), kSuccess);
   EXPECT_EQ(files.files[kPaths.driverConfig], (Dictionary{{"TouchMode", "as it is"},
                                                           {"EnableTouch", false},
                                                           {"ClickRange", 3},
@@ -82,8 +82,8 @@ TEST(WriteDriverConfig, WritesTheTwelveSettingsInTheFilesOrderAndNothingElse) {
                                                           {"EnableTouchSensitivity", false},
                                                           {"TouchSensitivityTime", 11},
                                                           {"TouchSensitivityArea", 12}}));
-  files.writable = false;
-  EXPECT_FALSE(writeDriverConfig(files, kPaths, entryWithSettings()));
+  files.writeStatus = kErrorNoSpace;
+  EXPECT_EQ(writeDriverConfig(files, kPaths, entryWithSettings()), kErrorNoSpace);
 }
 
 TEST(WriteDriverConfig, TouchesNoFileWhenAnyKeyIsMissing) {
@@ -91,7 +91,7 @@ TEST(WriteDriverConfig, TouchesNoFileWhenAnyKeyIsMissing) {
     FakePropertyListFiles files;
     auto entry = entryWithSettings();
     entry.remove(setting.key);
-    EXPECT_FALSE(writeDriverConfig(files, kPaths, entry)) << setting.key;
+    EXPECT_EQ(writeDriverConfig(files, kPaths, entry), kErrorBadArgument) << setting.key;
     EXPECT_EQ(files.writeAttempts, 0) << setting.key;
   }
 }
@@ -107,12 +107,12 @@ TEST(WriteDeviceConfig, StoresTheStatusAsABooleanAndTheParametersByteForByte) {
 
   for (const auto status : std::array<std::uint8_t, 3>{0, 1, 2}) {
     context.DeviceConfig.CalibrateStatus = status;
-    EXPECT_TRUE(writeDeviceConfig(files, kPaths, context));
+    EXPECT_EQ(writeDeviceConfig(files, kPaths, context), kSuccess);
     EXPECT_EQ(files.files[kPaths.deviceConfig],
               (Dictionary{{"CalibrateStatus", status != 0}, {"CalibParams", expected}}));
   }
-  files.writable = false;
-  EXPECT_FALSE(writeDeviceConfig(files, kPaths, context));
+  files.writeStatus = kErrorNoSpace;
+  EXPECT_EQ(writeDeviceConfig(files, kPaths, context), kErrorNoSpace);
 }
 
 }  // namespace

@@ -162,10 +162,11 @@ TEST_F(LoadingADevice, StoresAContextUnderANoticeUnlessInterfaceOrKindIsUnknown)
     shown = waitNotice.isShown;
     return kSuccess;
   };
-  store.save(kProductInfrared0080, device.ownReference + 1, context);
-  store.save(0x0088, device.ownReference, context);  // no such product
+  using Kind = WriteOutcome::Kind;
+  EXPECT_EQ(store.save(kProductInfrared0080, device.ownReference + 1, context).kind, Kind::NotWritten);
+  EXPECT_EQ(store.save(0x0088, device.ownReference, context).kind, Kind::NotWritten) << "no such product";
   EXPECT_TRUE(device.calls.empty() && waitNotice.messages.empty());
-  store.save(kProductInfrared0080, device.ownReference, context);
+  EXPECT_EQ(store.save(kProductInfrared0080, device.ownReference, context), WriteOutcome{});
   EXPECT_TRUE(shown);
   EXPECT_FALSE(waitNotice.isShown);
 }

@@ -1,4 +1,5 @@
 #include <functional>
+#include <map>
 
 #include <gmock/gmock.h>
 
@@ -40,11 +41,20 @@ struct Step {
   std::string recordBytes = payload;
 
   bool isSwitch() const { return packet.starts_with("aa0171"); }
+  Content content() const {
+    static const std::map<std::string, Content> contents = {
+        {"3000", Content::ScreenProps}, {"3001", Content::DeviceConfig}, {"3101", Content::DeviceConfig},
+        {"2d00", Content::CalibX},      {"2e00", Content::CalibX},       {"1400", Content::CalibX},
+        {"1500", Content::CalibX},      {"2b00", Content::CalibY},       {"2c00", Content::CalibY},
+        {"1401", Content::CalibY},      {"1501", Content::CalibY},       {"3200", Content::Version},
+        {"1700", Content::BarCodeText}, {"3400", Content::BarCodeFields}};
+    return contents.at(packet.substr(4, 2) + packet.substr(8, 2));
+  }
 };
 
 struct GoldenExchange {
   std::string name;
-  std::function<int(UsbDeviceInterface&, _DEVICT_CONTEXT&, const ExchangePorts&)> run;
+  std::function<int(UsbDeviceInterface&, _DEVICT_CONTEXT&, const ExchangePorts&, ExchangeOutcome*)> run;
   bool writes;
   std::vector<Step> steps;
 };
@@ -121,7 +131,12 @@ const std::vector<GoldenExchange>& goldenExchanges() {
 }
 
 /// How a device fails a command.
-enum class Way { Silence, WrongClass, WrongEcho, TransfersFail };
+enum class Way { Silence, WrongClass, WrongEcho, TransfersFail, Gone };
+
+Status statusOf(Way way) {
+  if (way == Way::TransfersFail) return kErrorTimeout;
+  return way == Way::Gone ? kErrorNoDevice : kSuccess;
+}
 
 /// Which steps of an exchange fail: `count` of them from `first` on.
 struct Failure {
@@ -138,12 +153,13 @@ class ExchangeRun : Diagnostics {
     device_.onCall = [this](const FakeUsbDevice::Call& call) { note(call); };
     device_.answer = [this](const Bytes& packet) { return answerTo(packet); };
     clock_.onSleep = [this](auto duration) { log.push_back("sleep " + std::to_string(duration.count())); };
-    result = exchange.run(device_, context, {clock_, *this});
+    result = exchange.run(device_, context, {clock_, *this}, &outcome);
   }
 
   Log log;
   _DEVICT_CONTEXT context = patternContext();
   int result = 0;
+  ExchangeOutcome outcome;
 
  private:
   void line(std::string_view text) override { log.push_back("print " + std::string(text)); }
@@ -163,7 +179,7 @@ class ExchangeRun : Diagnostics {
     if (index == steps.size()) return {};
     const auto& step = steps[index];
     const bool failing = failure_.covers(index);
-    device_.inStatus = failing && failure_.way == Way::TransfersFail ? kErrorNoDevice : kSuccess;
+    device_.inStatus = failing ? statusOf(failure_.way) : kSuccess;
     if (failing && failure_.way == Way::Silence) return Bytes(64);
 
     Bytes reply = {0xAA, step.replyCode, packet[2], static_cast<std::uint8_t>(step.payload.size() + 1),
@@ -181,20 +197,30 @@ class ExchangeRun : Diagnostics {
   testing::FakeClock clock_;
 };
 
-/// Failing switches end the exchange, failing blocks only cost their attempts.
+/// Failing switches end the exchange, failing blocks only cost their attempts, of which there is one when the
+/// device is gone.
 void expectAsLaidDown(const GoldenExchange& exchange, Failure failure) {
   Log log;
   int result = 1;
+  const int attempts = failure.way == Way::Gone ? 1 : kAllAttempts;
+  ExchangeOutcome outcome{.entered = true, .left = true};
+  bool blocksSeen = false;
   auto record = imageOf(patternContext());
   if (exchange.writes) log.emplace_back("open");
   for (std::size_t index = 0; index < exchange.steps.size() && result == 1; ++index) {
     const auto& step = exchange.steps[index];
     const bool fails = failure.covers(index);
-    for (int attempt = 0; attempt < (fails ? kAllAttempts : 1); ++attempt)
+    for (int attempt = 0; attempt < (fails ? attempts : 1); ++attempt)
       log.insert(log.end(), {"out " + step.packet, "sleep " + std::to_string(step.delayMs), "in"});
+    blocksSeen |= !step.isSwitch();
+    if (!step.isSwitch()) (fails ? outcome.failed : outcome.done).add(step.content());
     if (fails) {
       log.push_back("print " + step.failure);
-      if (step.isSwitch()) result = 0;
+      outcome.lastFailure = statusOf(failure.way);
+      if (!step.isSwitch()) continue;
+      result = 0;
+      outcome.left = false;
+      outcome.entered = blocksSeen;
     } else {
       std::copy(step.recordBytes.begin(), step.recordBytes.end(), &record.at(step.recordOffset));
     }
@@ -203,6 +229,7 @@ void expectAsLaidDown(const GoldenExchange& exchange, Failure failure) {
 
   const ExchangeRun run(exchange, failure);
   EXPECT_EQ(run.result, result);
+  EXPECT_EQ(run.outcome, outcome);
   EXPECT_EQ(run.log, log);
   EXPECT_EQ(imageOf(run.context), record);
 }
@@ -212,7 +239,7 @@ TEST(Exchange, MakesItsCallsInOrderAndPrintsWhatFails) {
     SCOPED_TRACE(exchange.name);
     expectAsLaidDown(exchange, {});
     for (std::size_t step = 0; step < exchange.steps.size(); ++step)
-      for (const auto way : {Way::Silence, Way::WrongClass, Way::WrongEcho, Way::TransfersFail}) {
+      for (const auto way : {Way::Silence, Way::WrongClass, Way::WrongEcho, Way::TransfersFail, Way::Gone}) {
         SCOPED_TRACE(::testing::Message() << "step " << step + 1 << ", way " << static_cast<int>(way));
         expectAsLaidDown(exchange, {step, 1, way});
         expectAsLaidDown(exchange, {step, 99, way});
@@ -226,7 +253,9 @@ TEST(Exchange, LeavesADeviceAloneThatCannotBeOpened) {
     device.onOpen = [] { return kErrorExclusiveAccess; };
     testing::FakeClock clock;
     testing::RecordingDiagnostics diagnostics;
-    EXPECT_EQ(save(device, patternContext(), {clock, diagnostics}), 0);
+    ExchangeOutcome outcome;
+    EXPECT_EQ(save(device, patternContext(), {clock, diagnostics}, &outcome), 0);
+    EXPECT_EQ(outcome, ExchangeOutcome{.opened = kErrorExclusiveAccess});
     EXPECT_THAT(device.calls, ::testing::ElementsAre(FakeUsbDevice::Call{"open", {}}));
     EXPECT_TRUE(diagnostics.lines.empty() && clock.sleeps.empty());
   }
@@ -265,7 +294,7 @@ TEST(Exchange, AllocatesNothingWhetherItSucceedsOrFails) {
       diagnostics.lines.reserve(10);
       auto context = patternContext();
       const auto before = testing::allocationCount();
-      const int result = exchange.run(device, context, {clock, diagnostics});
+      const int result = exchange.run(device, context, {clock, diagnostics}, nullptr);
       EXPECT_EQ(testing::allocationCount() - before, diagnostics.lines.size()) << "the lines that are kept";
       EXPECT_EQ(result, setCode == setReply ? 1 : 0);
     }

@@ -33,13 +33,13 @@ class CommandExchange : public ::testing::Test {
     const auto size = buildPkg(PKT_GET, CMD_GET_VERSION, 0, 0, nullptr, request.data());
     return sendCMD(device, request, reply, static_cast<std::uint16_t>(size), REPLY_IR, 50ms, clock);
   }
-  void expectNoReply() {
+  void expectNoReply(std::size_t attempts = 50, std::size_t delays = 50) {
     PacketBuffer untouched;
     untouched.fill(kUntouched);
     EXPECT_EQ(exchange(), 0);
     EXPECT_EQ(reply, untouched);
-    EXPECT_EQ(device.packets().size(), 50U);
-    EXPECT_EQ(clock.sleeps, std::vector<std::chrono::milliseconds>(50, 50ms));
+    EXPECT_EQ(device.packets().size(), attempts);
+    EXPECT_EQ(clock.sleeps, std::vector<std::chrono::milliseconds>(delays, 50ms));
   }
   /// The device answers with garbage until attempt `number`, then with the right reply.
   void answerOnAttempt(std::size_t number) {
@@ -87,10 +87,20 @@ TEST_F(CommandExchange, DiscardsAMatchOnTheLastAttempt) {
 }
 
 TEST_F(CommandExchange, GivesUpWhenEveryTransferFails) {
-  device.outStatus = kErrorNoDevice;
-  device.inStatus = kErrorNoDevice;
-  device.pendingReply = versionReply();
+  device.outStatus = kErrorTimeout;
+  device.inStatus = kErrorStalled;
   expectNoReply();
+}
+
+TEST_F(CommandExchange, EndsAtOnceWhenTheDeviceIsGoneInEitherDirection) {
+  device.pendingReply = versionReply();
+  device.inStatus = kErrorNoDevice;
+  expectNoReply(1, 1);
+  clock.sleeps.clear();
+  device.calls.clear();
+  device.outStatus = kErrorNoDevice;
+  device.inStatus = kSuccess;
+  expectNoReply(1, 0);
 }
 
 TEST_F(CommandExchange, TakesAReplyThoughTheRequestSeemedToFail) {

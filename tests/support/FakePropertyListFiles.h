@@ -17,15 +17,14 @@ class FakePropertyListFiles final : public PropertyListFiles {
     if (found == files.end()) return std::nullopt;
     return found->second;
   }
-  bool writeAtomically(const std::string& path, const Dictionary& contents) override {
+  Status writeAtomically(const std::string& path, const Dictionary& contents) override {
     ++writeAttempts;
-    if (!writable) return false;
-    files[path] = contents;
-    return true;
+    if (writeStatus == kSuccess) files[path] = contents;
+    return writeStatus;
   }
 
   std::map<std::string, Dictionary> files;  ///< readable files by path
-  bool writable = true;                     ///< false: the directory is missing or may not be written
+  Status writeStatus = kSuccess;            ///< of the writes from now on
   int reads = 0;
   int writeAttempts = 0;
 };

@@ -28,7 +28,7 @@ void StateStore::save(const HidSystem& hidSystem) {
 }
 
 void StateStore::write(const std::string& path, const Dictionary& contents) {
-  if (files_.writeAtomically(path, contents))
+  if (files_.writeAtomically(path, contents) == kSuccess)
     outage_.end("State can be saved again.");
   else
     outage_.begin("State cannot be saved in " + directory_ + ": settings are lost when the service ends.");

@@ -27,6 +27,24 @@ std::string temporaryName(const std::string& path, int attempt) {
          std::to_string(attempt) + ".tmp";
 }
 
+/// Of the call that failed last.
+Status statusOfErrno() {
+  switch (errno) {
+    case ENOENT:
+    case ENOTDIR:
+      return kErrorNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+      return kErrorNotPermitted;
+    case ENOSPC:
+    case EDQUOT:
+      return kErrorNoSpace;
+    default:
+      return kErrorInputOutput;
+  }
+}
+
 bool writeAll(int file, std::string_view contents, FileCalls& calls) {
   while (!contents.empty()) {
     const auto written = calls.write(file, contents.data(), contents.size());
@@ -86,19 +104,18 @@ void syncDirectory(const std::string& directory, FileCalls& calls) {
 
 }  // namespace
 
-bool replaceAtomically(const std::string& path, std::string_view contents, FileCalls& calls) {
+Status replaceAtomically(const std::string& path, std::string_view contents, FileCalls& calls) {
   TemporaryFile temporary(path, calls);
-  if (!temporary.exists()) return false;
+  if (!temporary.exists()) return statusOfErrno();
 
   struct stat existing {};
   const bool replaces = ::stat(path.c_str(), &existing) == 0;
-  if (replaces && !temporary.takePermissions(existing.st_mode & kPermissionBits)) return false;
-  if (!temporary.fill(contents)) return false;
-  // Without this the new name could reach the disk before the new data.
-  if (!temporary.finish()) return false;
-  if (!temporary.moveTo(path)) return false;
+  // The data is synced before the new name, which could reach the disk first otherwise.
+  const bool replaced = (!replaces || temporary.takePermissions(existing.st_mode & kPermissionBits)) &&
+                        temporary.fill(contents) && temporary.finish() && temporary.moveTo(path);
+  if (!replaced) return statusOfErrno();
   syncDirectory(directoryOf(path), calls);
-  return true;
+  return kSuccess;
 }
 
 }  // namespace touchpanel::files

@@ -15,7 +15,7 @@ std::optional<Dictionary> LibplistFiles::read(const std::string& path) {
   return decodePropertyList(*file);
 }
 
-bool LibplistFiles::writeAtomically(const std::string& path, const Dictionary& contents) {
+Status LibplistFiles::writeAtomically(const std::string& path, const Dictionary& contents) {
   return replaceAtomically(path, encodePropertyList(contents), calls_);
 }
 

@@ -19,7 +19,7 @@ class LibplistFiles final : public PropertyListFiles {
   LibplistFiles& operator=(const LibplistFiles&) = delete;
 
   std::optional<Dictionary> read(const std::string& path) override;
-  bool writeAtomically(const std::string& path, const Dictionary& contents) override;
+  Status writeAtomically(const std::string& path, const Dictionary& contents) override;
 
  private:
   FileCalls ownCalls_;

@@ -175,9 +175,10 @@ TEST_F(Service, SavesWhatChangesAndSaysOnceThatItCannot) {
   write("calibration", {{"statCalibrate", true}});
   EXPECT_EQ(write("configration", {{"mode", 99}}), kErrorBadArgument);
   EXPECT_EQ(files.writeAttempts, 0);
-  const std::pair<bool, std::size_t> attempts[] = {{false, 1}, {false, 1}, {true, 2}, {true, 2}, {false, 3}};
-  for (const auto& [writable, lines] : attempts) {
-    files.writable = writable;
+  const std::pair<Status, std::size_t> attempts[] = {
+      {kErrorNoSpace, 1}, {kErrorNoSpace, 1}, {kSuccess, 2}, {kSuccess, 2}, {kErrorNoSpace, 3}};
+  for (const auto& [status, lines] : attempts) {
+    files.writeStatus = status;
     EXPECT_EQ(write("configration", {{"mode", files.writeAttempts % 2}}), kSuccess);
     EXPECT_EQ(diagnostics.lines.size(), lines);
   }

@@ -51,13 +51,14 @@ class InterferingCalls final : public FileCalls {
   int unlink(const std::string& path) override { return denied("unlink") ? -1 : FileCalls::unlink(path); }
 
   std::vector<std::string> calls;
+  int error = EIO;
 
  private:
   bool denied(const std::string& call) {
     calls.push_back(call);
     if (static_cast<int>(calls.size()) != at_) return false;
     if (interference_ == Interference::Kill) std::raise(SIGKILL);
-    errno = EIO;
+    errno = error;
     return interference_ == Interference::Fail;
   }
   Interference interference_;
@@ -76,8 +77,9 @@ TEST(AtomicReplacement, SyncsTheDataBeforeTheNameAndLeavesTheOldFileAloneWhichev
     TemporaryDirectory directory;
     directory.write("file", kOld);
     InterferingCalls calls(InterferingCalls::Interference::Fail, step);
-    const bool replaced = replaceAtomically(directory.file("file"), kNew, calls);
-    EXPECT_EQ(replaced, step == 0 || step > kRenameStep);
+    const bool replaced = step == 0 || step > kRenameStep;
+    EXPECT_EQ(replaceAtomically(directory.file("file"), kNew, calls),
+              replaced ? kSuccess : kErrorInputOutput);
     if (step == 0) {
       EXPECT_EQ(calls.calls, kStepsOfAReplacement);
     }
@@ -103,7 +105,8 @@ TEST(AtomicReplacement, HoldsTheOldOrTheNewContentsWheneverTheProcessIsKilled) {
     EXPECT_EQ(directory.read("file"), step > kRenameStep ? kNew : kOld) << "killed at step " << step;
 
     FileCalls calls;
-    EXPECT_TRUE(replaceAtomically(directory.file("file"), "next", calls)) << "a leftover is in the way";
+    EXPECT_EQ(replaceAtomically(directory.file("file"), "next", calls), kSuccess)
+        << "a leftover is in the way";
     EXPECT_EQ(directory.read("file"), "next");
   }
 }
@@ -115,7 +118,7 @@ TEST(AtomicReplacement, KeepsThePermissionsOfAnExistingFileAndMakesANewOneByTheU
   for (const mode_t mode : {0640U, 0600U, 0664U, 0444U}) {
     const auto before = ::umask(027);
     ::chmod(path.c_str(), mode);  // there is no file at first
-    EXPECT_TRUE(replaceAtomically(path, kNew, calls));
+    EXPECT_EQ(replaceAtomically(path, kNew, calls), kSuccess);
     ::umask(before);
     EXPECT_EQ(std::filesystem::status(path).permissions(), std::filesystem::perms{mode});
   }
@@ -124,12 +127,27 @@ TEST(AtomicReplacement, KeepsThePermissionsOfAnExistingFileAndMakesANewOneByTheU
 TEST(AtomicReplacement, FailsInAMissingDirectoryAndOverADirectoryWithoutLeavingAnything) {
   TemporaryDirectory directory;
   FileCalls calls;
-  EXPECT_FALSE(replaceAtomically(directory.file("missing/file"), kNew, calls));
+  EXPECT_EQ(replaceAtomically(directory.file("missing/file"), kNew, calls), kErrorNotFound);
   EXPECT_THAT(directory.names(), IsEmpty());
 
   ASSERT_EQ(::mkdir(directory.file("file").c_str(), 0755), 0);
-  EXPECT_FALSE(replaceAtomically(directory.file("file"), kNew, calls));
+  EXPECT_EQ(replaceAtomically(directory.file("file"), kNew, calls), kErrorInputOutput);
   EXPECT_THAT(directory.names(), ElementsAre("file"));
+}
+
+TEST(AtomicReplacement, SaysWhyItFailed) {
+  TemporaryDirectory directory;
+  for (const auto& [error, status] : {std::pair(EACCES, kErrorNotPermitted),
+                                      {EROFS, kErrorNotPermitted},
+                                      {ENOSPC, kErrorNoSpace},
+                                      {EDQUOT, kErrorNoSpace},
+                                      {ENOENT, kErrorNotFound},
+                                      {EIO, kErrorInputOutput}})
+    for (const int step : {1, 2}) {  // a new file is opened, then written
+      InterferingCalls calls(InterferingCalls::Interference::Fail, step);
+      calls.error = error;
+      EXPECT_EQ(replaceAtomically(directory.file("file"), kNew, calls), status) << error;
+    }
 }
 
 TEST(AtomicReplacement, NeitherFollowsNorClobbersWhatStandsUnderTheTemporaryName) {
@@ -138,7 +156,7 @@ TEST(AtomicReplacement, NeitherFollowsNorClobbersWhatStandsUnderTheTemporaryName
   const auto planted = directory.file(".file." + std::to_string(::getpid()) + ".0.tmp");
   ASSERT_EQ(::symlink(directory.file("victim").c_str(), planted.c_str()), 0);
   FileCalls calls;
-  EXPECT_TRUE(replaceAtomically(directory.file("file"), kNew, calls));
+  EXPECT_EQ(replaceAtomically(directory.file("file"), kNew, calls), kSuccess);
   EXPECT_EQ(directory.read("file"), kNew);
   EXPECT_EQ(directory.read("victim"), "precious");
   EXPECT_THAT(directory.names(), UnorderedElementsAre("victim", "file", HasSubstr(".0.tmp")));

@@ -204,9 +204,9 @@ TEST(LibplistFiles, ReadsBackWhatItWrote) {
   LibplistFiles files;
   const Dictionary contents{{"TouchMode", 2}, {"ClickRange", false}};
   EXPECT_EQ(files.read(directory.file("file")), std::nullopt) << "missing";
-  EXPECT_TRUE(files.writeAtomically(directory.file("file"), contents));
+  EXPECT_EQ(files.writeAtomically(directory.file("file"), contents), kSuccess);
   EXPECT_EQ(files.read(directory.file("file")), contents);
-  EXPECT_FALSE(files.writeAtomically(directory.file("missing/file"), contents));
+  EXPECT_EQ(files.writeAtomically(directory.file("missing/file"), contents), kErrorNotFound);
 }
 
 /// Counts the reads, and makes each one short and interrupted first.
