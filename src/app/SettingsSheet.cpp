@@ -48,6 +48,7 @@ void SettingsSheet::UpdateSettings() {
   const auto settings = settingsOf(entry);
   RefreshTouchMode(settings.mode);
   controls_.show(settings);
+  RefreshTouchMode(settings.mode);  // again: what depends on a box now follows the box that is shown
   ports_.process.devIntf = ports_.usbServices.deviceInterface(entry.integer(entry_key::kDeviceInterface));
 }
 
