@@ -3,6 +3,10 @@
 #include <QDir>
 #include <QMenuBar>
 #include <QPainter>
+#include <QRadioButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -32,13 +36,17 @@ QStringList clippedTexts(const QWidget& window) {
   return clipped;
 }
 
-/// The widgets that the tabulator key reaches, in its order.
+/// The widgets that the tabulator key reaches when it is pressed again and again, from the uppermost one on.
 std::vector<QWidget*> focusChain(QWidget& window) {
+  const auto press = [&] {
+    QTest::keyClick(window.focusWidget() == nullptr ? &window : window.focusWidget(), Qt::Key_Tab);
+    return window.focusWidget();
+  };
   std::vector<QWidget*> chain;
-  for (QWidget* widget = window.nextInFocusChain(); widget != &window; widget = widget->nextInFocusChain())
-    if (widget->isVisibleTo(&window) && (widget->focusPolicy() & Qt::TabFocus) != 0 &&
-        widget->focusProxy() == nullptr)
-      chain.push_back(widget);
+  for (QWidget* reached = press(); std::ranges::find(chain, reached) == chain.end(); reached = press())
+    chain.push_back(reached);
+  const auto height = [&](QWidget* widget) { return widget->mapTo(&window, QPoint()).y(); };
+  std::ranges::rotate(chain, std::ranges::min_element(chain, {}, height));
   return chain;
 }
 
@@ -72,19 +80,37 @@ QStringList ambiguous(const QWidget& window) {
   return found;
 }
 
-/// Where the keyboard moves against the order of reading.
+/// Where the keyboard moves against the order of reading: neither down nor to the right.
 QStringList leaps(QWidget& window) {
   QStringList found;
   const QWidget* before = nullptr;
   for (const QWidget* widget : focusChain(window)) {
-    if (before != nullptr && before->parentWidget() == widget->parentWidget()) {
-      const QPoint from = before->geometry().center();
-      const QPoint to = widget->geometry().center();
+    if (before != nullptr) {
+      const QPoint from = before->mapTo(&window, before->rect().center());
+      const QPoint to = widget->mapTo(&window, widget->rect().center());
       const bool isOneLine = std::abs(from.y() - to.y()) < 10;
       if (!(isOneLine ? from.x() < to.x() : from.y() < to.y() || from.x() < to.x()))
         found += before->objectName() + u'>' + widget->objectName();
     }
     before = widget;
+  }
+  return found;
+}
+
+/// What shows that it can be changed, and what the tabulator key does not reach.
+QStringList unreached(QWidget& window) {
+  const auto chain = focusChain(window);
+  QStringList found;
+  for (auto* widget : window.findChildren<QWidget*>()) {
+    const auto* choice = qobject_cast<QRadioButton*>(widget);
+    const bool isControl = choice != nullptr ? choice->isChecked()
+                                             : qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                                                   qobject_cast<QSlider*>(widget) != nullptr ||
+                                                   qobject_cast<QSpinBox*>(widget) != nullptr ||
+                                                   qobject_cast<QTableView*>(widget) != nullptr;
+    if (isControl && widget->isVisibleTo(&window) && widget->isEnabled() &&
+        std::ranges::find(chain, widget) == chain.end())
+      found += widget->objectName() + u' ' + QString::fromLatin1(widget->metaObject()->className());
   }
   return found;
 }
@@ -123,7 +149,8 @@ struct WindowsTest : InLanguage, PanelRig {
   }
   static void expectWellMade(QWidget& window, const QString& name) {
     QCoreApplication::processEvents();
-    for (const auto& faults : {clippedTexts(window), unnamed(window), ambiguous(window), leaps(window)})
+    for (const auto& faults :
+         {clippedTexts(window), unnamed(window), ambiguous(window), leaps(window), unreached(window)})
       EXPECT_EQ(faults.join(QStringLiteral(" | ")).toStdString(), "") << name.toStdString();
   }
   static void save(QWidget& window, const QString& name, const char* theme, int scale) {

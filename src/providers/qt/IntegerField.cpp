@@ -22,7 +22,7 @@ IntegerField::IntegerField(QWidget* parent)
   spinBox_->setMinimumSize(120, 36);
   spinBox_->setAlignment(Qt::AlignRight);
   range_->setMinimumWidth(130);
-  setFocusProxy(spinBox_);
+  setFocusProxy(slider_);  // the first of the two: the tabulator key goes from left to right
   connect(slider_, &QSlider::valueChanged, this, [this](int value) { edited(value); });
   connect(spinBox_, &QSpinBox::valueChanged, this, [this](int value) { edited(value); });
 }

@@ -34,20 +34,31 @@ QtRadioGroup::QtRadioGroup(QWidget& container) : QtControl(container) {
   for (auto* button : container.findChildren<QRadioButton*>()) buttons_.addButton(button, row++);
   QObject::connect(&buttons_, &QButtonGroup::idClicked, &buttons_, [this](int id) {
     row_ = id;
+    putChoiceInTabOrder();
     if (edited_) edited_();
   });
+}
+
+/// The tabulator key stops at the choice that is made, not at the one that had the keyboard last, which the
+/// toolkit remembers.
+void QtRadioGroup::putChoiceInTabOrder() {
+  const bool isAnyChosen = buttons_.checkedButton() != nullptr;
+  for (auto* button : buttons_.buttons())
+    button->setFocusPolicy(button->isChecked() || !isAnyChosen ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 void QtRadioGroup::selectRow(std::int32_t row) {
   row_ = row;
   if (auto* button = buttons_.button(row); button != nullptr && row >= 0) {
     button->setChecked(true);
+    putChoiceInTabOrder();
     return;
   }
   // An exclusive group does not let its last checked button go.
   buttons_.setExclusive(false);
   for (auto* button : buttons_.buttons()) button->setChecked(false);
   buttons_.setExclusive(true);
+  putChoiceInTabOrder();
 }
 
 QtIntegerControl::QtIntegerControl(IntegerField& field) : QtControl(field), field_(field) {
@@ -70,6 +81,7 @@ void QtSheets::begin(Window& sheet, Window& parent) {
   auto& dialog = dialogOf(sheet);
   auto& owner = dynamic_cast<QtWindow&>(parent).widget();
   if (dialog.parentWidget() != &owner) dialog.setParent(&owner, dialog.windowFlags());
+  focusBefore_ = owner.focusWidget();  // it may be disabled while the sheet is up, and so lose the focus
   dialog.open();
   dialog.activateWindow();  // without a window manager nothing else does
 }
@@ -78,6 +90,8 @@ void QtSheets::end(Window& sheet, int returnCode) {
   auto& dialog = dialogOf(sheet);
   dialog.done(returnCode);
   if (auto* owner = dialog.parentWidget()) owner->activateWindow();
+  if (focusBefore_ != nullptr) focusBefore_->setFocus();
+  focusBefore_ = nullptr;
 }
 
 }  // namespace touchpanel

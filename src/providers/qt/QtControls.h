@@ -5,6 +5,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QLabel>
+#include <QPointer>
 #include <functional>
 #include <vector>
 
@@ -86,6 +87,8 @@ class QtRadioGroup final : public QtControl<RadioGroup> {
   void onEdited(std::function<void()> action) { edited_ = std::move(action); }
 
  private:
+  void putChoiceInTabOrder();
+
   QButtonGroup buttons_;
   std::int32_t row_ = 0;
   std::function<void()> edited_;
@@ -127,13 +130,16 @@ class QtWindow final : public Window {
   QWidget& widget_;
 };
 
-/// Sheets as dialogs that keep their parent window, and only that, from being used. Both windows must be
-/// QtWindows, the sheet's widget a QDialog.
+/// Sheets as dialogs that keep their parent window, and only that, from being used. When one ends, the keyboard
+/// is again where it was in the parent window. Both windows must be QtWindows, the sheet's widget a QDialog.
 class QtSheets final : public Sheets {
  public:
   /// Returns at once; the sheet stays up until end().
   void begin(Window& sheet, Window& parent) override;
   void end(Window& sheet, int returnCode) override;
+
+ private:
+  QPointer<QWidget> focusBefore_;
 };
 
 }  // namespace touchpanel
