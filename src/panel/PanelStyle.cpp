@@ -1,11 +1,14 @@
 #include "panel/PanelStyle.h"
 
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 
 namespace touchpanel {
 namespace {
+
+constexpr double kFocusWidth = 2;
 
 QColor ink(const QStyleOption& option, float strength) {
   QColor colour = option.palette.color(QPalette::WindowText);
@@ -13,14 +16,30 @@ QColor ink(const QStyleOption& option, float strength) {
   return colour;
 }
 
-/// The outline of a button, a field or a slider's handle.
-void outline(QPainter& painter, const QStyleOption& option, const QRect& rect) {
+void drawFrame(QPainter& painter, const QRect& rect, const QColor& colour, double width) {
+  const double inside = width / 2;
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(ink(option, 0.45F), 1));
+  painter.setPen(QPen(colour, width));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+  painter.drawRoundedRect(QRectF(rect).adjusted(inside, inside, -inside, -inside), 2, 2);
   painter.restore();
+}
+
+/// The outline of a button, a field or a slider's handle. What has the keyboard is framed broadly.
+void outline(QPainter& painter, const QStyleOption& option, const QRect& rect) {
+  const bool hasFocus = option.state.testFlag(QStyle::State_HasFocus);
+  drawFrame(painter, rect, hasFocus ? option.palette.color(QPalette::Highlight) : ink(option, 0.45F),
+            hasFocus ? kFocusWidth : 1);
+}
+
+/// What has the keyboard, where it has no outline of its own. On a selected cell the highlight is the ground.
+void focusFrame(QPainter& painter, const QStyleOption& option) {
+  const auto* frame = qstyleoption_cast<const QStyleOptionFocusRect*>(&option);
+  const QColor highlight = option.palette.color(QPalette::Highlight);
+  const bool isOnHighlight = frame != nullptr && frame->backgroundColor == highlight;
+  drawFrame(painter, option.rect, isOnHighlight ? option.palette.color(QPalette::HighlightedText) : highlight,
+            kFocusWidth);
 }
 
 void indicator(QPainter& painter, const QStyleOption& option, bool isRound) {
@@ -65,6 +84,11 @@ void PanelStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                const QWidget* widget) const {
   if (isQtsOwn() && (element == PE_IndicatorRadioButton || element == PE_IndicatorCheckBox))
     return indicator(*painter, *option, element == PE_IndicatorRadioButton);
+  if (isQtsOwn() && element == PE_FrameFocusRect) {
+    // A button's outline shows it already.
+    if (qobject_cast<const QPushButton*>(widget) == nullptr) focusFrame(*painter, *option);
+    return;
+  }
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   if (isQtsOwn() && element == PE_PanelButtonCommand) outline(*painter, *option, option->rect);
 }
