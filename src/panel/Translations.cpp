@@ -24,9 +24,11 @@ namespace {
 
 Translations::Translations(const QLocale& locale) {
   embedCatalogues();
-  if (!program_.load(locale, QStringLiteral("touchpanel"), QStringLiteral("_"),
-                     QStringLiteral(":/translations")))
-    return;
+  const auto load = [this](const QLocale& wanted) {
+    return program_.load(wanted, QStringLiteral("touchpanel"), QStringLiteral("_"),
+                         QStringLiteral(":/translations"));
+  };
+  if (!load(locale) && !load(QLocale(QLocale::English))) return;
   // In the language that was found, so that no window is half in one language and half in another.
   if (toolkit_.load(QStringLiteral("qtbase_") + program_.language(),
                     QLibraryInfo::path(QLibraryInfo::TranslationsPath)))

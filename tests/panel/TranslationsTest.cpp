@@ -21,6 +21,8 @@ TEST(Translations, GiveTheStatusWithAndWithoutANumberInEveryLanguage) {
       {"fr", connected, 0, "IR-1 was connected."},
       {"en", saved, 1, "Settings were sent to 1 touchscreen and saved."},
       {"en", saved, 3, "Settings were sent to 3 touchscreens and saved."},
+      {"C", saved, 1, "Settings were sent to 1 touchscreen and saved."},
+      {"fr", saved, 3, "Settings were sent to 3 touchscreens and saved."},
       {"de", saved, 1, "Die Einstellungen wurden an 1 Touchscreen gesendet und gespeichert."},
       {"zh_CN", saved, 3, "设置已发送到 3 个触摸屏并已保存。"}};
   for (const auto& [locale, text, count, expected] : cases) {
