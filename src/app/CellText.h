@@ -7,7 +7,7 @@
 
 namespace touchpanel {
 
-/// How the value under `key` of a device entry reads: texts and numbers as they are, locations in
+/// How the value under `key` of a device entry reads: texts as they may be shown, numbers, locations in
 /// hexadecimal, since two identical touchscreens differ only there. Empty for anything else.
 std::string cellText(std::string_view key, const Value& value);
 

@@ -7,6 +7,14 @@
 #include <QTableView>
 
 namespace touchpanel {
+namespace {
+
+/// A tool tip takes what looks like markup for markup unless all of it is.
+QString plainToolTip(const QString& text) {
+  return text.isEmpty() ? text : QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped());
+}
+
+}  // namespace
 
 /// A copy of the source's texts.
 class QtTable::Rows final : public QAbstractTableModel {
@@ -32,7 +40,8 @@ class QtTable::Rows final : public QAbstractTableModel {
   }
   QVariant data(const QModelIndex& index, int role) const override {
     if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
-    return rows_.at(static_cast<std::size_t>(index.row())).at(index.column());
+    const auto& text = rows_.at(static_cast<std::size_t>(index.row())).at(index.column());
+    return role == Qt::ToolTipRole ? plainToolTip(text) : text;
   }
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override {
     if (orientation != Qt::Horizontal) return {};

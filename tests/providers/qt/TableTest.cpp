@@ -24,7 +24,7 @@ struct FakeSource final : TableSource {
   }
   bool shouldSelectColumn(std::int32_t) override { return false; }
 
-  std::vector<std::string> serials = {"A", "B", "C"};
+  std::vector<std::string> serials = {"<b>A", "B", "C"};
   std::int32_t refused = -1;
   std::vector<std::int32_t> asked;
   std::function<void()> onFirstCell;
@@ -58,6 +58,7 @@ struct QtTableTest : ::testing::Test {
 };
 
 TEST_F(QtTableTest, SelectsARowOnlyWhenTheSourceAgreesAndKeepsItUntilItGoes) {
+  EXPECT_EQ(view.model()->index(0, 0).data(Qt::ToolTipRole), "<span>&lt;b&gt;A</span>");
   clickRow(1);
   EXPECT_EQ(selected(), QList{1});
   source.refused = 2;
