@@ -44,10 +44,6 @@
         <translation>Versionen, Touchscreens, Zustand des Treibers und die letzten Diagnosezeilen kopieren, um sie dem Kundendienst zu senden</translation>
     </message>
     <message>
-        <source>Outcome of copying</source>
-        <translation>Ergebnis des Kopierens</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>&amp;Schließen</translation>
     </message>
@@ -389,10 +385,6 @@
         <translation>Fläche zum Berühren</translation>
     </message>
     <message>
-        <source>What to do</source>
-        <translation>Was zu tun ist</translation>
-    </message>
-    <message>
         <source>Touches</source>
         <translation>Berührungen</translation>
     </message>
@@ -429,10 +421,6 @@
         <translation>Größter Fehler in Millimetern</translation>
     </message>
     <message>
-        <source>Screen</source>
-        <translation>Bildschirm</translation>
-    </message>
-    <message>
         <source>Trying out changes nothing. A larger window covers more of the screen.</source>
         <translation>Das Ausprobieren ändert nichts. Ein größeres Fenster deckt mehr vom Bildschirm ab.</translation>
     </message>
@@ -455,10 +443,6 @@
     <message>
         <source>Print the touches and the result, or save them as a PDF file</source>
         <translation>Die Berührungen und das Ergebnis drucken oder als PDF-Datei speichern</translation>
-    </message>
-    <message>
-        <source>Status</source>
-        <translation>Status</translation>
     </message>
     <message>
         <source>Driver version</source>

@@ -44,10 +44,6 @@
         <translation>复制版本、触摸屏、驱动程序状态和最近的诊断信息，以便发送给技术支持</translation>
     </message>
     <message>
-        <source>Outcome of copying</source>
-        <translation>复制结果</translation>
-    </message>
-    <message>
         <source>&amp;Close</source>
         <translation>关闭(&amp;C)</translation>
     </message>
@@ -389,10 +385,6 @@
         <translation>触摸区域</translation>
     </message>
     <message>
-        <source>What to do</source>
-        <translation>操作说明</translation>
-    </message>
-    <message>
         <source>Touches</source>
         <translation>触摸次数</translation>
     </message>
@@ -429,10 +421,6 @@
         <translation>最大误差（毫米）</translation>
     </message>
     <message>
-        <source>Screen</source>
-        <translation>屏幕</translation>
-    </message>
-    <message>
         <source>Trying out changes nothing. A larger window covers more of the screen.</source>
         <translation>测试不会更改任何内容。窗口越大，覆盖的屏幕越多。</translation>
     </message>
@@ -455,10 +443,6 @@
     <message>
         <source>Print the touches and the result, or save them as a PDF file</source>
         <translation>打印触摸和结果，或保存为 PDF 文件</translation>
-    </message>
-    <message>
-        <source>Status</source>
-        <translation>状态</translation>
     </message>
     <message>
         <source>Driver version</source>

@@ -6,6 +6,7 @@
 #include "app/VersionLabel.h"
 #include "panel/PanelStyle.h"
 #include "panel/RunningSystem.h"
+#include "panel/SpokenLabels.h"
 #include "platform_build/BuildConstants.h"
 
 namespace touchpanel {
@@ -43,6 +44,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       tryOutPage_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
+  makeLabelsSpoken();
   QApplication::setStyle(new PanelStyle);          // the application takes it over
   QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
   controls_.deviceTableView.setSource(controller_);

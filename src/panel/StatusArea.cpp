@@ -1,18 +1,24 @@
 #include "panel/StatusArea.h"
 
+#include "panel/SpokenLabels.h"
 #include "panel/Translations.h"
+#include "platform/ShowableText.h"
 #include "providers/qt/ViewSurface.h"
 
 namespace touchpanel {
 
 void StatusArea::setOutcome(const QString& text, bool canRepeat) {
   outcome_ = text;
+  label_.clear();  // the same outcome once more is news
   canRepeat_ = canRepeat;
   show();
 }
 
 void StatusArea::show() {
-  label_.setText(wait_.isEmpty() ? outcome_ : wait_);
+  const QString text = wait_.isEmpty() ? outcome_ : wait_;
+  const bool isNew = text != label_.text();
+  label_.setText(text);
+  if (isNew) announce(label_);
   repeat_.setVisible(canRepeat_ && wait_.isEmpty());
 }
 
@@ -24,7 +30,7 @@ void StatusArea::setWait(const QString& text) {
 
 void TranslatedStatusLine::show(const StatusMessage& message) {
   QString text = translatedCount("StatusLine", message.text.data(), message.count);
-  const QString device = QString::fromStdString(message.device);
+  const QString device = QString::fromStdString(showableText(message.device));
   if (!message.reason.empty())
     text.replace(QStringLiteral("%2"), translatedCount("StatusLine", message.reason.data(), message.count));
   text.replace(QStringLiteral("%1"), device);

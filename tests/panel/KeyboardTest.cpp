@@ -43,6 +43,7 @@ TEST_F(KeyboardTest, ReachesEveryCommandChoosesATouchscreenChangesASettingAndCal
   user.type("Return");
   ASSERT_TRUE(QTest::qWaitFor([&] { return !settings().isVisible(); }));
   ASSERT_TRUE(isActive(panel.mainWindow()));
+  EXPECT_TRUE(main.deviceTableView->hasFocus()) << "where it was before the sheet";
 
   user.type("ctrl+k");
   ASSERT_TRUE(QTest::qWaitFor([] { return run() != nullptr && ViewSurface::shown()->isUpToDate(); }));
