@@ -39,7 +39,7 @@ PanelPlatform Demo::platform(Clock& clock, Diagnostics& diagnostics) {
           .clock = clock,
           .diagnostics = diagnostics,
           .paths = paths_,
-          .libraries = {files::libplistInUse()}};
+          .libraries = {files::libplistInUse(), files::expatInUse()}};
 }
 
 void Demo::start() {

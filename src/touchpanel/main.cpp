@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
                       .paths = ConfigPaths::in(kConfigDirectory),
                       .libraries = {libusbInUse(),
                                     files::libplistInUse(),
+                                    files::expatInUse(),
                                     {"sdbus-c++", "GNU LGPL 2.1 with exception"},
                                     {"libsystemd", "GNU LGPL 2.1"},
                                     glibInUse()}});

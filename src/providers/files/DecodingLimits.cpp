@@ -1,50 +1,15 @@
 #include "providers/files/DecodingLimits.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cstdint>
 #include <optional>
-#include <system_error>
+#include <string>
+
+#include "providers/files/TextEncoding.h"
 
 namespace touchpanel::files {
 
 namespace {
-
-std::size_t countOf(std::string_view text, std::string_view wanted) {
-  std::size_t count = 0;
-  for (auto at = text.find(wanted); at != std::string_view::npos; at = text.find(wanted, at + wanted.size()))
-    ++count;
-  return count;
-}
-
-constexpr char32_t kLastCodePoint = 0x10FFFF;
-
-/// Whether `reference`, what stands behind "&#", is a character other than NUL.
-bool namesACharacter(std::string_view reference) {
-  constexpr std::size_t kLongestReference = 10;
-  const auto end = reference.substr(0, kLongestReference).find(';');
-  if (end == std::string_view::npos) return false;
-  const bool hexadecimal = reference.starts_with('x') || reference.starts_with('X');
-  const auto digits = reference.substr(hexadecimal ? 1 : 0, end - (hexadecimal ? 1 : 0));
-  std::uint32_t character = 0;
-  const auto [stop, error] =
-      std::from_chars(digits.data(), digits.data() + digits.size(), character, hexadecimal ? 16 : 10);
-  return error == std::errc() && stop == digits.data() + digits.size() && character > 0 &&
-         character <= kLastCodePoint;
-}
-
-bool holdsNul(std::string_view xml) {
-  constexpr std::string_view kReference = "&#";
-  if (xml.find('\0') != std::string_view::npos) return true;
-  for (auto at = xml.find(kReference); at != std::string_view::npos; at = xml.find(kReference, at + 1))
-    if (!namesACharacter(xml.substr(at + kReference.size()))) return true;
-  return false;
-}
-
-/// Opening tags alone bound the depth, whatever closing tags a comment or a text pretends.
-bool xmlIsDecodable(std::string_view file) {
-  return countOf(file, "<dict") + countOf(file, "<array") <= kMaximumDepth &&
-         countOf(file, "<") <= 2 * kMaximumValues && !holdsNul(file);
-}
 
 /// Walks a binary property list from its root the way a decoder does, but counts instead of building.
 ///
@@ -103,7 +68,7 @@ class BinaryWalk {
     if (type < kData) return true;
     const auto extent = extentAt(*offset);
     if (!extent || extent->count > file_.size()) return false;
-    if (type < kArray) return takeBytes(extent->count);
+    if (type < kArray) return takeBytes(extent->count) && isSound(type, *extent);
     if (type != kDictionary) return visitAll(extent->start, extent->count, depth + 1);
     return visitAll(extent->start, 2 * extent->count, depth + 1) && keysAreTexts(*extent);
   }
@@ -120,6 +85,16 @@ class BinaryWalk {
   bool takeBytes(std::uint64_t count) {
     bytes_ += count;
     return bytes_ <= kMaximumFileSize;
+  }
+
+  bool isSound(std::size_t type, const Extent& bytes) const {
+    const auto rest = file_.substr(bytes.start);
+    if (type == kAsciiText) {
+      const auto text = rest.substr(0, bytes.count);
+      return std::none_of(text.begin(), text.end(), [](char each) { return (each & 0x80) != 0; });
+    }
+    return type != kUtf16Text ||
+           utf8Of("\xFE\xFF" + std::string(rest.substr(0, 2 * bytes.count))).has_value();
   }
 
   /// A dictionary's keys are the first half of its references.
@@ -172,9 +147,8 @@ class BinaryWalk {
 
 }  // namespace
 
-bool isDecodable(std::string_view file) {
-  if (file.size() > kMaximumFileSize) return false;
-  return file.starts_with("bplist") ? BinaryWalk(file).isDecodable() : xmlIsDecodable(file);
+bool isDecodable(std::string_view binary) {
+  return binary.size() <= kMaximumFileSize && BinaryWalk(binary).isDecodable();
 }
 
 }  // namespace touchpanel::files

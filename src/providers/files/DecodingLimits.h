@@ -11,10 +11,9 @@ inline constexpr std::size_t kMaximumFileSize = 1U << 18U;
 inline constexpr std::size_t kMaximumDepth = 64;
 inline constexpr std::size_t kMaximumValues = 10000;
 
-/// Whether a property list, XML or binary, is safe to hand to the decoding library. That library recurses
-/// with the nesting, expands every reference of a binary list, and ends the process over a key with a NUL in
-/// it; this looks before it leaps, in time linear to the file and the limits. True does not mean that the
-/// file is well-formed.
-bool isDecodable(std::string_view file);
+/// Whether a binary property list is safe to hand to the decoding library. That library recurses with the
+/// nesting, expands every reference, and ends the process over a key with a NUL in it; this looks before it
+/// leaps, in time linear to the file and the limits. True does not mean that the list is well-formed.
+bool isDecodable(std::string_view binary);
 
 }  // namespace touchpanel::files

@@ -1,5 +1,7 @@
 #include "providers/files/LibplistFiles.h"
 
+#include <expat.h>
+
 #include "providers/files/AtomicReplacement.h"
 #include "providers/files/BoundedRead.h"
 #include "providers/files/DecodingLimits.h"
@@ -8,6 +10,12 @@
 namespace touchpanel::files {
 
 LibraryInUse libplistInUse() { return {.name = "libplist", .licence = "GNU LGPL 2.1 or later"}; }
+
+LibraryInUse expatInUse() {
+  const auto version = XML_ExpatVersionInfo();
+  return {
+      .name = "expat", .licence = "MIT", .version = versionText(version.major, version.minor, version.micro)};
+}
 
 std::optional<Dictionary> LibplistFiles::read(const std::string& path) {
   const auto file = readBounded(path, kMaximumFileSize, calls_);

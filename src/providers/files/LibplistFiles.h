@@ -6,10 +6,12 @@
 
 namespace touchpanel::files {
 
-/// What the files are coded by. It has no call that returns its version.
+/// What the files are coded by: binary and written ones by libplist, which has no call that returns its
+/// version, XML ones read by expat.
 LibraryInUse libplistInUse();
+LibraryInUse expatInUse();
 
-/// Property-list files on disk, coded by libplist.
+/// Property-list files on disk.
 class LibplistFiles final : public PropertyListFiles {
  public:
   LibplistFiles() : LibplistFiles(ownCalls_) {}

@@ -10,6 +10,8 @@
 #include <plist/plist.h>
 
 #include "providers/files/DecodingLimits.h"
+#include "providers/files/OpenStepPropertyList.h"
+#include "providers/files/XmlPropertyList.h"
 
 namespace touchpanel::files {
 
@@ -24,6 +26,9 @@ struct FreeMemory {
 using Node = std::unique_ptr<void, FreeNode>;
 template <typename T>
 using Memory = std::unique_ptr<T, FreeMemory>;
+
+/// Thrown over what the library decodes although no sound writer makes it.
+struct NotWellFormed {};
 
 std::optional<Value> valueOf(plist_t node);
 
@@ -46,7 +51,7 @@ Dictionary dictionaryOf(plist_t node) {
     plist_dict_next_item(node, position, &key, &item);
     const Memory<char> ownedKey(key);
     if (item == nullptr) return dictionary;
-    if (key == nullptr) continue;
+    if (key == nullptr || dictionary.contains(key)) throw NotWellFormed();
     if (auto value = valueOf(item)) dictionary.set(key, std::move(*value));
   }
 }
@@ -125,19 +130,32 @@ struct NodeMaker {
 
 Node nodeOf(const Value& value) { return Node(std::visit(NodeMaker(), value.storage())); }
 
+std::optional<Dictionary> decodeBinary(std::string_view file) {
+  if (!isDecodable(file)) return std::nullopt;
+  plist_t decoded = nullptr;
+  plist_from_bin(file.data(), static_cast<std::uint32_t>(file.size()), &decoded);
+  const Node root(decoded);
+  if (root == nullptr || plist_get_node_type(root.get()) != PLIST_DICT) return std::nullopt;
+  try {
+    return dictionaryOf(root.get());
+  } catch (const NotWellFormed&) {
+    return std::nullopt;
+  }
+}
+
+/// The first character decides, whatever its width and whatever marks the byte order before it.
+bool isXml(std::string_view file) {
+  constexpr std::string_view kBeforeText("\xEF\xBB\xBF\xFE\xFF\0 \t\r\n", 10);
+  const auto first = file.find_first_not_of(kBeforeText);
+  return first != std::string_view::npos && file[first] == '<';
+}
+
 }  // namespace
 
 std::optional<Dictionary> decodePropertyList(std::string_view file) {
-  if (!isDecodable(file)) return std::nullopt;
-  plist_t decoded = nullptr;
-  const auto length = static_cast<std::uint32_t>(file.size());
-  if (plist_is_binary(file.data(), length) != 0)
-    plist_from_bin(file.data(), length, &decoded);
-  else
-    plist_from_xml(file.data(), length, &decoded);
-  const Node root(decoded);
-  if (root == nullptr || plist_get_node_type(root.get()) != PLIST_DICT) return std::nullopt;
-  return dictionaryOf(root.get());
+  if (file.size() > kMaximumFileSize) return std::nullopt;
+  if (file.starts_with("bplist")) return decodeBinary(file);
+  return isXml(file) ? decodeXml(file) : decodeOpenStep(file);
 }
 
 std::string encodePropertyList(const Dictionary& contents) {
