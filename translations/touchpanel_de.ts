@@ -92,7 +92,7 @@
         <translation>Hinweise:
 1. Für ein gutes Ergebnis sollte der Kopf beim Kalibrieren ruhig gehalten werden.
 2. Es zählt der Punkt, an dem der Finger den Touchscreen verlässt.
-3. Die Zielscheibe ist nur ein Anhalt, nicht unbedingt der beste Punkt zum Kalibrieren. Beim ersten
+3. Die Zielscheibe ist nur ein Anhaltspunkt, nicht unbedingt der beste Punkt zum Kalibrieren. Beim ersten
      Mal auf ihre Mitte zielen; ist das Ergebnis nicht zufriedenstellend, erneut kalibrieren und dabei
      absichtlich leicht neben die Mitte tippen.
 </translation>
@@ -184,11 +184,11 @@
     </message>
     <message>
         <source>Wrong kind of reply</source>
-        <translation>Falsche Antwortart</translation>
+        <translation>Falsche Art von Antwort</translation>
     </message>
     <message>
         <source>Answers with a reply code of another class.</source>
-        <translation>Antwortet mit einem Code einer anderen Klasse.</translation>
+        <translation>Antwortet mit dem Code einer anderen Klasse.</translation>
     </message>
     <message>
         <source>Answers late</source>
@@ -212,11 +212,11 @@
     </message>
     <message>
         <source>Stops working after some packets, until it is plugged in again.</source>
-        <translation>Fällt nach einigen Paketen aus, bis es neu angeschlossen wird.</translation>
+        <translation>Fällt nach einigen Paketen aus, bis er neu angeschlossen wird.</translation>
     </message>
     <message>
         <source>Packets that it still answers</source>
-        <translation>Pakete, die es noch beantwortet</translation>
+        <translation>Pakete, die er noch beantwortet</translation>
     </message>
     <message>
         <source> packets</source>
@@ -236,7 +236,7 @@
     </message>
     <message>
         <source>Its replies arrive with flipped bits.</source>
-        <translation>Seine Antworten kommen mit vertauschten Bits an.</translation>
+        <translation>Seine Antworten kommen mit gekippten Bits an.</translation>
     </message>
     <message>
         <source>Short replies</source>
@@ -366,7 +366,7 @@
     </message>
     <message>
         <source>What this program is, and a report for support</source>
-        <translation>Was dieses Programm ist, und ein Bericht für den Kundendienst</translation>
+        <translation>Über dieses Programm, mit einem Bericht für den Kundendienst</translation>
     </message>
     <message>
         <source>E&amp;xit</source>
@@ -521,7 +521,7 @@
     </message>
     <message>
         <source>The click happens when the finger is lifted, so it can still be moved.</source>
-        <translation>Der Klick erfolgt, wenn der Finger abhebt; bis dahin lässt er sich verschieben.</translation>
+        <translation>Der Klick erfolgt erst, wenn der Finger abhebt; bis dahin lässt sich die Stelle noch ändern.</translation>
     </message>
     <message>
         <source>Drag and right-click by &amp;press and hold</source>
@@ -529,7 +529,7 @@
     </message>
     <message>
         <source>The finger drags like a held mouse button. Holding it still gives a right click.</source>
-        <translation>Der Finger zieht wie eine gedrückte Maustaste. Ruhig gehalten, löst er einen Rechtsklick aus.</translation>
+        <translation>Der Finger zieht wie mit gedrückter Maustaste. Hält er still, folgt ein Rechtsklick.</translation>
     </message>
     <message>
         <source>&amp;Multi-touch</source>
@@ -557,7 +557,7 @@
     </message>
     <message>
         <source>The click range holds a shaky tap in place; 1 unit is 1/1024 of the screen. Smoothing steadies a moving finger; 0 is off.</source>
-        <translation>Der Klickbereich hält ein zittriges Tippen fest; 1 Einheit ist 1/1024 des Bildschirms. Die Glättung beruhigt einen bewegten Finger; 0 heißt aus.</translation>
+        <translation>Der Klickbereich hält den Klick eines zitternden Fingers an seiner Stelle; 1 Einheit ist 1/1024 des Bildschirms. Die Glättung beruhigt einen bewegten Finger; 0 heißt aus.</translation>
     </message>
     <message>
         <source>&amp;Right click</source>
@@ -569,7 +569,7 @@
     </message>
     <message>
         <source>Available in the touch mode &quot;Drag and right-click by press and hold&quot;.</source>
-        <translation>Im Touch-Modus „Ziehen, Rechtsklick durch Halten“ verfügbar.</translation>
+        <translation>Verfügbar im Touch-Modus „Ziehen, Rechtsklick durch Halten“.</translation>
     </message>
     <message>
         <source>&amp;Hold time</source>
@@ -581,7 +581,7 @@
     </message>
     <message>
         <source>Available in the touch mode &quot;Drag and right-click by press and hold&quot;, with the right click switched on.</source>
-        <translation>Im Touch-Modus „Ziehen, Rechtsklick durch Halten“ mit eingeschaltetem Rechtsklick verfügbar.</translation>
+        <translation>Verfügbar im Touch-Modus „Ziehen, Rechtsklick durch Halten“, wenn der Rechtsklick eingeschaltet ist.</translation>
     </message>
     <message>
         <source>Allowed &amp;movement</source>
@@ -605,15 +605,15 @@
     </message>
     <message>
         <source>&amp;Longest time between taps</source>
-        <translation>Längste &amp;Zeit zwischen zwei Tipps</translation>
+        <translation>Längste &amp;Zeit bis zum zweiten Tippen</translation>
     </message>
     <message>
         <source>Lar&amp;gest distance between taps</source>
-        <translation>Größter A&amp;bstand zweier Tipps</translation>
+        <translation>Größter A&amp;bstand zum ersten Tippen</translation>
     </message>
     <message>
         <source>Two taps within this time and distance count as a double click, for the mouse as well; 1 unit is 1/1024 of the screen.</source>
-        <translation>Zweimal Tippen innerhalb dieser Zeit und dieses Abstands zählt als Doppelklick, auch bei der Maus; 1 Einheit ist 1/1024 des Bildschirms.</translation>
+        <translation>Wer innerhalb dieser Zeit und dieses Abstands zweimal tippt, löst einen Doppelklick aus, auch mit der Maus; 1 Einheit ist 1/1024 des Bildschirms.</translation>
     </message>
     <message>
         <source>&amp;Sensitivity</source>
@@ -621,7 +621,7 @@
     </message>
     <message>
         <source>Hold a rest&amp;ing finger still</source>
-        <translation>Ruhenden &amp;Finger stillhalten</translation>
+        <translation>Ruhenden &amp;Finger festhalten</translation>
     </message>
     <message>
         <source>Time &amp;until a finger rests</source>
@@ -629,11 +629,11 @@
     </message>
     <message>
         <source>Only optical touchscreens have this, while it is switched on.</source>
-        <translation>Nur bei optischen Touchscreens in eingeschaltetem Zustand.</translation>
+        <translation>Nur bei optischen Touchscreens, solange „Ruhenden Finger festhalten“ eingeschaltet ist.</translation>
     </message>
     <message>
         <source>A finger that stays this long within the allowed movement rests: it is held there until it leaves that place; 1 unit is 1/1024 of the screen. Optical touchscreens only.</source>
-        <translation>Ein Finger, der so lange innerhalb der erlaubten Bewegung bleibt, ruht: Er wird dort gehalten, bis er die Stelle verlässt; 1 Einheit ist 1/1024 des Bildschirms. Nur bei optischen Touchscreens.</translation>
+        <translation>Ein Finger, der sich so lange nicht weiter als erlaubt bewegt, ruht: Er wird festgehalten, bis er die Stelle verlässt; 1 Einheit ist 1/1024 des Bildschirms. Nur bei optischen Touchscreens.</translation>
     </message>
     <message>
         <source>&amp;Calibration</source>
@@ -677,7 +677,7 @@
     </message>
     <message>
         <source>To restart a touchscreen, unplug it and plug it in again.</source>
-        <translation>Um einen Touchscreen neu zu starten, ihn abziehen und wieder anschließen.</translation>
+        <translation>Zum Neustart den Touchscreen abziehen und wieder anschließen.</translation>
     </message>
     <message>
         <source>De&amp;fault</source>
@@ -714,6 +714,21 @@
     <message>
         <source>Close without using what was changed since the last Apply</source>
         <translation>Schließen, ohne die Änderungen seit dem letzten Anwenden zu verwenden</translation>
+    </message>
+</context>
+<context>
+    <name>SimulatedTouchscreen</name>
+    <message>
+        <source>Infrared</source>
+        <translation>Infrarot</translation>
+    </message>
+    <message>
+        <source>Optical</source>
+        <translation>Optisch</translation>
+    </message>
+    <message>
+        <source>Configuration only</source>
+        <translation>Nur Konfiguration</translation>
     </message>
 </context>
 <context>
@@ -806,7 +821,7 @@
     </message>
     <message>
         <source>The calibration of %1 ended; nothing was written to the touchscreen.</source>
-        <translation>Die Kalibrierung von %1 wurde beendet; nichts wurde in den Touchscreen geschrieben.</translation>
+        <translation>Die Kalibrierung von %1 wurde beendet; in den Touchscreen wurde nichts geschrieben.</translation>
     </message>
     <message>
         <source>A reset of the calibration was sent to %1.</source>
@@ -840,7 +855,7 @@
     </message>
     <message>
         <source>Touchscreens have changed; the settings shown are those of %1.</source>
-        <translation>Die Touchscreens haben sich geändert; die Einstellungen sind nun die von %1.</translation>
+        <translation>Die Touchscreens haben gewechselt; gezeigt werden nun die Einstellungen von %1.</translation>
     </message>
     <message>
         <source>touchscreens of its kind keep no calibration</source>
@@ -953,7 +968,7 @@
     </message>
     <message>
         <source>This is the result. More touches make it more certain.</source>
-        <translation>Das ist das Ergebnis. Weitere Berührungen machen es sicherer.</translation>
+        <translation>Das ist das Ergebnis. Weitere Berührungen machen es verlässlicher.</translation>
     </message>
     <message>
         <source>Screen: %1 pixels; it does not tell its size in millimetres.</source>

@@ -717,6 +717,21 @@
     </message>
 </context>
 <context>
+    <name>SimulatedTouchscreen</name>
+    <message>
+        <source>Infrared</source>
+        <translation>红外</translation>
+    </message>
+    <message>
+        <source>Optical</source>
+        <translation>光学</translation>
+    </message>
+    <message>
+        <source>Configuration only</source>
+        <translation>仅配置</translation>
+    </message>
+</context>
+<context>
     <name>SimulatorWindow</name>
     <message>
         <source>Simulated touchscreens</source>

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "demo/TouchscreenControls.h"
+#include "demo/TouchscreenName.h"
 #include "ui_SimulatorWindow.h"
 
 namespace touchpanel::demo {
@@ -11,7 +12,7 @@ namespace {
 /// Texts that a screen reader can reach and that can be copied.
 void makeReadable(QLabel* value, const QLabel* label) {
   value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  value->setAccessibleName(label->text());
+  value->setProperty("caption", label->text().remove(u':').remove(u'：'));  // as it is spoken
   value->setText(QStringLiteral("–"));
 }
 
@@ -48,7 +49,7 @@ void SimulatorWindow::offerMouseRoles() {
   for (std::size_t i = 0; i < machine_.all().size(); ++i) {
     const auto& touchscreen = *machine_.all()[i];
     if (!machine_.isPluggedIn(touchscreen)) continue;
-    const auto name = QString::fromStdString(touchscreen.model().name);
+    const auto name = shownName(touchscreen);
     ui_->mouseRole->addItem(tr("Finger on %1").arg(name), static_cast<int>(i));
   }
   ui_->mouseRole->setCurrentIndex(std::max(0, ui_->mouseRole->findData(chosen)));
@@ -65,7 +66,7 @@ void SimulatorWindow::showTouch(const simulated::SimulatedTouchscreen& touchscre
     return QStringLiteral("%1, %2").arg(std::lround(x)).arg(std::lround(y));
   };
   const auto pixels = [](double error) { return tr("%L1 pixels").arg(error, 0, 'f', 1); };
-  ui_->nameValue->setText(QString::fromStdString(touchscreen.model().name));
+  ui_->nameValue->setText(shownName(touchscreen));
   ui_->touchedValue->setText(pair(reading.touched.x * screen.width, reading.touched.y * screen.height));
   ui_->rawValue->setText(pair(reading.raw.x, reading.raw.y));
   ui_->calibratedValue->setText(pair(reading.calibrated.x, reading.calibrated.y));

@@ -1,5 +1,6 @@
 #include "demo/TouchscreenControls.h"
 
+#include "demo/TouchscreenName.h"
 #include "ui_TouchscreenControls.h"
 
 namespace touchpanel::demo {
@@ -12,8 +13,8 @@ TouchscreenControls::TouchscreenControls(simulated::SimulatedTouchscreens& machi
       faults_(faultChoices()),
       ui_(std::make_unique<Ui::TouchscreenControls>()) {
   ui_->setupUi(this);
-  const QString name = QString::fromStdString(touchscreen.model().name);
-  setObjectName(name);
+  const QString name = shownName(touchscreen);
+  setObjectName(QString::fromStdString(touchscreen.model().name));
   auto policy = ui_->argumentBox->sizePolicy();
   policy.setRetainSizeWhenHidden(true);  // the window keeps its size whatever is chosen
   ui_->argumentBox->setSizePolicy(policy);
@@ -71,7 +72,7 @@ void TouchscreenControls::applyFault() {
 
 void TouchscreenControls::showPlugging() {
   const bool isPluggedIn = machine_.isPluggedIn(touchscreen_);
-  const QString name = QString::fromStdString(touchscreen_.model().name);
+  const QString name = shownName(touchscreen_);
   ui_->title->setText(isPluggedIn ? tr("%1: plugged in").arg(name) : tr("%1: unplugged").arg(name));
   ui_->plugButton->setText(isPluggedIn ? tr("Unplug") : tr("Plug in"));
   ui_->plugButton->setAccessibleName(isPluggedIn ? tr("Unplug %1").arg(name) : tr("Plug in %1").arg(name));
