@@ -5,6 +5,7 @@
 
 #include "app/VersionLabel.h"
 #include "panel/PanelStyle.h"
+#include "panel/ProgramIdentity.h"
 #include "panel/RunningSystem.h"
 #include "panel/SpokenLabels.h"
 #include "platform_build/BuildConstants.h"
@@ -45,6 +46,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
   makeLabelsSpoken();
+  identifyProgram();
   QApplication::setStyle(new PanelStyle);          // the application takes it over
   QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
   controls_.deviceTableView.setSource(controller_);

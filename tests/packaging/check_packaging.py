@@ -41,6 +41,8 @@ class Validated(unittest.TestCase):
 
     def test_desktop_entry(self):
         self.accepted("desktop-file-validate", DESKTOP_ENTRY)
+        icon = re.search("^Icon=(.*)$", DESKTOP_ENTRY.read_text(), re.MULTILINE).group(1)
+        self.assertTrue((DESKTOP_ENTRY.parent / "icons" / f"{icon}.svg").exists(), icon)
 
     def test_metainfo(self):
         self.accepted("appstreamcli", "validate", "--no-net", PACKAGING / "com.varnexo.touchpanel.metainfo.xml")
