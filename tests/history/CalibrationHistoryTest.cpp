@@ -69,7 +69,7 @@ TEST_F(CalibrationHistoryTest, KeepsWhatWasFoundWhatWasReplacedAndTheLastTwenty)
   EXPECT_EQ(records.back(), std::pair(Accepted, 39));
 
   const auto before = files.files;
-  files.writable = false;
+  files.writeStatus = kErrorNoSpace;
   EXPECT_FALSE(history.keep(kKey, contextNumber(39), acceptedNumber(40)));
   EXPECT_EQ(files.files, before);
 }
