@@ -31,7 +31,7 @@ void CalibrationStarter::start(std::unique_ptr<View>& view, std::unique_ptr<RunW
   window.reset();
   const auto frame = screen_.mainScreenFrame();
   view = std::make_unique<View>(frame, ports_);
-  window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_), controller_,
+  window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_), controller_, facts_,
                                        statusLine_, state_.currentDict->text(entry_key::kSN));
   view->setWindow(*window);
   view->setCalibrateDict(state_.currentDict, *window);

@@ -24,8 +24,13 @@ class CalibrationStarter {
  public:
   /// `controller` is called after an accepted result; it must outlive the runs.
   CalibrationStarter(const ControllerState& state, const CalibrationPorts& ports, Screen& screen,
-                     StatusLine& statusLine, TableReloader& controller)
-      : state_(state), ports_(ports), screen_(screen), statusLine_(statusLine), controller_(controller) {}
+                     SelectedDeviceFacts& facts, StatusLine& statusLine, TableReloader& controller)
+      : state_(state),
+        ports_(ports),
+        screen_(screen),
+        facts_(facts),
+        statusLine_(statusLine),
+        controller_(controller) {}
 
   /// Targets all over the screen.
   void startPoints();
@@ -42,6 +47,7 @@ class CalibrationStarter {
   const ControllerState& state_;
   CalibrationPorts ports_;
   Screen& screen_;
+  SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;
   TableReloader& controller_;
   BorderlessWindow behaviour_;

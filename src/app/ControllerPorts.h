@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/DeviceFacts.h"
+#include "app/EarlierCalibrations.h"
 #include "discovery/DiscoveryPorts.h"
 #include "platform/Controls.h"
 #include "platform/StatusLine.h"
@@ -16,6 +18,8 @@ struct ControllerPorts {
   Cursor& cursor;
   Presentation& presentation;
   StatusLine& statusLine;
+  HistoryPorts history;
+  FactsView& facts;
 };
 
 }  // namespace touchpanel

@@ -4,8 +4,9 @@
 
 namespace touchpanel {
 
-DeviceTable::DeviceTable(const Outlets& outlets, ControllerState& state, SettingsSheet& settings)
-    : outlets_(outlets), state_(state), settings_(settings) {}
+DeviceTable::DeviceTable(const Outlets& outlets, ControllerState& state, SettingsSheet& settings,
+                         SelectedDeviceFacts& facts)
+    : outlets_(outlets), state_(state), settings_(settings), facts_(facts) {}
 
 std::int32_t DeviceTable::numberOfRows() const {
   return static_cast<std::int32_t>(state_.deviceListArray.size());
@@ -25,6 +26,7 @@ bool DeviceTable::shouldSelectRow(std::int32_t row) {
   if (!holds(row)) return false;
   state_.currentDict = state_.deviceListArray[static_cast<std::size_t>(row)];
   settings_.selectionChanged();
+  facts_.update();
   return true;
 }
 

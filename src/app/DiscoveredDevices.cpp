@@ -5,8 +5,8 @@
 namespace touchpanel {
 
 DiscoveredDevices::DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
-                                     StatusLine& statusLine)
-    : outlets_(outlets), state_(state), table_(table), statusLine_(statusLine) {}
+                                     SelectedDeviceFacts& facts, StatusLine& statusLine)
+    : outlets_(outlets), state_(state), table_(table), facts_(facts), statusLine_(statusLine) {}
 
 void DiscoveredDevices::reloadDeviceTable() {
   outlets_.deviceTableView.reloadData();
@@ -17,6 +17,7 @@ void DiscoveredDevices::reloadDeviceTable() {
   if (list.size() < shown_)
     statusLine_.show({TRANSLATABLE_TEXT("StatusLine", "A touchscreen was unplugged.")});
   shown_ = list.size();
+  facts_.update();
 }
 
 bool DiscoveredDevices::shouldSelectRow(std::int32_t row) {

@@ -13,7 +13,7 @@ namespace touchpanel {
 class DiscoveredDevices final : public DeviceListOwner {
  public:
   DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
-                    StatusLine& statusLine);
+                    SelectedDeviceFacts& facts, StatusLine& statusLine);
 
   DeviceListArray& deviceListArray() override { return state_.deviceListArray; }
   Dictionary& drvConfigDict() override { return state_.drvConfigDict; }
@@ -24,6 +24,7 @@ class DiscoveredDevices final : public DeviceListOwner {
   const Outlets& outlets_;
   ControllerState& state_;
   DeviceTable& table_;
+  SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;
   std::size_t shown_ = 0;  ///< length of the list at the last status message
 };

@@ -28,17 +28,21 @@ struct MyController::Collaborators {
         settings(
             outlets, state, buttons, driver,
             {ports.sheets, ports.statusLine, system.usbServices, system.process, system.files, system.paths}),
-        table(outlets, state, settings),
+        earlier(ports.history),
+        facts(state, system.registry, earlier, ports.facts),
+        table(outlets, state, settings, facts),
         commands(outlets, state, buttons, driver, store, system.process.DeviceContext, ports.statusLine),
         calibrations(state, {driver, system.runLoop, ports.cursor, ports.presentation, store}, ports.screen,
-                     ports.statusLine, controller),
-        devices(outlets, state, table, ports.statusLine),
+                     facts, ports.statusLine, controller),
+        devices(outlets, state, table, facts, ports.statusLine),
         discovery(system, devices) {}
 
   DriverChannel driver;
   ContextStore store;
   CommandButtons buttons;
   SettingsSheet settings;
+  EarlierCalibrations earlier;
+  SelectedDeviceFacts facts;
   DeviceTable table;
   DeviceCommands commands;
   CalibrationStarter calibrations;
@@ -80,6 +84,7 @@ bool MyController::shouldSelectColumn(std::int32_t /*column*/) { return false; }
 void MyController::reloadTableViewData() {
   outlets_.deviceTableView.reloadData();
   UpdateSettings();
+  collaborators_->facts.update();
 }
 
 void MyController::Exit() { ports_.discovery.application.exit(0); }
@@ -97,9 +102,15 @@ void MyController::Calibration() { collaborators_->calibrations.startPoints(); }
 
 void MyController::RegionCalibration() { collaborators_->calibrations.startRegion(); }
 
-void MyController::Reset() { collaborators_->commands.Reset(); }
+void MyController::Reset() {
+  collaborators_->commands.Reset();
+  collaborators_->facts.update();
+}
 
-void MyController::EnableTouch() { collaborators_->commands.EnableTouch(); }
+void MyController::EnableTouch() {
+  collaborators_->commands.EnableTouch();
+  collaborators_->facts.update();
+}
 
 void MyController::Settings() { collaborators_->settings.Settings(); }
 
@@ -113,9 +124,15 @@ void MyController::SettingsChange() { collaborators_->settings.SettingsChange();
 
 void MyController::SettingsDefault() { collaborators_->settings.SettingsDefault(); }
 
-void MyController::SettingsApply() { collaborators_->settings.SettingsApply(); }
+void MyController::SettingsApply() {
+  collaborators_->settings.SettingsApply();
+  collaborators_->facts.update();
+}
 
-void MyController::SettingsOk() { collaborators_->settings.SettingsOk(); }
+void MyController::SettingsOk() {
+  collaborators_->settings.SettingsOk();
+  collaborators_->facts.update();
+}
 
 void MyController::SettingsCancel() { collaborators_->settings.SettingsCancel(); }
 

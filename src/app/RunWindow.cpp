@@ -5,9 +5,10 @@
 namespace touchpanel {
 
 RunWindow::RunWindow(std::unique_ptr<FullScreenWindow> window, TableReloader& controller,
-                     StatusLine& statusLine, std::string device)
+                     SelectedDeviceFacts& facts, StatusLine& statusLine, std::string device)
     : window_(std::move(window)),
       controller_(controller),
+      facts_(facts),
       statusLine_(statusLine),
       device_(std::move(device)) {}
 
@@ -20,6 +21,7 @@ void RunWindow::present(View& view) {
 
 void RunWindow::close() {
   window_->close();
+  facts_.update();
   statusLine_.show(
       {accepted_ ? TRANSLATABLE_TEXT("StatusLine", "The new calibration of %1 was accepted.")
                  : TRANSLATABLE_TEXT("StatusLine",

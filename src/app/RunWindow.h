@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "app/SelectedDeviceFacts.h"
 #include "calibration/TableReloader.h"
 #include "platform/StatusLine.h"
 #include "platform/View.h"
@@ -14,8 +15,8 @@ namespace touchpanel {
 class RunWindow final : public ViewWindow, public TableReloader {
  public:
   /// `device` is the touchscreen's name for the status line.
-  RunWindow(std::unique_ptr<FullScreenWindow> window, TableReloader& controller, StatusLine& statusLine,
-            std::string device);
+  RunWindow(std::unique_ptr<FullScreenWindow> window, TableReloader& controller, SelectedDeviceFacts& facts,
+            StatusLine& statusLine, std::string device);
 
   /// Shows `view` above everything and gives it the keyboard. The view must outlive this window.
   void present(View& view);
@@ -28,6 +29,7 @@ class RunWindow final : public ViewWindow, public TableReloader {
  private:
   std::unique_ptr<FullScreenWindow> window_;
   TableReloader& controller_;
+  SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;
   std::string device_;
   bool accepted_ = false;

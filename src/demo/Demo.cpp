@@ -39,6 +39,7 @@ PanelPlatform Demo::platform(Clock& clock, Diagnostics& diagnostics) {
           .clock = clock,
           .diagnostics = diagnostics,
           .paths = paths_,
+          .history = {historyFiles_, time_, directory_.path().toStdString() + "/history"},
           .libraries = {files::libplistInUse(), files::expatInUse()}};
 }
 

@@ -10,6 +10,8 @@
 #include "demo/measure/TouchError.h"
 #include "panel/ControlPanel.h"
 #include "providers/files/LibplistFiles.h"
+#include "providers/files/OwnDirectoryFiles.h"
+#include "providers/process/SystemTime.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 
 namespace touchpanel::demo {
@@ -53,6 +55,8 @@ class Demo {
   QTemporaryDir directory_;
   ConfigPaths paths_;
   files::LibplistFiles files_;
+  files::OwnDirectoryFiles historyFiles_{files_};
+  SystemTime time_;
   simulated::SimulatedTouchscreens machine_;
   ObservedRegistry registry_;
   FingerClock fingerClock_;

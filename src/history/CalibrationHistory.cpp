@@ -66,11 +66,11 @@ CalibrationHistory::Contents CalibrationHistory::read(const std::string& key) co
   return contents;
 }
 
-bool CalibrationHistory::keep(const std::string& key, const _DEVICT_CONTEXT& before,
-                              const CalibrationRecord& record) {
+Status CalibrationHistory::keep(const std::string& key, const _DEVICT_CONTEXT& before,
+                                const CalibrationRecord& record) {
   const auto file = files_.read(pathOf(key));
   auto stored = file ? recordsIn(*file, key) : Array();
-  if (!stored) return false;
+  if (!stored) return kErrorUnsupported;
   const auto newest = newestOf(*stored);
   if (!newest || !isSameCalibration(newest->context, before))
     stored->push_back(

@@ -35,9 +35,9 @@ class CalibrationHistory {
   Contents read(const std::string& key) const;
 
   /// Adds `record`, and in front of it what the touchscreen held before, as `before`, unless the newest
-  /// record holds that already. A record that cannot be read stays in its place. False, with the file as it
-  /// was, when the file belongs to something else or cannot be written.
-  bool keep(const std::string& key, const _DEVICT_CONTEXT& before, const CalibrationRecord& record);
+  /// record holds that already. A record that cannot be read stays in its place. Errors, with the
+  /// file as it was: kErrorUnsupported when it belongs to something else, and those of writing a file.
+  Status keep(const std::string& key, const _DEVICT_CONTEXT& before, const CalibrationRecord& record);
 
  private:
   std::string pathOf(const std::string& key) const;

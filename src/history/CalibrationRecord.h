@@ -21,16 +21,16 @@ enum class CalibrationEvent {
   Restored,  ///< an earlier one, put back
 };
 
-/// Whether the touchscreen took what it was sent.
-enum class WrittenState { Yes, No, Unknown };
+/// How much of what it was sent the touchscreen has taken.
+enum class WrittenState { Yes, Partly, No, Unknown };
 
 /// How well a calibration fits the touches that it was made from.
 struct CalibrationFit {
   std::int32_t targets = 0;
   TouchErrors pixels = {};
   std::optional<TouchErrors> millimetres = {};  ///< when the screen's size was known
-  Size surface = {};                            ///< that the targets lay on, in points
-  std::vector<LandedTouch> touches = {};        ///< in points of the surface, y upwards
+  Size screen = {};                             ///< that the targets were shown on, in points
+  std::vector<LandedTouch> touches = {};        ///< in logical units, 0..32767 on both axes, y from the top
   bool operator==(const CalibrationFit&) const = default;
 };
 

@@ -13,7 +13,7 @@ namespace {
 
 /// Seconds from 1970 to the end of the year 9999, the last that dates are made for.
 constexpr std::int64_t kLastSecond = 253402300799;
-/// In points, pixels or millimetres: far beyond any screen.
+/// In points, pixels, millimetres or logical units: far beyond any screen.
 constexpr double kLongestDistance = 1e6;
 
 template <typename Choice>
@@ -26,8 +26,10 @@ constexpr auto kEvents = std::to_array<Word<CalibrationEvent>>({{CalibrationEven
                                                                 {CalibrationEvent::Accepted, "accepted"},
                                                                 {CalibrationEvent::Reset, "reset"},
                                                                 {CalibrationEvent::Restored, "restored"}});
-constexpr auto kWrittenStates = std::to_array<Word<WrittenState>>(
-    {{WrittenState::Yes, "yes"}, {WrittenState::No, "no"}, {WrittenState::Unknown, "unknown"}});
+constexpr auto kWrittenStates = std::to_array<Word<WrittenState>>({{WrittenState::Yes, "yes"},
+                                                                   {WrittenState::Partly, "partly"},
+                                                                   {WrittenState::No, "no"},
+                                                                   {WrittenState::Unknown, "unknown"}});
 
 template <typename Choice, std::size_t size>
 std::string wordOf(const std::array<Word<Choice>, size>& words, Choice choice) {
@@ -85,16 +87,16 @@ std::optional<CalibrationFit> decodedFit(const Dictionary& record) {
   CalibrationFit fit{
       .targets = record.integer(record_key::kTargets),
       .pixels = {realOf(record, record_key::kMeanPixels), realOf(record, record_key::kLargestPixels)},
-      .surface = {static_cast<float>(realOf(record, record_key::kWidth)),
-                  static_cast<float>(realOf(record, record_key::kHeight))},
+      .screen = {static_cast<float>(realOf(record, record_key::kWidth)),
+                 static_cast<float>(realOf(record, record_key::kHeight))},
       .touches = std::move(*touches)};
   if (record.contains(record_key::kMeanMillimetres))
     fit.millimetres = {realOf(record, record_key::kMeanMillimetres),
                        realOf(record, record_key::kLargestMillimetres)};
   const bool sensible = fit.targets > 0 && fit.targets <= kMaximumTargets &&
                         std::cmp_less_equal(fit.touches.size(), fit.targets) && isSensible(fit.pixels) &&
-                        (!fit.millimetres || isSensible(*fit.millimetres)) && isDistance(fit.surface.width) &&
-                        isDistance(fit.surface.height) && fit.surface.width > 0 && fit.surface.height > 0;
+                        (!fit.millimetres || isSensible(*fit.millimetres)) && isDistance(fit.screen.width) &&
+                        isDistance(fit.screen.height) && fit.screen.width > 0 && fit.screen.height > 0;
   if (!sensible) return std::nullopt;
   return fit;
 }
@@ -121,8 +123,8 @@ Dictionary encodedRecord(const CalibrationRecord& record) {
     encoded.set(record_key::kMeanMillimetres, millimetres->mean);
     encoded.set(record_key::kLargestMillimetres, millimetres->largest);
   }
-  encoded.set(record_key::kWidth, double{record.fit->surface.width});
-  encoded.set(record_key::kHeight, double{record.fit->surface.height});
+  encoded.set(record_key::kWidth, double{record.fit->screen.width});
+  encoded.set(record_key::kHeight, double{record.fit->screen.height});
   encoded.set(record_key::kTouches, packed(record.fit->touches));
   return encoded;
 }

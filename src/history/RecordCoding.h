@@ -14,13 +14,13 @@ inline constexpr std::int32_t kMaximumTargets = 25;
 namespace record_key {
 inline constexpr char kTime[] = "Time";        ///< seconds since 1970, UTC
 inline constexpr char kEvent[] = "Event";      ///< "found", "replaced", "accepted", "reset", "restored"
-inline constexpr char kWritten[] = "Written";  ///< "yes", "no", "unknown"
+inline constexpr char kWritten[] = "Written";  ///< "yes", "partly", "no", "unknown"
 inline constexpr char kDeviceContext[] = "DeviceContext";  ///< 293 bytes
 // The rest is there only when the errors of the fit are known.
 inline constexpr char kTargets[] = "Targets";
 inline constexpr char kMeanPixels[] = "MeanPixels", kLargestPixels[] = "LargestPixels";
 inline constexpr char kMeanMillimetres[] = "MeanMillimetres", kLargestMillimetres[] = "LargestMillimetres";
-inline constexpr char kWidth[] = "Width", kHeight[] = "Height";  ///< of the surface, in points
+inline constexpr char kWidth[] = "Width", kHeight[] = "Height";  ///< of the screen, in points
 inline constexpr char kTouches[] = "Touches";  ///< four float32 each: x and y of the target, x and y landed
 }  // namespace record_key
 

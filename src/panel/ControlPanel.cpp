@@ -43,6 +43,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       statusLine_(statusArea_),
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),
+      factsArea_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
   makeLabelsSpoken();
@@ -75,7 +76,9 @@ ControllerPorts ControlPanel::controllerPorts() {
           .screen = screen_,
           .cursor = cursor_,
           .presentation = presentation_,
-          .statusLine = statusLine_};
+          .statusLine = statusLine_,
+          .history = platform_.history,
+          .facts = factsArea_};
 }
 
 void ControlPanel::start() {

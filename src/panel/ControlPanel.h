@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/MyController.h"
+#include "panel/FactsArea.h"
 #include "panel/PanelControls.h"
 #include "panel/PanelPlatform.h"
 #include "panel/SheetDialog.h"
@@ -69,6 +70,7 @@ class ControlPanel {
   TranslatedStatusLine statusLine_;
   TranslatedWaitNotice waitNotice_;
   TryOutPage tryOutPage_;
+  FactsArea factsArea_;
   PanelControls controls_;
   MyController controller_;
 };

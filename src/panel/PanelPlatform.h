@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "app/EarlierCalibrations.h"
 #include "config/DataSet.h"
 #include "platform/Clock.h"
 #include "platform/Diagnostics.h"
@@ -21,6 +22,7 @@ struct PanelPlatform {
   Clock& clock;
   Diagnostics& diagnostics;
   ConfigPaths paths;
+  HistoryPorts history;
   std::vector<LibraryInUse> libraries = {};  ///< without Qt, which the panel adds itself
 };
 

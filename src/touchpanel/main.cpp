@@ -3,12 +3,15 @@
 #include "panel/ControlPanel.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/files/LibplistFiles.h"
+#include "providers/files/OwnDirectoryFiles.h"
 #include "providers/linux/dbus/DriverServiceClient.h"
 #include "providers/linux/desktop/GSettingsDoubleClick.h"
 #include "providers/linux/desktop/JoinedDoubleClick.h"
 #include "providers/linux/usb/LibusbBus.h"
 #include "providers/process/BlockingClock.h"
 #include "providers/process/StandardOutput.h"
+#include "providers/process/SystemTime.h"
+#include "providers/process/UserDirectories.h"
 
 /// The control panel on a real machine.
 int main(int argc, char** argv) {
@@ -16,7 +19,9 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   BlockingClock clock;
   StandardOutput diagnostics;
+  SystemTime time;
   files::LibplistFiles files;
+  files::OwnDirectoryFiles historyFiles(files);
   LibusbBus usb(TOUCH_VENDOR_ID);
   DriverServiceClient service(diagnostics);
   GSettingsDoubleClick desktop;
@@ -28,6 +33,7 @@ int main(int argc, char** argv) {
                       .clock = clock,
                       .diagnostics = diagnostics,
                       .paths = ConfigPaths::in(kConfigDirectory),
+                      .history = {historyFiles, time, userStateDirectory() + "/touchpanel/history"},
                       .libraries = {libusbInUse(),
                                     files::libplistInUse(),
                                     files::expatInUse(),

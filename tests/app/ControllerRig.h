@@ -11,12 +11,19 @@
 #include "support/FakeRunLoop.h"
 #include "support/FakeScreen.h"
 #include "support/FakeUsb.h"
+#include "support/FakeWallClock.h"
 #include "support/RecordingDiagnostics.h"
 #include "support/RecordingWaitNotice.h"
 
 namespace touchpanel::testing {
 
 using FakeInterface = Interface<FakeKit>;
+
+struct RecordingFactsView final : FactsView {
+  void show(const DeviceFacts& facts) override { shown = facts; }
+
+  DeviceFacts shown;
+};
 
 /// What a controller needs beside a registry, USB and files: doubles.
 struct ControllerRig {
@@ -28,7 +35,9 @@ struct ControllerRig {
             screen,
             cursor,
             presentation,
-            statusLine};
+            statusLine,
+            {historyFiles, wallClock, "/state"},
+            facts};
   }
 
   FakeInterface interface;
@@ -43,6 +52,9 @@ struct ControllerRig {
   RecordingDiagnostics diagnostics;
   RecordingStatusLine statusLine;
   RecordingWaitNotice waitNotice;
+  FakePropertyListFiles historyFiles;
+  FakeWallClock wallClock;
+  RecordingFactsView facts;
   ProcessState process;
 };
 

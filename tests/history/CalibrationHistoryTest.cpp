@@ -53,9 +53,9 @@ struct CalibrationHistoryTest : ::testing::Test {
 
 TEST_F(CalibrationHistoryTest, KeepsWhatWasFoundWhatWasReplacedAndTheLastTwenty) {
   EXPECT_TRUE(kept().empty());
-  EXPECT_TRUE(history.keep(kKey, contextNumber(0), acceptedNumber(1)));
-  EXPECT_TRUE(history.keep(kKey, contextNumber(1), acceptedNumber(2)));
-  EXPECT_TRUE(history.keep(kKey, contextNumber(7), acceptedNumber(8)))
+  EXPECT_EQ(history.keep(kKey, contextNumber(0), acceptedNumber(1)), kSuccess);
+  EXPECT_EQ(history.keep(kKey, contextNumber(1), acceptedNumber(2)), kSuccess);
+  EXPECT_EQ(history.keep(kKey, contextNumber(7), acceptedNumber(8)), kSuccess)
       << "another program calibrated meanwhile";
   EXPECT_THAT(kept(), ElementsAre(std::pair(AsFound, 0), std::pair(Accepted, 1), std::pair(Accepted, 2),
                                   std::pair(Replaced, 7), std::pair(Accepted, 8)));
@@ -70,7 +70,7 @@ TEST_F(CalibrationHistoryTest, KeepsWhatWasFoundWhatWasReplacedAndTheLastTwenty)
 
   const auto before = files.files;
   files.writeStatus = kErrorNoSpace;
-  EXPECT_FALSE(history.keep(kKey, contextNumber(39), acceptedNumber(40)));
+  EXPECT_EQ(history.keep(kKey, contextNumber(39), acceptedNumber(40)), kErrorNoSpace);
   EXPECT_EQ(files.files, before);
 }
 
@@ -82,7 +82,7 @@ TEST_F(CalibrationHistoryTest, GivesBackEveryPartOfARecord) {
   record.fit = {.targets = 4,
                 .pixels = {1.5, 3},
                 .millimetres = TouchErrors{0.25, 1},
-                .surface = {1920, 1080},
+                .screen = {1920, 1080},
                 .touches = {{{96, 1026}, {97.5F, -3}}, {{0, 0}, {1, 2}}}};
   for (const bool inMillimetres : {true, false}) {
     if (!inMillimetres) record.fit->millimetres.reset();
@@ -102,7 +102,7 @@ TEST_F(CalibrationHistoryTest, LeavesOutWhatIsNoSensibleRecordButLeavesItInTheFi
   whole.fit = {.targets = 4,
                .pixels = {1, 2},
                .millimetres = TouchErrors{1, 2},
-               .surface = {100, 50},
+               .screen = {100, 50},
                .touches = {{{1, 1}, {2, 2}}}};
   auto senseless = contextNumber(0);
   senseless.CalibParams.Y.A00 = std::numeric_limits<float>::infinity();
@@ -136,7 +136,7 @@ TEST_F(CalibrationHistoryTest, LeavesOutWhatIsNoSensibleRecordButLeavesItInTheFi
   history.keep(kKey, contextNumber(0), acceptedNumber(1));
   replaceRecord(1, "damaged");
   EXPECT_TRUE(history.read(kKey).isDamaged);
-  EXPECT_TRUE(history.keep(kKey, contextNumber(1), acceptedNumber(2)));
+  EXPECT_EQ(history.keep(kKey, contextNumber(1), acceptedNumber(2)), kSuccess);
   EXPECT_THAT(kept(), ElementsAre(std::pair(AsFound, 0), std::pair(Replaced, 1), std::pair(Accepted, 2)));
   EXPECT_EQ(files.files.at(kPath).array("Records")->at(1), Value("damaged"));
 }
@@ -152,7 +152,7 @@ TEST_F(CalibrationHistoryTest, ReadsAndOverwritesNoFileThatIsNotItsOwn) {
     foreign.set(key, value);
     files.files[kPath] = foreign;
     EXPECT_TRUE(history.read(kKey).isDamaged && kept().empty()) << key;
-    EXPECT_FALSE(history.keep(kKey, contextNumber(1), acceptedNumber(2))) << key;
+    EXPECT_EQ(history.keep(kKey, contextNumber(1), acceptedNumber(2)), kErrorUnsupported) << key;
     EXPECT_EQ(files.files.at(kPath), foreign) << key;
   }
 }

@@ -14,6 +14,7 @@
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/FakeClock.h"
 #include "support/FakePropertyListFiles.h"
+#include "support/FakeWallClock.h"
 #include "support/RecordingDiagnostics.h"
 
 namespace touchpanel::testing {
@@ -107,6 +108,7 @@ struct PanelRig : ::testing::Test {
   FakeClock clock;
   FakePropertyListFiles files;
   RecordingDiagnostics diagnostics;
+  FakeWallClock wallClock;
   simulated::SimulatedTouchscreens machine;
   ControlPanel panel{{.usbNotifications = machine.usb(),
                       .usbServices = machine.usb(),
@@ -114,7 +116,8 @@ struct PanelRig : ::testing::Test {
                       .files = files,
                       .clock = clock,
                       .diagnostics = diagnostics,
-                      .paths = ConfigPaths::in("/etc/panel")}};
+                      .paths = ConfigPaths::in("/etc/panel"),
+                      .history = {files, wallClock, "/state"}}};
   UserInput user;
   std::chrono::microseconds now{0};
 };

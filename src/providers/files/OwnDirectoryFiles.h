@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/PropertyListFiles.h"
+
+namespace touchpanel::files {
+
+/// Decorator: files in a directory that is this program's own, which is made when the first of them is written,
+/// with what is missing above it, for nobody but the user.
+class OwnDirectoryFiles final : public PropertyListFiles {
+ public:
+  /// `files` is not owned.
+  explicit OwnDirectoryFiles(PropertyListFiles& files) : files_(files) {}
+
+  std::optional<Dictionary> read(const std::string& path) override { return files_.read(path); }
+  Status writeAtomically(const std::string& path, const Dictionary& contents) override;
+
+ private:
+  PropertyListFiles& files_;
+};
+
+}  // namespace touchpanel::files
