@@ -1,6 +1,7 @@
 #include <QApplication>
 
 #include "panel/ControlPanel.h"
+#include "panel/SingleInstance.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/files/OwnDirectoryFiles.h"
@@ -16,7 +17,10 @@
 /// The control panel on a real machine.
 int main(int argc, char** argv) {
   using namespace touchpanel;
+  const auto token = activationToken();
   const QApplication application(argc, argv);
+  const SingleInstance instance("touchpanel", token);
+  if (!instance.isFirst()) return 0;
   BlockingClock clock;
   StandardOutput diagnostics;
   SystemTime time;
