@@ -816,16 +816,8 @@
         <translation>Die Bereichskalibrierung von %1 hat begonnen.</translation>
     </message>
     <message>
-        <source>The new calibration of %1 was accepted.</source>
-        <translation>Die neue Kalibrierung von %1 wurde übernommen.</translation>
-    </message>
-    <message>
         <source>The calibration of %1 ended; nothing was written to the touchscreen.</source>
         <translation>Die Kalibrierung von %1 wurde beendet; in den Touchscreen wurde nichts geschrieben.</translation>
-    </message>
-    <message>
-        <source>A reset of the calibration was sent to %1.</source>
-        <translation>Das Zurücksetzen der Kalibrierung wurde an %1 gesendet.</translation>
     </message>
     <message>
         <source>Touch was enabled on %1.</source>
@@ -840,13 +832,6 @@
         <translation>
             <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet und gespeichert.</numerusform>
             <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet und gespeichert.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start.</source>
-        <translation>
-            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet, konnten aber nicht für den nächsten Start gespeichert werden.</numerusform>
-            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet, konnten aber nicht für den nächsten Start gespeichert werden.</numerusform>
         </translation>
     </message>
     <message>
@@ -918,10 +903,6 @@
         <translation>der Touch-Treiberdienst kennt diesen Touchscreen nicht mehr</translation>
     </message>
     <message>
-        <source>you are not permitted to change its settings</source>
-        <translation>Sie dürfen seine Einstellungen nicht ändern</translation>
-    </message>
-    <message>
         <source>the touch driver service refused it</source>
         <translation>der Touch-Treiberdienst hat es abgelehnt</translation>
     </message>
@@ -948,6 +929,201 @@
     <message>
         <source>the file cannot be written</source>
         <translation>die Datei kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>What was to be written to %1 is written now.</source>
+        <translation>Was in %1 geschrieben werden sollte, ist jetzt geschrieben.</translation>
+    </message>
+    <message>
+        <source>%1 could not be written this time either: %2.</source>
+        <translation>Auch diesmal konnte %1 nicht geschrieben werden: %2.</translation>
+    </message>
+    <message>
+        <source>Only part was written to %1: %2.</source>
+        <translation>In %1 wurde nur ein Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>Whether %1 is written now is not known: %2.</source>
+        <translation>Ob %1 jetzt geschrieben ist, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is written and in use.</source>
+        <translation>Die neue Kalibrierung von %1 ist geschrieben und in Gebrauch.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is in use, but was not written: %2.</source>
+        <translation>Die neue Kalibrierung von %1 ist in Gebrauch, wurde aber nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is in use, but was written only in part: %2.</source>
+        <translation>Die neue Kalibrierung von %1 ist in Gebrauch, wurde aber nur zum Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is in use, but whether it was written is not known: %2.</source>
+        <translation>Die neue Kalibrierung von %1 ist in Gebrauch; ob sie geschrieben wurde, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is written, but not confirmed to be in use: %2.</source>
+        <translation>Die neue Kalibrierung von %1 ist geschrieben, ihr Gebrauch aber nicht bestätigt: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is not confirmed to be in use, and was not written: %2.</source>
+        <translation>Der Gebrauch der neuen Kalibrierung von %1 ist nicht bestätigt, und sie wurde nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is not confirmed to be in use, and was written only in part: %2.</source>
+        <translation>Der Gebrauch der neuen Kalibrierung von %1 ist nicht bestätigt, und sie wurde nur zum Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is not confirmed to be in use, and whether it was written is not known: %2.</source>
+        <translation>Der Gebrauch der neuen Kalibrierung von %1 ist nicht bestätigt, und ob sie geschrieben wurde, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>%1 has no calibration any more; that is written and in force.</source>
+        <translation>%1 hat keine Kalibrierung mehr; das ist geschrieben und wirksam.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is in force, but was not written: %2.</source>
+        <translation>Das Zurücksetzen von %1 ist wirksam, wurde aber nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is in force, but was written only in part: %2.</source>
+        <translation>Das Zurücksetzen von %1 ist wirksam, wurde aber nur zum Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is in force, but whether it was written is not known: %2.</source>
+        <translation>Das Zurücksetzen von %1 ist wirksam; ob es geschrieben wurde, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is written, but not confirmed to be in force: %2.</source>
+        <translation>Das Zurücksetzen von %1 ist geschrieben, seine Wirkung aber nicht bestätigt: %2.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is not confirmed to be in force, and was not written: %2.</source>
+        <translation>Die Wirkung des Zurücksetzens von %1 ist nicht bestätigt, und es wurde nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is not confirmed to be in force, and was written only in part: %2.</source>
+        <translation>Die Wirkung des Zurücksetzens von %1 ist nicht bestätigt, und es wurde nur zum Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is not confirmed to be in force, and whether it was written is not known: %2.</source>
+        <translation>Die Wirkung des Zurücksetzens von %1 ist nicht bestätigt, und ob es geschrieben wurde, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is written and in use again.</source>
+        <translation>Die frühere Kalibrierung von %1 ist geschrieben und wieder in Gebrauch.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is in use, but was not written: %2.</source>
+        <translation>Die frühere Kalibrierung von %1 ist in Gebrauch, wurde aber nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is in use, but was written only in part: %2.</source>
+        <translation>Die frühere Kalibrierung von %1 ist in Gebrauch, wurde aber nur zum Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is in use, but whether it was written is not known: %2.</source>
+        <translation>Die frühere Kalibrierung von %1 ist in Gebrauch; ob sie geschrieben wurde, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is written, but not confirmed to be in use: %2.</source>
+        <translation>Die frühere Kalibrierung von %1 ist geschrieben, ihr Gebrauch aber nicht bestätigt: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is not confirmed to be in use, and was not written: %2.</source>
+        <translation>Der Gebrauch der früheren Kalibrierung von %1 ist nicht bestätigt, und sie wurde nicht geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is not confirmed to be in use, and was written only in part: %2.</source>
+        <translation>Der Gebrauch der früheren Kalibrierung von %1 ist nicht bestätigt, und sie wurde nur zum Teil geschrieben: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is not confirmed to be in use, and whether it was written is not known: %2.</source>
+        <translation>Der Gebrauch der früheren Kalibrierung von %1 ist nicht bestätigt, und ob sie geschrieben wurde, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>no calibration fits these touches</source>
+        <translation>keine Kalibrierung passt zu diesen Berührungen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be calibrated now: %2.</source>
+        <translation>%1 kann jetzt nicht kalibriert werden: %2.</translation>
+    </message>
+    <message>
+        <source>The calibration of %1 ended; nothing was written, and what is in use is not known: %2.</source>
+        <translation>Die Kalibrierung von %1 ist beendet; geschrieben wurde nichts, und was in Gebrauch ist, ist nicht bekannt: %2.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 stays in use; nothing was written to the touchscreen.</source>
+        <translation>Die neue Kalibrierung von %1 bleibt in Gebrauch; in den Touchscreen wurde nichts geschrieben.</translation>
+    </message>
+    <message>
+        <source>The calibration of %1 ended; nothing was written, but the driver did not confirm that it went back: %2.</source>
+        <translation>Die Kalibrierung von %1 ist beendet; geschrieben wurde nichts, aber der Treiber hat die Rückkehr nicht bestätigt: %2.</translation>
+    </message>
+    <message>
+        <source>The settings are saved for the next start, but %1 did not take them: %2.</source>
+        <translation>Die Einstellungen sind für den nächsten Start gespeichert, %1 hat sie aber nicht übernommen: %2.</translation>
+    </message>
+    <message>
+        <source>The settings are not saved, and %1 did not take them: %2.</source>
+        <translation>Die Einstellungen sind nicht gespeichert, und %1 hat sie nicht übernommen: %2.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved, but %1 did not take them: %2.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet und gespeichert, %1 hat sie aber nicht übernommen: %2.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet und gespeichert, %1 hat sie aber nicht übernommen: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but not saved, and %1 did not take them: %2.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet, aber nicht gespeichert, und %1 hat sie nicht übernommen: %2.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet, aber nicht gespeichert, und %1 hat sie nicht übernommen: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved, but the double click was not set: %2.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet und gespeichert, der Doppelklick wurde aber nicht eingestellt: %2.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet und gespeichert, der Doppelklick wurde aber nicht eingestellt: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but not saved, and the double click was not set: %2.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet, aber nicht gespeichert, und der Doppelklick wurde nicht eingestellt: %2.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet, aber nicht gespeichert, und der Doppelklick wurde nicht eingestellt: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start: %2.</source>
+        <translation>
+            <numerusform>Die Einstellungen wurden an %n Touchscreen gesendet, konnten aber nicht für den nächsten Start gespeichert werden: %2.</numerusform>
+            <numerusform>Die Einstellungen wurden an %n Touchscreens gesendet, konnten aber nicht für den nächsten Start gespeichert werden: %2.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>It is not confirmed that touch was enabled on %1: %2.</source>
+        <translation>Es ist nicht bestätigt, dass Touch auf %1 eingeschaltet wurde: %2.</translation>
+    </message>
+    <message>
+        <source>It is not confirmed that touch was disabled on %1: %2.</source>
+        <translation>Es ist nicht bestätigt, dass Touch auf %1 ausgeschaltet wurde: %2.</translation>
+    </message>
+    <message>
+        <source>Touch was not enabled on %1: %2.</source>
+        <translation>Touch wurde auf %1 nicht eingeschaltet: %2.</translation>
+    </message>
+    <message>
+        <source>Touch was not disabled on %1: %2.</source>
+        <translation>Touch wurde auf %1 nicht ausgeschaltet: %2.</translation>
+    </message>
+    <message>
+        <source>you are not permitted to change settings of touchscreens</source>
+        <translation>Sie dürfen Einstellungen von Touchscreens nicht ändern</translation>
     </message>
 </context>
 <context>

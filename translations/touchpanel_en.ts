@@ -11,10 +11,38 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start.</source>
+        <source>Settings were sent to %n touchscreen(s) and saved, but %1 did not take them: %2.</source>
         <translation>
-            <numerusform>Settings were sent to %n touchscreen, but could not be saved for the next start.</numerusform>
-            <numerusform>Settings were sent to %n touchscreens, but could not be saved for the next start.</numerusform>
+            <numerusform>Settings were sent to %n touchscreen and saved, but %1 did not take them: %2.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens and saved, but %1 did not take them: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but not saved, and %1 did not take them: %2.</source>
+        <translation>
+            <numerusform>Settings were sent to %n touchscreen, but not saved, and %1 did not take them: %2.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens, but not saved, and %1 did not take them: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved, but the double click was not set: %2.</source>
+        <translation>
+            <numerusform>Settings were sent to %n touchscreen and saved, but the double click was not set: %2.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens and saved, but the double click was not set: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but not saved, and the double click was not set: %2.</source>
+        <translation>
+            <numerusform>Settings were sent to %n touchscreen, but not saved, and the double click was not set: %2.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens, but not saved, and the double click was not set: %2.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start: %2.</source>
+        <translation>
+            <numerusform>Settings were sent to %n touchscreen, but could not be saved for the next start: %2.</numerusform>
+            <numerusform>Settings were sent to %n touchscreens, but could not be saved for the next start: %2.</numerusform>
         </translation>
     </message>
 </context>

@@ -816,16 +816,8 @@
         <translation>%1 的区域校准已开始。</translation>
     </message>
     <message>
-        <source>The new calibration of %1 was accepted.</source>
-        <translation>%1 的新校准已采用。</translation>
-    </message>
-    <message>
         <source>The calibration of %1 ended; nothing was written to the touchscreen.</source>
         <translation>%1 的校准已结束，未写入触摸屏。</translation>
-    </message>
-    <message>
-        <source>A reset of the calibration was sent to %1.</source>
-        <translation>已向 %1 发送校准重置命令。</translation>
     </message>
     <message>
         <source>Touch was enabled on %1.</source>
@@ -839,12 +831,6 @@
         <source>Settings were sent to %n touchscreen(s) and saved.</source>
         <translation>
             <numerusform>设置已发送到 %n 个触摸屏并已保存。</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start.</source>
-        <translation>
-            <numerusform>设置已发送到 %n 个触摸屏，但未能保存供下次启动使用。</numerusform>
         </translation>
     </message>
     <message>
@@ -916,10 +902,6 @@
         <translation>触摸驱动服务中已没有此触摸屏</translation>
     </message>
     <message>
-        <source>you are not permitted to change its settings</source>
-        <translation>您没有更改其设置的权限</translation>
-    </message>
-    <message>
         <source>the touch driver service refused it</source>
         <translation>触摸驱动服务拒绝了请求</translation>
     </message>
@@ -946,6 +928,196 @@
     <message>
         <source>the file cannot be written</source>
         <translation>无法写入该文件</translation>
+    </message>
+    <message>
+        <source>What was to be written to %1 is written now.</source>
+        <translation>要写入 %1 的内容现已写入。</translation>
+    </message>
+    <message>
+        <source>%1 could not be written this time either: %2.</source>
+        <translation>这次仍未能写入 %1：%2。</translation>
+    </message>
+    <message>
+        <source>Only part was written to %1: %2.</source>
+        <translation>只有一部分写入了 %1：%2。</translation>
+    </message>
+    <message>
+        <source>Whether %1 is written now is not known: %2.</source>
+        <translation>%1 现在是否已写入尚不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is written and in use.</source>
+        <translation>%1 的新校准已写入并生效。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is in use, but was not written: %2.</source>
+        <translation>%1 的新校准已生效，但未写入：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is in use, but was written only in part: %2.</source>
+        <translation>%1 的新校准已生效，但只写入了一部分：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is in use, but whether it was written is not known: %2.</source>
+        <translation>%1 的新校准已生效，但是否已写入尚不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is written, but not confirmed to be in use: %2.</source>
+        <translation>%1 的新校准已写入，但未确认生效：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is not confirmed to be in use, and was not written: %2.</source>
+        <translation>%1 的新校准未确认生效，也未写入：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is not confirmed to be in use, and was written only in part: %2.</source>
+        <translation>%1 的新校准未确认生效，且只写入了一部分：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is not confirmed to be in use, and whether it was written is not known: %2.</source>
+        <translation>%1 的新校准未确认生效，是否已写入也不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>%1 has no calibration any more; that is written and in force.</source>
+        <translation>%1 已没有校准；此更改已写入并生效。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is in force, but was not written: %2.</source>
+        <translation>%1 的重置已生效，但未写入：%2。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is in force, but was written only in part: %2.</source>
+        <translation>%1 的重置已生效，但只写入了一部分：%2。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is in force, but whether it was written is not known: %2.</source>
+        <translation>%1 的重置已生效，但是否已写入尚不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is written, but not confirmed to be in force: %2.</source>
+        <translation>%1 的重置已写入，但未确认生效：%2。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is not confirmed to be in force, and was not written: %2.</source>
+        <translation>%1 的重置未确认生效，也未写入：%2。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is not confirmed to be in force, and was written only in part: %2.</source>
+        <translation>%1 的重置未确认生效，且只写入了一部分：%2。</translation>
+    </message>
+    <message>
+        <source>The reset of %1 is not confirmed to be in force, and whether it was written is not known: %2.</source>
+        <translation>%1 的重置未确认生效，是否已写入也不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is written and in use again.</source>
+        <translation>%1 的早期校准已写入并重新生效。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is in use, but was not written: %2.</source>
+        <translation>%1 的早期校准已生效，但未写入：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is in use, but was written only in part: %2.</source>
+        <translation>%1 的早期校准已生效，但只写入了一部分：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is in use, but whether it was written is not known: %2.</source>
+        <translation>%1 的早期校准已生效，但是否已写入尚不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is written, but not confirmed to be in use: %2.</source>
+        <translation>%1 的早期校准已写入，但未确认生效：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is not confirmed to be in use, and was not written: %2.</source>
+        <translation>%1 的早期校准未确认生效，也未写入：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is not confirmed to be in use, and was written only in part: %2.</source>
+        <translation>%1 的早期校准未确认生效，且只写入了一部分：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is not confirmed to be in use, and whether it was written is not known: %2.</source>
+        <translation>%1 的早期校准未确认生效，是否已写入也不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>no calibration fits these touches</source>
+        <translation>没有校准能符合这些触摸</translation>
+    </message>
+    <message>
+        <source>%1 cannot be calibrated now: %2.</source>
+        <translation>现在无法校准 %1：%2。</translation>
+    </message>
+    <message>
+        <source>The calibration of %1 ended; nothing was written, and what is in use is not known: %2.</source>
+        <translation>%1 的校准已结束；未写入任何内容，当前生效的内容尚不清楚：%2。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 stays in use; nothing was written to the touchscreen.</source>
+        <translation>%1 的新校准继续生效；未向触摸屏写入任何内容。</translation>
+    </message>
+    <message>
+        <source>The calibration of %1 ended; nothing was written, but the driver did not confirm that it went back: %2.</source>
+        <translation>%1 的校准已结束；未写入任何内容，但驱动程序未确认已恢复：%2。</translation>
+    </message>
+    <message>
+        <source>The settings are saved for the next start, but %1 did not take them: %2.</source>
+        <translation>设置已保存供下次启动使用，但 %1 未采用：%2。</translation>
+    </message>
+    <message>
+        <source>The settings are not saved, and %1 did not take them: %2.</source>
+        <translation>设置未保存，且 %1 未采用：%2。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved, but %1 did not take them: %2.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏并已保存，但 %1 未采用：%2。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but not saved, and %1 did not take them: %2.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏，但未保存，且 %1 未采用：%2。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s) and saved, but the double click was not set: %2.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏并已保存，但双击未设置：%2。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but not saved, and the double click was not set: %2.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏，但未保存，且双击未设置：%2。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Settings were sent to %n touchscreen(s), but could not be saved for the next start: %2.</source>
+        <translation>
+            <numerusform>设置已发送到 %n 个触摸屏，但无法保存供下次启动使用：%2。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>It is not confirmed that touch was enabled on %1: %2.</source>
+        <translation>未能确认 %1 的触摸已启用：%2。</translation>
+    </message>
+    <message>
+        <source>It is not confirmed that touch was disabled on %1: %2.</source>
+        <translation>未能确认 %1 的触摸已停用：%2。</translation>
+    </message>
+    <message>
+        <source>Touch was not enabled on %1: %2.</source>
+        <translation>%1 的触摸未启用：%2。</translation>
+    </message>
+    <message>
+        <source>Touch was not disabled on %1: %2.</source>
+        <translation>%1 的触摸未停用：%2。</translation>
+    </message>
+    <message>
+        <source>you are not permitted to change settings of touchscreens</source>
+        <translation>您没有更改触摸屏设置的权限</translation>
     </message>
 </context>
 <context>

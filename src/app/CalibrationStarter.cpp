@@ -31,11 +31,11 @@ void CalibrationStarter::start(std::unique_ptr<View>& view, std::unique_ptr<RunW
   window.reset();
   const auto frame = screen_.mainScreenFrame();
   view = std::make_unique<View>(frame, ports_);
-  window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_), controller_, facts_,
-                                       statusLine_, state_.currentDict->text(entry_key::kSN));
+  window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_), view->run(),
+                                       controller_, writes_, facts_, statusLine_);
   view->setWindow(*window);
   view->setCalibrateDict(state_.currentDict, *window);
-  window->present(*view);
+  if (!view->run().isOver()) window->present(*view);
 }
 
 }  // namespace touchpanel

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "app/CalibrationWrites.h"
 #include "app/ControllerState.h"
 #include "app/RunWindow.h"
 #include "calibration/Calibration.h"
@@ -24,10 +25,12 @@ class CalibrationStarter {
  public:
   /// `controller` is called after an accepted result; it must outlive the runs.
   CalibrationStarter(const ControllerState& state, const CalibrationPorts& ports, Screen& screen,
-                     SelectedDeviceFacts& facts, StatusLine& statusLine, TableReloader& controller)
+                     CalibrationWrites& writes, SelectedDeviceFacts& facts, StatusLine& statusLine,
+                     TableReloader& controller)
       : state_(state),
         ports_(ports),
         screen_(screen),
+        writes_(writes),
         facts_(facts),
         statusLine_(statusLine),
         controller_(controller) {}
@@ -47,6 +50,7 @@ class CalibrationStarter {
   const ControllerState& state_;
   CalibrationPorts ports_;
   Screen& screen_;
+  CalibrationWrites& writes_;
   SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;
   TableReloader& controller_;

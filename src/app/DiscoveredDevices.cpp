@@ -5,8 +5,14 @@
 namespace touchpanel {
 
 DiscoveredDevices::DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
-                                     SelectedDeviceFacts& facts, StatusLine& statusLine)
-    : outlets_(outlets), state_(state), table_(table), facts_(facts), statusLine_(statusLine) {}
+                                     CalibrationWrites& writes, SelectedDeviceFacts& facts,
+                                     StatusLine& statusLine)
+    : outlets_(outlets),
+      state_(state),
+      table_(table),
+      writes_(writes),
+      facts_(facts),
+      statusLine_(statusLine) {}
 
 void DiscoveredDevices::reloadDeviceTable() {
   outlets_.deviceTableView.reloadData();
@@ -17,6 +23,7 @@ void DiscoveredDevices::reloadDeviceTable() {
   if (list.size() < shown_)
     statusLine_.show({TRANSLATABLE_TEXT("StatusLine", "A touchscreen was unplugged.")});
   shown_ = list.size();
+  writes_.update();
   facts_.update();
 }
 

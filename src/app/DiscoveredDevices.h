@@ -2,6 +2,7 @@
 
 #include <cstddef>
 
+#include "app/CalibrationWrites.h"
 #include "app/DeviceTable.h"
 #include "discovery/DeviceList.h"
 #include "platform/StatusLine.h"
@@ -13,7 +14,7 @@ namespace touchpanel {
 class DiscoveredDevices final : public DeviceListOwner {
  public:
   DiscoveredDevices(const Outlets& outlets, ControllerState& state, DeviceTable& table,
-                    SelectedDeviceFacts& facts, StatusLine& statusLine);
+                    CalibrationWrites& writes, SelectedDeviceFacts& facts, StatusLine& statusLine);
 
   DeviceListArray& deviceListArray() override { return state_.deviceListArray; }
   Dictionary& drvConfigDict() override { return state_.drvConfigDict; }
@@ -24,6 +25,7 @@ class DiscoveredDevices final : public DeviceListOwner {
   const Outlets& outlets_;
   ControllerState& state_;
   DeviceTable& table_;
+  CalibrationWrites& writes_;
   SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;
   std::size_t shown_ = 0;  ///< length of the list at the last status message

@@ -24,6 +24,7 @@ struct MyController::Collaborators {
       : driver(system.registry),
         store(system.usbServices, system.files, system.paths, {system.clock, system.diagnostics},
               system.waitNotice),
+        writes(outlets, state, store, ports.statusLine),
         buttons(outlets, state),
         settings(
             outlets, state, buttons, driver,
@@ -31,14 +32,16 @@ struct MyController::Collaborators {
         earlier(ports.history),
         facts(state, system.registry, earlier, ports.facts),
         table(outlets, state, settings, facts),
-        commands(outlets, state, buttons, driver, store, system.process.DeviceContext, ports.statusLine),
+        commands(outlets, state, buttons, driver, store, writes, system.process.DeviceContext,
+                 ports.statusLine),
         calibrations(state, {driver, system.runLoop, ports.cursor, ports.presentation, store}, ports.screen,
-                     facts, ports.statusLine, controller),
-        devices(outlets, state, table, facts, ports.statusLine),
+                     writes, facts, ports.statusLine, controller),
+        devices(outlets, state, table, writes, facts, ports.statusLine),
         discovery(system, devices) {}
 
   DriverChannel driver;
   ContextStore store;
+  CalibrationWrites writes;
   CommandButtons buttons;
   SettingsSheet settings;
   EarlierCalibrations earlier;
@@ -106,6 +109,8 @@ void MyController::Reset() {
   collaborators_->commands.Reset();
   collaborators_->facts.update();
 }
+
+void MyController::RepeatWrite() { collaborators_->writes.repeat(); }
 
 void MyController::EnableTouch() {
   collaborators_->commands.EnableTouch();

@@ -62,6 +62,8 @@ class MyController final : public TableSource, public TableReloader {
   void Mapping() {}
   /// Blocks while the device is written, for a quarter of a second or more.
   void Reset();
+  /// Writes the calibration again whose write to a touchscreen failed last; nothing when there is none.
+  void RepeatWrite();
   void EnableTouch();
 
   // Settings sheet.

@@ -10,7 +10,7 @@ template <typename Kit>
 struct Interface {
   typename Kit::Table deviceTableView;
   typename Kit::Button btnCalibrate, btnMapping, btnReset, btnSettings, btnExit, btnAbout, btnApply, btnOk;
-  typename Kit::Button btnEnableTouch, btnRebootDevcie;
+  typename Kit::Button btnEnableTouch, btnRebootDevcie, btnRepeatWrite;
   typename Kit::TextField lbDriverVersion;
 
   typename Kit::RadioGroup touchMode;
@@ -52,6 +52,7 @@ Outlets outletsOf(Interface<Kit>& of) {
           of.btnOk,
           of.btnEnableTouch,
           of.btnRebootDevcie,
+          of.btnRepeatWrite,
           of.lbDriverVersion,
           of.touchMode,
           of.singleClickArea,

@@ -1,16 +1,6 @@
 #include "app/RunWindow.h"
 
-#include "platform/Translatable.h"
-
 namespace touchpanel {
-
-RunWindow::RunWindow(std::unique_ptr<FullScreenWindow> window, TableReloader& controller,
-                     SelectedDeviceFacts& facts, StatusLine& statusLine, std::string device)
-    : window_(std::move(window)),
-      controller_(controller),
-      facts_(facts),
-      statusLine_(statusLine),
-      device_(std::move(device)) {}
 
 void RunWindow::present(View& view) {
   window_->setContentView(view);
@@ -22,16 +12,12 @@ void RunWindow::present(View& view) {
 void RunWindow::close() {
   window_->close();
   facts_.update();
-  statusLine_.show(
-      {accepted_ ? TRANSLATABLE_TEXT("StatusLine", "The new calibration of %1 was accepted.")
-                 : TRANSLATABLE_TEXT("StatusLine",
-                                     "The calibration of %1 ended; nothing was written to the touchscreen."),
-       device_});
-}
-
-void RunWindow::reloadTableViewData() {
-  accepted_ = true;
-  controller_.reloadTableViewData();
+  const auto& result = run_.result();
+  const auto sentence = sentenceOf(result, run_.entry()->text(entry_key::kSN));
+  if (result.ending == RunResult::Ending::Accepted)
+    writes_.report(run_.entry(), run_.deviceContext(), result.written, sentence);
+  else
+    statusLine_.show(sentence);
 }
 
 }  // namespace touchpanel

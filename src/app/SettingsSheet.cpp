@@ -33,6 +33,7 @@ void SettingsSheet::Settings() {
   if (!state_.hasSelection()) return ports_.statusLine.show(kNoDeviceSelected);
   state_.bEnableItems = false;
   state_.bSaveSettings = false;
+  applied_ = false;
   outlets_.btnApply.setEnabled(false);
   outlets_.btnRebootDevcie.setEnabled(false);
   ports_.sheets.begin(outlets_.SettingsWindow, outlets_.KeyWindow);
@@ -75,6 +76,7 @@ void SettingsSheet::SettingsDefault() {
 
 void SettingsSheet::SettingsApply() {
   state_.bSaveSettings = true;
+  applied_ = true;
   SaveDriverConfig();
   outlets_.btnApply.setEnabled(false);
 }
@@ -85,7 +87,10 @@ void SettingsSheet::SettingsOk() {
 }
 
 void SettingsSheet::SettingsCancel() {
+  const auto stored = settingsOf(*state_.currentDict);
+  const bool nothingMore = applied_ && controls_.changed(stored) == stored;
   close();
+  if (nothingMore) return;  // what Apply came to stays on the status line
   ports_.statusLine.show({TRANSLATABLE_TEXT("StatusLine", "Settings were closed without applying changes.")});
 }
 
@@ -98,22 +103,31 @@ void SettingsSheet::close() {
 
 void SettingsSheet::SaveDriverConfig() {
   if (!state_.hasSelection()) return ports_.statusLine.show(kNoDeviceSelected);
-  const auto settings = controls_.changed({});
+  auto outcome = applyToAll(controls_.changed({}));
+  UpdateSettings();
+  outcome.file = WriteDriverConfigToFile();
+  ports_.statusLine.show(sentenceOf(outcome));
+}
+
+SettingsOutcome SettingsSheet::applyToAll(const TouchSettings& settings) {
+  SettingsOutcome outcome;
+  const auto keepFirst = [](Status& first, Status status) {
+    if (first == kSuccess) first = status;
+  };
   for (const auto& entry : state_.deviceListArray) {
     const auto hidSystem = registryObjectOf(*entry, entry_key::kHiddevice);
-    driver_.applySettings(registryObjectOf(*entry, entry_key::kHandle), settings);
+    const Status driver = driver_.applySettings(registryObjectOf(*entry, entry_key::kHandle), settings);
+    if (driver == kSuccess)
+      ++outcome.taken;
+    else
+      outcome.notTaken.push_back(entry->text(entry_key::kSN));
+    keepFirst(outcome.driver, driver);
     storeSettings(settings, *entry);
     if (hidSystem != 0)
-      driver_.writeDoubleClick(hidSystem, settings.doubleClickTime, settings.doubleClickArea);
+      keepFirst(outcome.doubleClick,
+                driver_.writeDoubleClick(hidSystem, settings.doubleClickTime, settings.doubleClickArea));
   }
-  UpdateSettings();
-  const auto outcome =
-      WriteDriverConfigToFile() == kSuccess
-          ? TRANSLATABLE_COUNT("StatusLine", "Settings were sent to %n touchscreen(s) and saved.")
-          : TRANSLATABLE_COUNT(
-                "StatusLine",
-                "Settings were sent to %n touchscreen(s), but could not be saved for the next start.");
-  ports_.statusLine.show({.text = outcome, .count = static_cast<int>(state_.deviceListArray.size())});
+  return outcome;
 }
 
 Status SettingsSheet::WriteDriverConfigToFile() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/CommandButtons.h"
+#include "app/OutcomeSentences.h"
 #include "app/SettingsControls.h"
 #include "config/DataSet.h"
 #include "discovery/DriverChannel.h"
@@ -58,6 +59,8 @@ class SettingsSheet {
   void selectionChanged();
 
  private:
+  /// Sends the settings to every listed touchscreen, and to the system, and takes them into the entries.
+  SettingsOutcome applyToAll(const TouchSettings& settings);
   bool isOpen() const { return !state_.bEnableItems; }
   void close();
 
@@ -67,6 +70,7 @@ class SettingsSheet {
   DriverChannel& driver_;
   Ports ports_;
   SettingsControls controls_;
+  bool applied_ = false;  ///< since the sheet was opened
 };
 
 }  // namespace touchpanel

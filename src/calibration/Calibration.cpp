@@ -21,7 +21,7 @@ void Calibration::setCalibrateDict(DeviceEntry entry, TableReloader& controller)
 void Calibration::drawRect(Canvas& canvas) {
   if (run_.isOver()) return;
   if (!run_.driver().probeConfigration(iHandle)) {
-    run_.close();
+    run_.close(kErrorNoDevice);
     return;
   }
   canvas.fillRect({0, 0, fDspWidth, fDspHeight}, kBackgroundBlue);

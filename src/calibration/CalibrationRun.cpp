@@ -26,11 +26,13 @@ void CalibrationRun::begin(DeviceEntry entry, TableReloader& controller,
   pMyController = &controller;
   DeviceContext = contextOf(*currentDict);
   BakDeviceContext = DeviceContext;
-  startCalib(true);
+  const Status capture = startCalib(true);
   timer = ports_.runLoop.startRepeatingTimer(kTick, std::move(timerCallBack));
+  // An instance that is gone is noticed by the probes, where a view makes any.
+  if (capture != kSuccess && capture != kErrorNoDevice) close(capture);
 }
 
-void CalibrationRun::startCalib(bool capture) { ports_.driver.setCapture(handle(), capture); }
+Status CalibrationRun::startCalib(bool capture) { return ports_.driver.setCapture(handle(), capture); }
 
 void CalibrationRun::getPoints() {
   const auto captured = ports_.driver.readCapture(handle());
@@ -79,7 +81,8 @@ void CalibrationRun::saveCalibData(bool save) {
   if (!save) {
     DeviceContext = BakDeviceContext;
     const bool status = DeviceContext.DeviceConfig.CalibrateStatus != 0;
-    (ports_.driver.*cancelMessage_)(handle(), status, params);
+    result_.driver = (ports_.driver.*cancelMessage_)(handle(), status, params);
+    result_.ending = RunResult::Ending::TakenBack;
     currentDict->set(entry_key::kCalibrateStatus, status ? entry_key::kYes : entry_key::kNo);
     return;
   }
@@ -88,15 +91,19 @@ void CalibrationRun::saveCalibData(bool save) {
   const bool solved = generateCalibParam(touches_.fDspX.data(), touches_.fDspY.data(), rawX, rawY,
                                          distorted ? kTwentyFiveTargets : kFourTargets, params.X, params.Y,
                                          distorted, {rawX, rawY});
+  result_.isSolved = solved;
   if (!solved) return;
-  ports_.driver.calibrationSaved(handle(), params);
+  result_.wasTried = true;
+  result_.driver = ports_.driver.calibrationSaved(handle(), params);
   currentDict->set(entry_key::kCalibrateStatus, entry_key::kYes);
 }
 
 void CalibrationRun::btnOk() {
   DeviceContext.DeviceConfig.CalibrateStatus = 1;
-  ports_.contextStore.save(currentDict->integer(entry_key::kProductID),
-                           currentDict->integer(entry_key::kDeviceInterface), DeviceContext);
+  result_.written =
+      ports_.contextStore.save(currentDict->integer(entry_key::kProductID),
+                               currentDict->integer(entry_key::kDeviceInterface), DeviceContext);
+  result_.ending = RunResult::Ending::Accepted;
   if (pMyController) pMyController->reloadTableViewData();
   storeContext(*currentDict, DeviceContext);
   exit();
@@ -104,16 +111,24 @@ void CalibrationRun::btnOk() {
 
 void CalibrationRun::exit() {
   if (isOver()) return;
+  if (result_.ending == RunResult::Ending::Running) result_.ending = RunResult::Ending::Left;
+  // A driver that got the calibration but not these has been lost since, and holds who knows what.
   if (const auto* touchMode = currentDict->find(settings_key::kTouchMode))
-    ports_.driver.setMode(handle(), *touchMode);
+    keepFailure(ports_.driver.setMode(handle(), *touchMode));
   texts_.reset();
   ports_.runLoop.invalidateTimer(timer);
-  startCalib(false);
+  keepFailure(startCalib(false));
   leaveScreen();
 }
 
-void CalibrationRun::close() {
+void CalibrationRun::keepFailure(Status status) {
+  if (result_.driver == kSuccess) result_.driver = status;
+}
+
+void CalibrationRun::close(Status why) {
   if (isOver()) return;
+  result_.ending = RunResult::Ending::NoDriver;
+  result_.driver = why;
   texts_.reset();
   ports_.runLoop.invalidateTimer(timer);
   leaveScreen();

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "calibration/CalibrationTexts.h"
+#include "calibration/RunResult.h"
 #include "calibration/TableReloader.h"
 #include "calibration/TouchCollection.h"
 #include "discovery/ContextStore.h"
@@ -27,13 +28,13 @@ struct CalibrationPorts {
 
 /// One calibration of one touchscreen, without drawing: everything exchanged with the driver, the device entry
 /// and the device. A calibration view owns one and decides from its events which of the steps below
-/// comes next. Errors of the driver and of the device are not reported.
+/// comes next. What came of it is in result().
 ///
 /// A run that is over (exit(), close()) does nothing any more; its view asks isOver() first, in every event.
 class CalibrationRun {
  public:
   /// The message that cancels a run in the driver instance.
-  using CancelMessage = void (DriverChannel::*)(RegistryObject, bool status, const _CALIB_PARAMS&);
+  using CancelMessage = Status (DriverChannel::*)(RegistryObject, bool status, const _CALIB_PARAMS&);
 
   CalibrationRun(const CalibrationPorts& ports, CancelMessage cancelMessage);
   CalibrationRun(const CalibrationRun&) = delete;
@@ -44,11 +45,12 @@ class CalibrationRun {
   void setWindow(ViewWindow& window) { window_ = &window; }
 
   /// Takes the entry's device context, puts the driver into capture and starts calling `timerCallBack` every
-  /// second. `controller` must outlive the run.
+  /// second. `controller` must outlive the run. A driver that refuses capture, or does not answer, ends the
+  /// run at once.
   void begin(DeviceEntry entry, TableReloader& controller, std::function<void()> timerCallBack);
 
   /// Switches the driver's capture of raw touches on or off.
-  void startCalib(bool capture);
+  Status startCalib(bool capture);
   /// Takes what the driver captured last, when it belongs to the target shown.
   void getPoints();
   /// One second has passed. False, with nothing done, when none was left.
@@ -67,8 +69,8 @@ class CalibrationRun {
 
   /// Gives the driver its touch mode back and closes the window.
   void exit();
-  /// Closes the window and sends nothing: the driver instance is gone.
-  void close();
+  /// Closes the window and sends nothing: the driver instance cannot be used, for the reason `why`.
+  void close(Status why);
 
   bool isOver() const { return !texts_; }
   bool isCollecting() const { return touches_.isCollecting(mode()); }
@@ -83,11 +85,15 @@ class CalibrationRun {
   /// Only while the run is not over.
   const CalibrationTexts& texts() const { return *texts_; }
   const _DEVICT_CONTEXT& deviceContext() const { return DeviceContext; }
+  const DeviceEntry& entry() const { return currentDict; }
+  /// Complete before the window is closed.
+  const RunResult& result() const { return result_; }
 
   void setNeedsDisplay();
 
  private:
   void leaveScreen();
+  void keepFailure(Status status);
 
   CalibrationPorts ports_;
   CancelMessage cancelMessage_;
@@ -102,6 +108,7 @@ class CalibrationRun {
   _DEVICT_CONTEXT DeviceContext{};     ///< working copy
   _DEVICT_CONTEXT BakDeviceContext{};  ///< as it was before the run
   TableReloader* pMyController = nullptr;
+  RunResult result_;
 };
 
 }  // namespace touchpanel

@@ -1,10 +1,13 @@
 #include "discovery/DriverChannel.h"
 
+#include "discovery/Pairing.h"
+
 namespace touchpanel {
 
 namespace {
 
 constexpr std::uint32_t kNanosecondsPerMillisecond = 1'000'000;
+constexpr int kAnyFlag = 1;
 
 Bytes bytesOf(const _CALIB_PARAMS& params) {
   const auto image = imageOf(params);
@@ -20,65 +23,67 @@ void addFullTouchArea(Dictionary& message) {
 
 }  // namespace
 
-void DriverChannel::setCapture(RegistryObject handle, bool on) {
-  registry_.setProperty(handle, property::kCalibration, Dictionary{{calibration_key::kStatCalibrate, on}});
+Status DriverChannel::setCapture(RegistryObject handle, bool on) {
+  return registry_.setProperty(handle, property::kCalibration,
+                               Dictionary{{calibration_key::kStatCalibrate, on}});
 }
 
-void DriverChannel::selectTarget(RegistryObject handle, std::int32_t pointId) {
-  registry_.setProperty(handle, property::kCalibration, Dictionary{{calibration_key::kPointId, pointId}});
+Status DriverChannel::selectTarget(RegistryObject handle, std::int32_t pointId) {
+  return registry_.setProperty(handle, property::kCalibration,
+                               Dictionary{{calibration_key::kPointId, pointId}});
 }
 
-void DriverChannel::resetCalibration(RegistryObject handle) {
+Status DriverChannel::resetCalibration(RegistryObject handle) {
   Dictionary message{{calibration_key::kCalibrateStatus, false}};
   addFullTouchArea(message);
-  registry_.setProperty(handle, property::kCalibration, message);
+  return registry_.setProperty(handle, property::kCalibration, message);
 }
 
-void DriverChannel::calibrationSaved(RegistryObject handle, const _CALIB_PARAMS& params) {
+Status DriverChannel::calibrationSaved(RegistryObject handle, const _CALIB_PARAMS& params) {
   Dictionary message{{calibration_key::kCalibrateStatus, true},
                      {calibration_key::kCalibParams, bytesOf(params)}};
   addFullTouchArea(message);
-  registry_.setProperty(handle, property::kCalibration, message);
+  return registry_.setProperty(handle, property::kCalibration, message);
 }
 
-void DriverChannel::pointCalibrationCancelled(RegistryObject handle, bool status,
-                                              const _CALIB_PARAMS& params) {
-  registry_.setProperty(handle, property::kCalibration,
-                        Dictionary{{calibration_key::kCalibrateStatus, status},
-                                   {calibration_key::kCalibParams, bytesOf(params)}});
+Status DriverChannel::pointCalibrationCancelled(RegistryObject handle, bool status,
+                                                const _CALIB_PARAMS& params) {
+  return registry_.setProperty(handle, property::kCalibration,
+                               Dictionary{{calibration_key::kCalibrateStatus, status},
+                                          {calibration_key::kCalibParams, bytesOf(params)}});
 }
 
-void DriverChannel::regionCalibrationCancelled(RegistryObject handle, bool status,
-                                               const _CALIB_PARAMS& params) {
+Status DriverChannel::regionCalibrationCancelled(RegistryObject handle, bool status,
+                                                 const _CALIB_PARAMS& params) {
   // The singular key is what drivers know from this message.
-  registry_.setProperty(handle, property::kCalibration,
-                        Dictionary{{calibration_key::kCalibrateStatus, status},
-                                   {calibration_key::kCalibParam, bytesOf(params)}});
+  return registry_.setProperty(handle, property::kCalibration,
+                               Dictionary{{calibration_key::kCalibrateStatus, status},
+                                          {calibration_key::kCalibParam, bytesOf(params)}});
 }
 
-void DriverChannel::applySettings(RegistryObject handle, const TouchSettings& settings) {
+Status DriverChannel::applySettings(RegistryObject handle, const TouchSettings& settings) {
   Dictionary message;
   for (const auto& setting : kTouchSettings)
     if (setting.isOnSheet && setting.driverKey != nullptr)
       message.set(setting.driverKey, valueOf(settings, setting));
-  registry_.setProperty(handle, property::kConfigration, message);
+  return registry_.setProperty(handle, property::kConfigration, message);
 }
 
-void DriverChannel::setMode(RegistryObject handle, const Value& mode) {
-  registry_.setProperty(handle, property::kConfigration, Dictionary{{configration_key::kMode, mode}});
+Status DriverChannel::setMode(RegistryObject handle, const Value& mode) {
+  return registry_.setProperty(handle, property::kConfigration, Dictionary{{configration_key::kMode, mode}});
 }
 
-void DriverChannel::enableTouch(RegistryObject handle, bool enabled) {
-  registry_.setProperty(handle, property::kConfigration,
-                        Dictionary{{configration_key::kEnableTouch, enabled}});
+Status DriverChannel::enableTouch(RegistryObject handle, bool enabled) {
+  return registry_.setProperty(handle, property::kConfigration,
+                               Dictionary{{configration_key::kEnableTouch, enabled}});
 }
 
 bool DriverChannel::probeCalibration(RegistryObject handle) {
-  return registry_.setProperty(handle, property::kCalibration, Dictionary()) == kSuccess;
+  return registry_.setProperty(handle, property::kCalibration, Dictionary()) != kErrorNoDevice;
 }
 
 bool DriverChannel::probeConfigration(RegistryObject handle) {
-  return registry_.setProperty(handle, property::kConfigration, Dictionary()) == kSuccess;
+  return registry_.setProperty(handle, property::kConfigration, Dictionary()) != kErrorNoDevice;
 }
 
 std::optional<CapturedPoint> DriverChannel::readCapture(RegistryObject handle) {
@@ -91,12 +96,25 @@ std::optional<CapturedPoint> DriverChannel::readCapture(RegistryObject handle) {
                        .pointId = capture->integer(calibration_key::kPointId)};
 }
 
-void DriverChannel::writeDoubleClick(RegistryObject hidSystem, std::int32_t timeMs, std::int32_t area) {
+Status DriverChannel::writeDoubleClick(RegistryObject hidSystem, std::int32_t timeMs, std::int32_t area) {
   // Unsigned arithmetic wraps where signed arithmetic would be undefined; the bits are the same.
   const auto nanoseconds =
       static_cast<std::int32_t>(static_cast<std::uint32_t>(timeMs) * kNanosecondsPerMillisecond);
-  registry_.setProperty(hidSystem, property::kHidClickTime, nanoseconds);
-  registry_.setProperty(hidSystem, property::kHidClickSpace, Array{area, area});
+  const Status status = writeDoubleClickTo(hidSystem, nanoseconds, area);
+  if (status != kErrorNoDevice) return status;
+  for (const auto instance : registry_.instancesOf(class_name::kTouchDriver)) {
+    RegistryObject found = 0;
+    scan(registry_, instance, kAnyFlag, found, class_name::kHidSystem);
+    if (found != 0 && writeDoubleClickTo(found, nanoseconds, area) == kSuccess) return kSuccess;
+  }
+  return status;
+}
+
+Status DriverChannel::writeDoubleClickTo(RegistryObject hidSystem, std::int32_t nanoseconds,
+                                         std::int32_t area) {
+  const Status time = registry_.setProperty(hidSystem, property::kHidClickTime, nanoseconds);
+  const Status space = registry_.setProperty(hidSystem, property::kHidClickSpace, Array{area, area});
+  return time != kSuccess ? time : space;
 }
 
 }  // namespace touchpanel

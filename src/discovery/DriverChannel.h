@@ -18,34 +18,40 @@ struct CapturedPoint {
 };
 
 /// Every message between the control panel and a driver instance; the only place that knows their keys. Each
-/// write sends a fresh dictionary with just the keys of its message. Only the probes return whether the write
-/// succeeded; the others are not checked, not repeated and not reported.
+/// write sends a fresh dictionary with just the keys of its message and is not repeated; it returns what the
+/// registry answered (Registry::setProperty()).
 class DriverChannel {
  public:
   explicit DriverChannel(Registry& registry) : registry_(registry) {}
 
-  void setCapture(RegistryObject handle, bool on);                 ///< "statCalibrate"
-  void selectTarget(RegistryObject handle, std::int32_t pointId);  ///< "pointId"
-  void resetCalibration(RegistryObject handle);                    ///< status false and the full touch area
-  void calibrationSaved(RegistryObject handle, const _CALIB_PARAMS& params);
-  void pointCalibrationCancelled(RegistryObject handle, bool status, const _CALIB_PARAMS& params);
-  void regionCalibrationCancelled(RegistryObject handle, bool status, const _CALIB_PARAMS& params);
+  Status setCapture(RegistryObject handle, bool on);                 ///< "statCalibrate"
+  Status selectTarget(RegistryObject handle, std::int32_t pointId);  ///< "pointId"
+  Status resetCalibration(RegistryObject handle);                    ///< status false and the full touch area
+  Status calibrationSaved(RegistryObject handle, const _CALIB_PARAMS& params);
+  Status pointCalibrationCancelled(RegistryObject handle, bool status, const _CALIB_PARAMS& params);
+  Status regionCalibrationCancelled(RegistryObject handle, bool status, const _CALIB_PARAMS& params);
 
   /// What the settings sheet applies, in one message.
-  void applySettings(RegistryObject handle, const TouchSettings& settings);
-  void setMode(RegistryObject handle, const Value& mode);  ///< "mode", passed on as it is stored
-  void enableTouch(RegistryObject handle, bool enabled);
+  Status applySettings(RegistryObject handle, const TouchSettings& settings);
+  Status setMode(RegistryObject handle, const Value& mode);  ///< "mode", passed on as it is stored
+  Status enableTouch(RegistryObject handle, bool enabled);
 
-  bool probeCalibration(RegistryObject handle);   ///< empty "calibration"; false: the instance is gone
-  bool probeConfigration(RegistryObject handle);  ///< empty "configration"; false: the instance is gone
+  // Probes, an empty dictionary each. False when the instance is gone: one that does not answer, or that this
+  // user may not write to, is still there.
+  bool probeCalibration(RegistryObject handle);
+  bool probeConfigration(RegistryObject handle);
 
   /// The last captured touch; nothing when the instance or its "calibration" dictionary is not there.
   std::optional<CapturedPoint> readCapture(RegistryObject handle);
 
-  /// Writes the system's double-click time (ms, multiplied to ns in wrapping 32-bit arithmetic) and area.
-  void writeDoubleClick(RegistryObject hidSystem, std::int32_t timeMs, std::int32_t area);
+  /// Writes the system's double-click time (ms, multiplied to ns in wrapping 32-bit arithmetic) and area to
+  /// `hidSystem`. The object below another instance stands for the same system: where `hidSystem` is gone, the
+  /// first one that takes the write is used instead.
+  Status writeDoubleClick(RegistryObject hidSystem, std::int32_t timeMs, std::int32_t area);
 
  private:
+  Status writeDoubleClickTo(RegistryObject hidSystem, std::int32_t nanoseconds, std::int32_t area);
+
   Registry& registry_;
 };
 

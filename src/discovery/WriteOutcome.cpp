@@ -67,7 +67,7 @@ std::string_view reasonOfDriver(Status status) {
     case kErrorNoDevice:
       return TRANSLATABLE_TEXT("StatusLine", "the touch driver service has no such touchscreen any more");
     case kErrorNotPermitted:
-      return TRANSLATABLE_TEXT("StatusLine", "you are not permitted to change its settings");
+      return TRANSLATABLE_TEXT("StatusLine", "you are not permitted to change settings of touchscreens");
     case kErrorBadArgument:
       return TRANSLATABLE_TEXT("StatusLine", "the touch driver service refused it");
     case kErrorNotResponding:

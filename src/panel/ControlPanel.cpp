@@ -107,6 +107,7 @@ void ControlPanel::connectMainWindow() {
   connectCommand(*ui.btnCalibrate, ui.actionCalibrate, &MyController::Calibration);
   connectCommand(*ui.btnRegionCalibrate, ui.actionRegionCalibrate, &MyController::RegionCalibration);
   connectCommand(*ui.btnReset, ui.actionReset, &MyController::Reset);
+  connectCommand(*ui.btnRepeatWrite, ui.actionRepeatWrite, &MyController::RepeatWrite);
   connectCommand(*ui.btnEnableTouch, ui.actionEnableTouch, &MyController::EnableTouch);
   connectCommand(*ui.btnMapping, nullptr, &MyController::Mapping);
   connectCommand(*ui.btnSettings, ui.actionSettings, &MyController::Settings);

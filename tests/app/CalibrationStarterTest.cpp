@@ -87,7 +87,7 @@ TEST_F(StartingACalibration, SaysHowItEnded) {
   EXPECT_EQ(interface.deviceTableView.reloads, 1);
   EXPECT_TRUE(interface.btnReset.enabled);
   EXPECT_TRUE(files.files.contains("device.plist"));
-  EXPECT_EQ(status(), (StatusMessage{"The new calibration of %1 was accepted.", "panel"}));
+  EXPECT_EQ(status(), (StatusMessage{"The new calibration of %1 is written and in use.", "panel"}));
 
   controller.Calibration();
   touchFourTargets(entry);
@@ -99,7 +99,23 @@ TEST_F(StartingACalibration, SaysHowItEnded) {
   registry.remove(handleOf(entry));
   view().drawRect(canvas);
   EXPECT_TRUE(screen.windows.back()->isClosed);
-  EXPECT_EQ(status(), (StatusMessage{kLeft, "panel"}));
+  EXPECT_EQ(status().text, "%1 cannot be calibrated now: %2.");
+}
+
+TEST_F(StartingACalibration, SaysWhatARegionLeavesInForce) {
+  auto entry = list(0x0001, "panel");
+  for (const bool touched : {false, true}) {
+    controller.RegionCalibration();
+    view().mouseDown({100, 900});
+    view().mouseDragged({1100, 100});
+    view().mouseUp({1100, 100});
+    if (touched) touchFourTargets(entry);
+    runLoop.advance(std::chrono::seconds(31));
+    ASSERT_TRUE(screen.windows.back()->isClosed);
+    EXPECT_EQ(status().text,
+              touched ? "The new calibration of %1 stays in use; nothing was written to the touchscreen."
+                      : "The calibration of %1 ended; nothing was written to the touchscreen.");
+  }
 }
 
 }  // namespace

@@ -252,6 +252,20 @@ TEST_F(SettingsOfTheSheet, LeavesTheSystemsDoubleClickAloneWhereThereIsNone) {
   EXPECT_EQ(entry->integer(entry_key::kDoubleClickTime), 500);
 }
 
+TEST_F(SettingsOfTheSheet, FindsTheSystemsDoubleClickAnewWhenItsTouchscreenHasLeft) {
+  auto staying = list(kInfrared, "staying");
+  auto leaving = list(kInfrared, "leaving");
+  const auto own = hidSystemOf(staying);
+  staying->set(entry_key::kHiddevice, std::int64_t{hidSystemOf(leaving)});  // both hold the last one's
+  registry.remove(handleOf(leaving));
+  controller.SaveDriverConfig();
+  EXPECT_EQ(registry.writesTo(own).size(), 4U) << "a pair for each entry";
+  EXPECT_NE(hidSystemOf(staying), own) << "the entry stays as it is";
+  EXPECT_EQ(status().text,
+            "Settings were sent to %n touchscreen(s) and saved, but %1 did not take them: %2.");
+  EXPECT_EQ(status().device, "leaving");
+}
+
 TEST_F(SettingsOfTheSheet, SaysWhenTheFileCouldNotBeWritten) {
   auto entry = list(kInfrared, "infrared");
   for (const bool complete : {true, false}) {
@@ -259,7 +273,7 @@ TEST_F(SettingsOfTheSheet, SaysWhenTheFileCouldNotBeWritten) {
     if (!complete) entry->remove(settings_key::kEnableTouch);
     controller.SaveDriverConfig();
     EXPECT_EQ(status().text,
-              "Settings were sent to %n touchscreen(s), but could not be saved for the next start.");
+              "Settings were sent to %n touchscreen(s), but could not be saved for the next start: %2.");
     EXPECT_EQ(status().count, 1);
   }
   EXPECT_THAT(files.files, IsEmpty());
@@ -292,8 +306,16 @@ TEST_F(SettingsOfTheSheet, ForgetsWhatWasNotAppliedOnlyWhenItIsShownAgain) {
   interface.singleClickArea.value = 8;
   controller.SettingsCancel();
   EXPECT_EQ(interface.singleClickArea.value, 8);
-  EXPECT_EQ(status(), StatusMessage{"Settings were closed without applying changes."});
+  constexpr std::string_view kUnapplied = "Settings were closed without applying changes.";
+  EXPECT_EQ(status(), StatusMessage{kUnapplied});
   EXPECT_EQ(entry->integer(settings_key::kClickRange), 0);
+  for (const bool changedSince : {false, true}) {
+    controller.Settings();
+    controller.SettingsApply();
+    if (changedSince) interface.singleClickArea.value = 8;
+    controller.SettingsCancel();
+    EXPECT_EQ(status().text == kUnapplied, changedSince);
+  }
   controller.Settings();
   EXPECT_EQ(controls(), kDefaults);
 }

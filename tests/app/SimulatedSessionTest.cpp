@@ -1,14 +1,7 @@
-#include <algorithm>
-#include <memory>
-
 #include <gmock/gmock.h>
 
-#include "ControllerRig.h"
+#include "PanelRun.h"
 #include "demo/measure/AccuracyProbe.h"
-#include "providers/files/LibplistFiles.h"
-#include "providers/simulated/SimulatedTouchscreens.h"
-#include "support/TemporaryDirectory.h"
-#include "support/TouchedView.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -18,51 +11,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
 
-constexpr Size kScreen{1920, 1080};
 const FakeAlerts::Panel kReadFailed{"Error", "To get the device parameters failed, please try again.", "OK"};
-
-/// One run of the control panel, with the world it runs in; the machine and the files outlive it.
-class PanelRun : public ControllerRig {
- public:
-  PanelRun(simulated::SimulatedTouchscreens& machine, const TemporaryDirectory& directory)
-      : controller_(outletsOf(interface), portsOn(machine.registry(), machine.usb(), machine.usb(), disk_,
-                                                  ConfigPaths::in(directory.path()))) {
-    controller_.awakeFromNib();
-    if (controller_.numberOfRows() > 0) controller_.objectValue(entry_key::kSN, 0);
-  }
-  MyController& controller() { return controller_; }
-  const DeviceListArray& list() const { return controller_.state().deviceListArray; }
-
-  /// Selects the touchscreen and leads a finger through its calibration. False when it did not end by OK.
-  bool calibrate(simulated::SimulatedTouchscreen& touchscreen, int mode) {
-    if (!select(touchscreen)) return false;
-    const auto entry = controller_.state().currentDict;
-    entry->set(settings_key::kCalibrateMode, mode);
-    controller_.Calibration();
-    TouchedView finger(touchscreen, kScreen);
-    finger.show(*screen.windows.back()->view, screen.windows.back());
-    for (int i = 0; i < mode && !finger.isClosed(); ++i) finger.tapTarget();
-    if (!finger.isClosed()) finger.tapMiddle();
-    return finger.isClosed() && entry->text(entry_key::kCalibrateStatus) == entry_key::kYes;
-  }
-  bool select(const simulated::SimulatedTouchscreen& touchscreen) {
-    for (std::size_t row = 0; row < list().size(); ++row)
-      if (static_cast<std::uint32_t>(list()[row]->integer(entry_key::kLocationID)) ==
-          touchscreen.locationId())
-        return controller_.shouldSelectRow(static_cast<std::int32_t>(row));
-    return false;
-  }
-  std::vector<std::string> column(const char* key) {
-    std::vector<std::string> texts;
-    for (std::int32_t row = 0; row < controller_.numberOfRows(); ++row)
-      texts.push_back(controller_.objectValue(key, row));
-    return texts;
-  }
-
- private:
-  files::LibplistFiles disk_;
-  MyController controller_;
-};
 
 struct SimulatedSession : ::testing::Test {
   SimulatedSession() {

@@ -1,0 +1,32 @@
+#include "app/CalibrationWrites.h"
+
+#include <algorithm>
+
+namespace touchpanel {
+
+void CalibrationWrites::report(const DeviceEntry& entry, const _DEVICT_CONTEXT& context,
+                               const WriteOutcome& written, const StatusMessage& sentence) {
+  std::erase_if(pending_, [&](const Pending& pending) { return pending.entry == entry; });
+  if (!written.isWritten()) pending_.push_back({entry, context});
+  update();
+  statusLine_.show(sentence);
+}
+
+void CalibrationWrites::repeat() {
+  update();
+  if (pending_.empty()) return;
+  const auto [entry, context] = pending_.back();
+  const auto written = store_.save(entry->integer(entry_key::kProductID),
+                                   entry->integer(entry_key::kDeviceInterface), context);
+  report(entry, context, written, sentenceOf(WriteAttempt::Repetition, entry->text(entry_key::kSN), written));
+}
+
+void CalibrationWrites::update() {
+  const auto& list = state_.deviceListArray;
+  std::erase_if(pending_, [&](const Pending& pending) {
+    return std::find(list.begin(), list.end(), pending.entry) == list.end();
+  });
+  outlets_.btnRepeatWrite.setEnabled(!pending_.empty());
+}
+
+}  // namespace touchpanel
