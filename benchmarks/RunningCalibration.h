@@ -22,7 +22,10 @@ class NoScreen final : public Cursor, public Presentation, public TableReloader 
 };
 class NoFiles final : public PropertyListFiles {
  public:
-  std::optional<Dictionary> read(const std::string&) override { return {}; }
+  std::optional<Dictionary> read(const std::string&, Status& status) override {
+    status = kErrorNotFound;
+    return {};
+  }
   Status writeAtomically(const std::string&, const Dictionary&) override { return kErrorNotFound; }
 };
 class NoReports final : public Clock, public Diagnostics, public WaitNotice {

@@ -13,15 +13,23 @@ class PropertyListFiles {
  public:
   virtual ~PropertyListFiles() = default;
 
-  /// The whole file at `path`, XML or binary. Nothing when it is missing, unreadable, larger than any such
-  /// file can sensibly be, not a property list, or has another root. Values of types that Value does not hold
-  /// are left out.
-  virtual std::optional<Dictionary> read(const std::string& path) = 0;
+  /// The whole file at `path`, in any encoding of property lists. Values of types that Value does not hold are
+  /// left out. When there is nothing, `status` says why: kErrorNotFound when there is no such file, and else
+  /// there is one that cannot be read: kErrorNotPermitted, kErrorInputOutput, or kErrorUnsupported for one that
+  /// is larger than any such file can sensibly be, not a property list or not a well-formed one, or has no
+  /// dictionary at its root.
+  virtual std::optional<Dictionary> read(const std::string& path, Status& status) = 0;
+  /// The same for those to whom it is all one why there is nothing.
+  std::optional<Dictionary> read(const std::string& path) {
+    Status ignored = kSuccess;
+    return read(path, ignored);
+  }
 
   /// Writes `contents` as an XML property list so that `path` holds the old or the new version at every
-  /// moment, also after a crash. The directory must exist. When it failed the old file is unchanged and
-  /// nothing else is left behind: kErrorNotFound without the directory, kErrorNotPermitted, kErrorNoSpace,
-  /// kErrorInputOutput.
+  /// moment, also after a crash. The directory must exist. A file that cannot be read is first copied to
+  /// "NAME.unreadable" beside it. When it failed the old file is unchanged and nothing else is left behind:
+  /// kErrorNotFound without the directory, kErrorNotPermitted, kErrorNoSpace, kErrorInputOutput;
+  /// kErrorUnsupported when what is there cannot be kept.
   virtual Status writeAtomically(const std::string& path, const Dictionary& contents) = 0;
 };
 

@@ -11,10 +11,12 @@ namespace touchpanel::testing {
 /// Property-list files in memory.
 class FakePropertyListFiles final : public PropertyListFiles {
  public:
-  std::optional<Dictionary> read(const std::string& path) override {
+  using PropertyListFiles::read;
+  std::optional<Dictionary> read(const std::string& path, Status& status) override {
     ++reads;
     const auto found = files.find(path);
-    if (found == files.end()) return std::nullopt;
+    status = found == files.end() ? readStatus : kSuccess;
+    if (status != kSuccess) return std::nullopt;
     return found->second;
   }
   Status writeAtomically(const std::string& path, const Dictionary& contents) override {
@@ -24,6 +26,7 @@ class FakePropertyListFiles final : public PropertyListFiles {
   }
 
   std::map<std::string, Dictionary> files;  ///< readable files by path
+  Status readStatus = kErrorNotFound;       ///< of all other files
   Status writeStatus = kSuccess;            ///< of the writes from now on
   int reads = 0;
   int writeAttempts = 0;

@@ -1,9 +1,12 @@
 #include "providers/files/BoundedRead.h"
 
 #include <cerrno>
+#include <optional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+
+#include "providers/files/FileStatus.h"
 
 namespace touchpanel::files {
 
@@ -20,10 +23,11 @@ class OpenFile {
   OpenFile(const OpenFile&) = delete;
   OpenFile& operator=(const OpenFile&) = delete;
 
+  bool isOpen() const { return file_ >= 0; }
   /// The size of a regular file; nothing for anything else.
   std::optional<std::size_t> size() const {
     struct stat status {};
-    if (file_ < 0 || ::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+    if (::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
     return static_cast<std::size_t>(status.st_size);
   }
   ssize_t read(char* buffer, std::size_t size) {
@@ -41,23 +45,23 @@ class OpenFile {
 
 }  // namespace
 
-std::optional<std::string> readBounded(const std::string& path, std::size_t limit, FileCalls& calls) {
+Status readBounded(const std::string& path, std::size_t limit, FileCalls& calls, std::string& contents) {
   OpenFile file(path, calls);
+  if (!file.isOpen()) return statusOfErrno();
   const auto size = file.size();
-  if (!size || *size > limit) return std::nullopt;
+  if (!size || *size > limit) return kErrorUnsupported;
 
   // One byte more than expected, so that a file which grows meanwhile is noticed.
-  std::string contents(*size + 1, '\0');
+  contents.assign(*size + 1, '\0');
   std::size_t length = 0;
   while (length < contents.size()) {
     const auto got = file.read(contents.data() + length, contents.size() - length);
-    if (got < 0) return std::nullopt;
+    if (got < 0) return statusOfErrno();
     if (got == 0) break;
     length += static_cast<std::size_t>(got);
   }
-  if (length > *size) return std::nullopt;
   contents.resize(length);
-  return contents;
+  return length > *size ? kErrorUnsupported : kSuccess;
 }
 
 }  // namespace touchpanel::files

@@ -6,6 +6,7 @@
 #include "providers/files/BoundedRead.h"
 #include "providers/files/DecodingLimits.h"
 #include "providers/files/PropertyListCoding.h"
+#include "providers/files/UnreadableBackup.h"
 
 namespace touchpanel::files {
 
@@ -17,14 +18,25 @@ LibraryInUse expatInUse() {
       .name = "expat", .licence = "MIT", .version = versionText(version.major, version.minor, version.micro)};
 }
 
-std::optional<Dictionary> LibplistFiles::read(const std::string& path) {
-  const auto file = readBounded(path, kMaximumFileSize, calls_);
-  if (!file) return std::nullopt;
-  return decodePropertyList(*file);
+std::optional<Dictionary> LibplistFiles::read(const std::string& path, Status& status) {
+  std::string file;
+  status = readBounded(path, kMaximumFileSize, calls_, file);
+  if (status != kSuccess) return std::nullopt;
+  auto contents = decodePropertyList(file);
+  if (!contents) status = kErrorUnsupported;
+  return contents;
 }
 
 Status LibplistFiles::writeAtomically(const std::string& path, const Dictionary& contents) {
-  return replaceAtomically(path, encodePropertyList(contents), calls_);
+  Status present = kSuccess;
+  read(path, present);
+  if (present == kSuccess || present == kErrorNotFound)
+    return replaceAtomically(path, encodePropertyList(contents), calls_);
+  UnreadableBackup backup(path, calls_);
+  if (backup.status() != kSuccess) return backup.status();
+  const auto written = replaceAtomically(path, encodePropertyList(contents), calls_);
+  if (written == kSuccess) backup.keep();
+  return written;
 }
 
 }  // namespace touchpanel::files

@@ -20,7 +20,8 @@ class LibplistFiles final : public PropertyListFiles {
   LibplistFiles(const LibplistFiles&) = delete;
   LibplistFiles& operator=(const LibplistFiles&) = delete;
 
-  std::optional<Dictionary> read(const std::string& path) override;
+  using PropertyListFiles::read;
+  std::optional<Dictionary> read(const std::string& path, Status& status) override;
   Status writeAtomically(const std::string& path, const Dictionary& contents) override;
 
  private:

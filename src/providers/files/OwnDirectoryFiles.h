@@ -11,7 +11,10 @@ class OwnDirectoryFiles final : public PropertyListFiles {
   /// `files` is not owned.
   explicit OwnDirectoryFiles(PropertyListFiles& files) : files_(files) {}
 
-  std::optional<Dictionary> read(const std::string& path) override { return files_.read(path); }
+  using PropertyListFiles::read;
+  std::optional<Dictionary> read(const std::string& path, Status& status) override {
+    return files_.read(path, status);
+  }
   Status writeAtomically(const std::string& path, const Dictionary& contents) override;
 
  private:

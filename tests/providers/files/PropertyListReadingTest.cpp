@@ -318,14 +318,73 @@ TEST(PropertyListCoding, SurvivesEveryTruncationAndThousandsOfDamages) {
   }
 }
 
-TEST(LibplistFiles, ReadsBackWhatItWrote) {
+/// Lets every call of one name fail.
+class FailingCalls final : public FileCalls {
+ public:
+  ssize_t write(int file, const void* buffer, std::size_t size) override {
+    return fails("write") ? -1 : FileCalls::write(file, buffer, size);
+  }
+  int fsync(int file) override { return fails("fsync") ? -1 : FileCalls::fsync(file); }
+  int rename(const std::string& from, const std::string& to) override {
+    return fails("rename") ? -1 : FileCalls::rename(from, to);
+  }
+  std::string failing;
+  int reason = 0;
+
+ private:
+  bool fails(const char* call) const {
+    errno = reason;
+    return failing == call;
+  }
+};
+
+TEST(LibplistFiles, KeepsWhatItCannotReadBesideWhatItWritesOverIt) {
   TemporaryDirectory directory;
-  LibplistFiles files;
+  FailingCalls calls;
+  LibplistFiles files(calls);
+  const auto path = directory.file("file");
   const Dictionary contents{{"TouchMode", 2}, {"ClickRange", false}};
-  EXPECT_EQ(files.read(directory.file("file")), std::nullopt) << "missing";
-  EXPECT_EQ(files.writeAtomically(directory.file("file"), contents), kSuccess);
-  EXPECT_EQ(files.read(directory.file("file")), contents);
+  const auto statusOfRead = [&](const std::string& of) {
+    Status status = kSuccess;
+    files.read(of, status);
+    return status;
+  };
+  EXPECT_EQ(statusOfRead(path), kErrorNotFound);
   EXPECT_EQ(files.writeAtomically(directory.file("missing/file"), contents), kErrorNotFound);
+  EXPECT_EQ(files.writeAtomically(path, {}), kSuccess);
+  EXPECT_EQ(files.writeAtomically(path, contents), kSuccess);
+  EXPECT_EQ(files.read(path), contents);
+  EXPECT_THAT(directory.names(), ::testing::ElementsAre("file"));
+
+  constexpr char kDamaged[] = "{ TouchMode = 2";
+  directory.write("file", kDamaged);
+  ::chmod(path.c_str(), 0640);
+  EXPECT_EQ(statusOfRead(path), kErrorUnsupported);
+  const std::tuple<const char*, int, Status> failures[] = {{"write", ENOSPC, kErrorNoSpace},
+                                                           {"write", EDQUOT, kErrorNoSpace},
+                                                           {"fsync", EIO, kErrorInputOutput},
+                                                           {"rename", EACCES, kErrorNotPermitted}};
+  for (const auto& [call, reason, status] : failures) {
+    calls.failing = call;
+    calls.reason = reason;
+    EXPECT_EQ(files.writeAtomically(path, contents), status);
+    EXPECT_EQ(directory.read("file"), kDamaged) << call;
+    EXPECT_THAT(directory.names(), ::testing::ElementsAre("file")) << call;
+  }
+  calls.failing.clear();
+  EXPECT_EQ(files.writeAtomically(path, contents), kSuccess);
+  EXPECT_EQ(files.read(path), contents);
+  EXPECT_EQ(directory.read("file.unreadable"), kDamaged);
+  EXPECT_EQ(std::filesystem::status(directory.file("file.unreadable")).permissions(),
+            std::filesystem::perms{0640});
+  directory.write("file", "damaged again");
+  EXPECT_EQ(files.writeAtomically(path, contents), kSuccess);
+  EXPECT_EQ(directory.read("file.unreadable"), kDamaged) << "an older backup is left alone";
+  EXPECT_EQ(directory.read("file.unreadable.2"), "damaged again");
+
+  std::filesystem::remove(path);
+  ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0);
+  EXPECT_EQ(files.writeAtomically(path, contents), kErrorUnsupported) << "cannot be copied";
 }
 
 /// Counts the reads, and makes each one short and interrupted first.
@@ -345,22 +404,26 @@ class HaltingReads final : public FileCalls {
 TEST(BoundedRead, PutsShortAndInterruptedReadsTogetherAndRefusesTheRest) {
   TemporaryDirectory directory;
   HaltingReads calls;
-  const auto read = [&](const char* name, std::size_t limit = kMaximumFileSize) {
-    return readBounded(directory.file(name), limit, calls);
+  std::string read;
+  const auto readFile = [&](const char* name, std::size_t limit = kMaximumFileSize) {
+    return readBounded(directory.file(name), limit, calls, read);
   };
   directory.write("huge", "");
   std::filesystem::resize_file(directory.file("huge"), 100'000'000);
   ASSERT_EQ(::mkfifo(directory.file("fifo").c_str(), 0600), 0);
-  for (const char* name : {"huge", "fifo", "", "missing"}) EXPECT_EQ(read(name), std::nullopt) << name;
+  for (const char* name : {"huge", "fifo", ""}) EXPECT_EQ(readFile(name), kErrorUnsupported) << name;
+  for (const char* name : {"missing", "huge/file"}) EXPECT_EQ(readFile(name), kErrorNotFound) << name;
   EXPECT_EQ(calls.reads, 0);
 
   const std::string contents = repeated("0123456789", 105);
   directory.write("file", contents);
-  EXPECT_EQ(read("file"), contents);
-  EXPECT_EQ(read("file", contents.size()), contents);
-  EXPECT_EQ(read("file", contents.size() - 1), std::nullopt);
+  for (const auto limit : {kMaximumFileSize, contents.size()}) {
+    EXPECT_EQ(readFile("file", limit), kSuccess);
+    EXPECT_EQ(read, contents);
+  }
+  EXPECT_EQ(readFile("file", contents.size() - 1), kErrorUnsupported);
   calls.failure = EIO;
-  EXPECT_EQ(read("file"), std::nullopt);
+  EXPECT_EQ(readFile("file"), kErrorInputOutput);
 }
 
 }  // namespace
