@@ -1,10 +1,19 @@
 #include "driver/Capture.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "contract/DriverProperties.h"
 
 namespace touchpanel::driver {
+namespace {
+
+bool isDrag(const Contact& from, const Contact& to) {
+  constexpr std::int32_t kReach = kLogicalMaximum / 4;
+  return std::abs(to.x - from.x) > kReach || std::abs(to.y - from.y) > kReach;
+}
+
+}  // namespace
 
 void Capture::start() {
   active_ = true;
@@ -16,7 +25,8 @@ void Capture::start() {
 void Capture::observe(const RawFrame& frame) {
   if (!active_) return;
   const auto [event, contact] = finger_.follow(frame);
-  if (event != PrimaryFinger::Event::Up) return;
+  if (event == PrimaryFinger::Event::Down) landing_ = contact;
+  if (event != PrimaryFinger::Event::Up || isDrag(landing_, contact)) return;
   // A reader takes a 0 for "no touch yet"; a touch at the very edge moves by one unit instead of being lost.
   last_ = {std::max(contact.x, 1), std::max(contact.y, 1), expected_};
   expected_ = std::min(expected_ + 1, calibration_limit::kMaximumPointId);

@@ -16,7 +16,8 @@ struct CapturedPoint {
 };
 
 /// The first stage: while a calibration runs, publishes where each finger leaves the glass, target after
-/// target.
+/// target. A finger that leaves more than a quarter of the glass away from where it came down has dragged
+/// something, such as the rectangle of a region, and is not published.
 class Capture {
  public:
   /// Expects target 0 and forgets the last captured touch, which may be another run's.
@@ -39,6 +40,7 @@ class Capture {
   std::int32_t expected_ = 0;
   CapturedPoint last_;
   PrimaryFinger finger_;
+  Contact landing_;
 };
 
 }  // namespace touchpanel::driver

@@ -47,6 +47,7 @@ TEST(Capture, PublishesEachFingerUpForTheTargetThatIsExpected) {
            {"600: 0@500,600; 608: 0@500,600 1@9000; 616: 1@9000; 624: -", "500,600 of 1", "two fingers"},
            {"700: 0@9000; mode=0; 708: -; 716: 1@700,800; 724: -", "700,800 of 2",
             "not the one that a change ended"},
+           {"750: 1000; 758: 9500,1000; 766: -", "700,800 of 2", "dragged, not aimed"},
            {"statCalibrate=no; 800: 9000; statCalibrate=yes; 808: 9000; 816: -", "0,0 of 0",
             "down before the run"}}) {
     glass.play(script);
