@@ -11,7 +11,15 @@ class NoCanvas final : public Canvas {
   void fillRect(const Rect& rect, const Color&) override { benchmark::DoNotOptimize(rect); }
   void fillOval(const Rect& bounds, const Color&) override { benchmark::DoNotOptimize(bounds); }
   void strokeRect(const Rect& rect, const Color&) override { benchmark::DoNotOptimize(rect); }
+  void strokeOval(const Rect& bounds, const Color&, float) override { benchmark::DoNotOptimize(bounds); }
+  void drawLine(const Point& from, const Point&, const Color&, float) override {
+    benchmark::DoNotOptimize(from);
+  }
   void drawText(const StyledText& text, const Point&) override { benchmark::DoNotOptimize(text); }
+  Rect textExtent(const StyledText& text, const Point& origin) override {
+    benchmark::DoNotOptimize(text);
+    return {origin.x, origin.y, 100, 20};
+  }
 };
 void redraw(benchmark::State& state, std::int32_t touches) {
   const Rect frame{0, 0, static_cast<float>(state.range(0)), static_cast<float>(state.range(1))};

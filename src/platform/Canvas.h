@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/Geometry.h"
 
@@ -23,12 +24,21 @@ inline constexpr Color kYellow{1, 1, 0, 1};
 inline constexpr Color kGrey{0.5F, 0.5F, 0.5F, 1};
 }  // namespace color
 
-/// Text with its look. Lines are separated by '\n'; `fontSize` is in points of the view.
+/// A number in a text, written as the user's language writes numbers.
+struct TextNumber {
+  double value = 0;
+  int decimals = 0;
+  bool operator==(const TextNumber&) const = default;
+};
+
+/// Text with its look. Lines are separated by '\n'; `fontSize` is in points of the view. `numbers` stand for "%1",
+/// "%2" and so on, and are put in once the text is translated.
 struct StyledText {
   std::string text;
   std::string fontFamily;
   float fontSize = 0;
   Color color;
+  std::vector<TextNumber> numbers = {};
   bool operator==(const StyledText&) const = default;
 };
 
@@ -41,8 +51,13 @@ class Canvas {
   virtual void fillOval(const Rect& bounds, const Color& color) = 0;
   /// Draws the outline of `rect`, one point wide.
   virtual void strokeRect(const Rect& rect, const Color& color) = 0;
+  /// Draws a line of `width` points inside the oval that touches the four sides of `bounds`.
+  virtual void strokeOval(const Rect& bounds, const Color& color, float width) = 0;
+  virtual void drawLine(const Point& from, const Point& to, const Color& color, float width) = 0;
   /// Draws `text` with the lower-left corner of its block of lines at `origin`.
   virtual void drawText(const StyledText& text, const Point& origin) = 0;
+  /// What drawText() covers, without empty lines at the end.
+  virtual Rect textExtent(const StyledText& text, const Point& origin) = 0;
 };
 
 }  // namespace touchpanel

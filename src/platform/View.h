@@ -23,6 +23,8 @@ class View {
   virtual void mouseDown(Point location) = 0;
   virtual void mouseDragged(Point location) = 0;
   virtual void mouseUp(Point location) = 0;
+  /// The pointer moved with no button held.
+  virtual void mouseMoved(Point /*location*/) {}
   virtual void keyDown(std::uint16_t keyCode) = 0;
   virtual bool acceptsFirstResponder() const = 0;
   virtual bool isOpaque() const = 0;

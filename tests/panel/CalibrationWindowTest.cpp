@@ -17,7 +17,7 @@ TEST_F(CalibrationWindowTest, CoversTheScreenAndActsOnTheButtonUnderTheReleaseAn
   user.release(okButton() + QPoint(0, 200));
   QCoreApplication::processEvents();
   ASSERT_NE(run(), nullptr) << "released beside every button";
-  user.click(cancelButton());
+  user.hold(cancelButton());
   expectClosed();
   EXPECT_TRUE(status().contains("nothing was written")) << status().toStdString();
   EXPECT_EQ(cursorShape(), Qt::ArrowCursor);

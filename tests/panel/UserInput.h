@@ -19,6 +19,11 @@ class UserInput {
     press(location);
     release(location);
   }
+  /// What a touch driver makes of a finger that holds still: a click of the right button.
+  void hold(const QPoint& location) {
+    work("mousedown", QTest::MousePress, location, Qt::RightButton);
+    work("mouseup", QTest::MouseRelease, location, Qt::RightButton);
+  }
   void click(const QWidget& widget) { click(widget.mapToGlobal(widget.rect().center())); }
   /// `keys` is like "Return", "ctrl+k" or "alt+t".
   void type(const QString& keys) {
@@ -33,13 +38,14 @@ class UserInput {
   static void server(const QStringList& arguments) {
     ASSERT_EQ(QProcess::execute("xdotool", arguments), 0) << arguments.join(' ').toStdString();
   }
-  static void work(const char* serverAction, QTest::MouseAction action, const QPoint& location) {
+  static void work(const char* serverAction, QTest::MouseAction action, const QPoint& location,
+                   Qt::MouseButton button = Qt::LeftButton) {
     if (hasServer())
-      return server(
-          {"mousemove", QString::number(location.x()), QString::number(location.y()), serverAction, "1"});
+      return server({"mousemove", QString::number(location.x()), QString::number(location.y()), serverAction,
+                     button == Qt::LeftButton ? "1" : "3"});
     QWindow* window = QGuiApplication::topLevelAt(location);
     ASSERT_NE(window, nullptr);
-    QTest::mouseEvent(action, window, Qt::LeftButton, {}, window->mapFromGlobal(location));
+    QTest::mouseEvent(action, window, button, {}, window->mapFromGlobal(location));
   }
 };
 

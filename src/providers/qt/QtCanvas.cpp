@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QFontMetricsF>
+#include <QLocale>
 #include <algorithm>
 #include <cmath>
 
@@ -20,6 +21,15 @@ QFont fontOf(const StyledText& text) {
   return font;
 }
 
+QStringList linesOf(const StyledText& text) {
+  QString translated = QCoreApplication::translate("CalibrationScreen", text.text.c_str());
+  for (const auto& [value, decimals] : text.numbers)
+    translated = translated.arg(QLocale().toString(value, 'f', decimals));
+  return translated.split(u'\n');
+}
+
+double lineHeightOf(const QFontMetricsF& metrics) { return std::ceil(metrics.height()); }
+
 }  // namespace
 
 QtCanvas::QtCanvas(QPainter& painter, float height) : painter_(painter), height_(height) {
@@ -29,6 +39,8 @@ QtCanvas::QtCanvas(QPainter& painter, float height) : painter_(painter), height_
 QRectF QtCanvas::flipped(const Rect& rect) const {
   return QRectF(rect.x, height_ - rect.y - rect.height, rect.width, rect.height).normalized();
 }
+
+QPointF QtCanvas::flipped(const Point& point) const { return QPointF(point.x, height_ - point.y); }
 
 void QtCanvas::fillRect(const Rect& rect, const Color& color) {
   if (!stopped_) painter_.fillRect(flipped(rect), toQColor(color));
@@ -51,13 +63,27 @@ void QtCanvas::strokeRect(const Rect& rect, const Color& color) {
   painter_.drawRect(flipped(rect).adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
+void QtCanvas::strokeOval(const Rect& bounds, const Color& color, float width) {
+  if (stopped_) return;
+  painter_.setPen(QPen(toQColor(color), static_cast<double>(width)));
+  painter_.setBrush(Qt::NoBrush);
+  const double inset = static_cast<double>(width) / 2;
+  painter_.drawEllipse(flipped(bounds).adjusted(inset, inset, -inset, -inset));
+}
+
+void QtCanvas::drawLine(const Point& from, const Point& to, const Color& color, float width) {
+  if (stopped_) return;
+  painter_.setPen(QPen(toQColor(color), static_cast<double>(width), Qt::SolidLine, Qt::RoundCap));
+  painter_.drawLine(flipped(from), flipped(to));
+}
+
 void QtCanvas::drawText(const StyledText& text, const Point& origin) {
   if (stopped_ || text.text.empty()) return;
-  const auto lines = QCoreApplication::translate("CalibrationScreen", text.text.c_str()).split(u'\n');
+  const auto lines = linesOf(text);
   painter_.setFont(fontOf(text));
   painter_.setPen(toQColor(text.color));
   const QFontMetricsF metrics(painter_.font(), painter_.device());
-  const double lineHeight = std::ceil(metrics.height());
+  const double lineHeight = lineHeightOf(metrics);
   double baseline =
       std::round(static_cast<double>(height_) - static_cast<double>(origin.y) - metrics.descent()) -
       lineHeight * static_cast<double>(lines.size() - 1);
@@ -65,6 +91,17 @@ void QtCanvas::drawText(const StyledText& text, const Point& origin) {
     painter_.drawText(QPointF(static_cast<double>(origin.x), baseline), line);
     baseline += lineHeight;
   }
+}
+
+Rect QtCanvas::textExtent(const StyledText& text, const Point& origin) {
+  auto lines = linesOf(text);
+  double below = 0, width = 0;
+  const QFontMetricsF metrics(fontOf(text), painter_.device());
+  for (; lines.size() > 1 && lines.back().isEmpty(); lines.removeLast()) below += lineHeightOf(metrics);
+  for (const auto& line : lines) width = std::max(width, metrics.horizontalAdvance(line));
+  const double height = lineHeightOf(metrics) * static_cast<double>(lines.size());
+  return {origin.x, origin.y + static_cast<float>(below), static_cast<float>(std::ceil(width)),
+          static_cast<float>(height)};
 }
 
 }  // namespace touchpanel

@@ -15,14 +15,18 @@ class QtCanvas final : public Canvas {
   void fillRect(const Rect& rect, const Color& color) override;
   void fillOval(const Rect& bounds, const Color& color) override;
   void strokeRect(const Rect& rect, const Color& color) override;
+  void strokeOval(const Rect& bounds, const Color& color, float width) override;
+  void drawLine(const Point& from, const Point& to, const Color& color, float width) override;
   /// A line end at the end of the text opens a further, empty line, which lies lowest.
   void drawText(const StyledText& text, const Point& origin) override;
+  Rect textExtent(const StyledText& text, const Point& origin) override;
 
   /// Draws nothing from now on: the view has closed its window in the middle of its drawing.
   void stop() { stopped_ = true; }
 
  private:
   QRectF flipped(const Rect& rect) const;
+  QPointF flipped(const Point& point) const;
 
   QPainter& painter_;
   float height_;

@@ -38,6 +38,7 @@ std::uint16_t virtualKeyCode(int key) {
 ViewSurface::ViewSurface(CallbackGate& gate) : gate_(gate) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
 }
 
 void ViewSurface::setView(View* view) {
@@ -122,22 +123,30 @@ void ViewSurface::resizeEvent(QResizeEvent* /*event*/) { requestDisplay(); }
 void ViewSurface::showEvent(QShowEvent* /*event*/) { requestDisplay(); }
 
 void ViewSurface::mousePressEvent(QMouseEvent* event) {
-  if (const auto location = leftLocation(*event)) gate_.pass([&] { view_->mouseDown(*location); });
+  if (const auto location = buttonLocation(*event)) gate_.pass([&] { view_->mouseDown(*location); });
 }
 
 void ViewSurface::mouseMoveEvent(QMouseEvent* event) {
-  if (const auto location = leftLocation(*event)) gate_.pass([&] { view_->mouseDragged(*location); });
+  if (const auto location = buttonLocation(*event))
+    gate_.pass([&] { view_->mouseDragged(*location); });
+  else if (view_ != nullptr && event->buttons() == Qt::NoButton)
+    gate_.pass([&] { view_->mouseMoved(locationOf(*event)); });
 }
 
 void ViewSurface::mouseReleaseEvent(QMouseEvent* event) {
-  if (const auto location = leftLocation(*event)) gate_.pass([&] { view_->mouseUp(*location); });
+  if (const auto location = buttonLocation(*event)) gate_.pass([&] { view_->mouseUp(*location); });
 }
 
-std::optional<Point> ViewSurface::leftLocation(const QMouseEvent& event) const {
+std::optional<Point> ViewSurface::buttonLocation(const QMouseEvent& event) const {
+  constexpr Qt::MouseButtons kCounting = Qt::LeftButton | Qt::RightButton;
   const bool isMove = event.type() == QEvent::MouseMove;
-  const bool isLeft = isMove ? event.buttons().testFlag(Qt::LeftButton) : event.button() == Qt::LeftButton;
-  if (view_ == nullptr || !isLeft) return std::nullopt;
-  return Point{static_cast<float>(event.position().x()), static_cast<float>(height() - event.position().y())};
+  const auto buttons = isMove ? event.buttons() : Qt::MouseButtons(event.button());
+  if (view_ == nullptr || !(buttons & kCounting)) return std::nullopt;
+  return locationOf(event);
+}
+
+Point ViewSurface::locationOf(const QMouseEvent& event) const {
+  return {static_cast<float>(event.position().x()), static_cast<float>(height() - event.position().y())};
 }
 
 void ViewSurface::keyPressEvent(QKeyEvent* event) { sendKey(virtualKeyCode(event->key())); }

@@ -51,8 +51,10 @@ class ViewSurface final : public QWidget {
   void display();
   void prepareImage();
   void paintBanner(QPainter& painter);
-  /// Where the left button is concerned, in view coordinates; nothing for other buttons or without a view.
-  std::optional<Point> leftLocation(const QMouseEvent& event) const;
+  /// Where `event` happened when the button that changed, or one that is held, counts: the left one, and the right one,
+  /// since that is what a touch driver makes of a finger that holds still.
+  std::optional<Point> buttonLocation(const QMouseEvent& event) const;
+  Point locationOf(const QMouseEvent& event) const;
   void sendKey(std::uint16_t keyCode);
 
   CallbackGate& gate_;

@@ -82,6 +82,19 @@ TEST(QtCanvas, GrowsABlockOfLinesUpwardsFromThePoint) {
   EXPECT_EQ(three.top(), one.top() - 2 * lineHeight);
   EXPECT_GT(inkOf("     Hg").left(), one.left() + 10) << "spaces at the start of a line count";
 
+  const auto extent = [](StyledText words) {
+    Rect found;
+    drawn(1, [&](QtCanvas& canvas) { found = canvas.textExtent(words, {20, 10}); });
+    return found;
+  };
+  EXPECT_EQ(extent(text("Hg\nHg\n")).y, 10 + static_cast<float>(lineHeight));
+  EXPECT_EQ(extent(text("Hg\nHg")).height, 2 * static_cast<float>(lineHeight));
+  EXPECT_NEAR(extent(text("Hg")).width, one.width(), 3);
+  auto counted = text("%2 of %1");
+  counted.numbers = {{25}, {7.25, 1}};
+  EXPECT_EQ(extent(counted),
+            extent(text((QLocale().toString(7.25, 'f', 1) + " of 25").toUtf8().constData())));
+
   const QRect label = inkOf("ReCalibrate");
   EXPECT_LT(label.width(), 80) << "must fit its button";
   EXPECT_NEAR(inkOf("ReCalibrate", 2).width(), 2 * label.width(), 4) << "points at every scale";

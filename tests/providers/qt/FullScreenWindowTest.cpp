@@ -27,6 +27,7 @@ struct ScriptedView final : View {
   void mouseDown(Point location) override { note("down", location); }
   void mouseDragged(Point location) override { note("dragged", location); }
   void mouseUp(Point location) override { note("up", location); }
+  void mouseMoved(Point location) override { note("moved", location); }
   void keyDown(std::uint16_t keyCode) override { note("key " + std::to_string(keyCode), {}); }
   bool acceptsFirstResponder() const override { return true; }
   bool isOpaque() const override { return false; }
@@ -65,7 +66,7 @@ struct QtFullScreenWindowTest : ::testing::Test {
   }
 };
 
-TEST_F(QtFullScreenWindowTest, PassesTheLeftButtonFromTheLowerLeftCornerAndKeysByTheirCodes) {
+TEST_F(QtFullScreenWindowTest, PassesFingersAndMouseFromTheLowerLeftCornerAndKeysByTheirCodes) {
   open();
   const float height = static_cast<float>(surface->height());
   QTest::mousePress(surface, Qt::LeftButton, {}, QPoint(10, 20));
@@ -73,6 +74,7 @@ TEST_F(QtFullScreenWindowTest, PassesTheLeftButtonFromTheLowerLeftCornerAndKeysB
   QCoreApplication::sendEvent(surface, &move);
   QTest::mouseRelease(surface, Qt::LeftButton, {}, QPoint(50, 60));
   QTest::mouseClick(surface, Qt::RightButton, {}, QPoint(5, 5));
+  QTest::mouseClick(surface, Qt::MiddleButton, {}, QPoint(5, 5));
   QMouseEvent hover(QEvent::MouseMove, QPointF(1, 1), QPointF(1, 1), Qt::NoButton, Qt::NoButton, {});
   QCoreApplication::sendEvent(surface, &hover);
   for (const auto key : {Qt::Key_Return, Qt::Key_Escape, Qt::Key_A}) QTest::keyClick(surface, key);
@@ -81,6 +83,9 @@ TEST_F(QtFullScreenWindowTest, PassesTheLeftButtonFromTheLowerLeftCornerAndKeysB
   const std::vector<std::pair<std::string, Point>> expected = {{"down", {10, height - 20}},
                                                                {"dragged", {30.5F, height - 40}},
                                                                {"up", {50, height - 60}},
+                                                               {"down", {5, height - 5}},
+                                                               {"up", {5, height - 5}},
+                                                               {"moved", {1, height - 1}},
                                                                {"key 36", {}},
                                                                {"key 53", {}},
                                                                {"key 65535", {}},
