@@ -109,6 +109,70 @@
         <source>ReCalibrate</source>
         <translation>Wiederholen</translation>
     </message>
+    <message>
+        <source>Target %1 of %2</source>
+        <translation>Ziel %1 von %2</translation>
+    </message>
+    <message>
+        <source>Once more: target %1 of %2</source>
+        <translation>Noch einmal: Ziel %1 von %2</translation>
+    </message>
+    <message>
+        <source>Ends by itself in %1 s</source>
+        <translation>Endet von selbst in %1 s</translation>
+    </message>
+    <message>
+        <source>The touches fit each other.</source>
+        <translation>Die Berührungen passen zueinander.</translation>
+    </message>
+    <message>
+        <source>Error of the touches: mean %1 px, largest %2 px</source>
+        <translation>Abweichung der Berührungen: Mittel %1 px, größte %2 px</translation>
+    </message>
+    <message>
+        <source>Error of the touches: mean %1 px (%3 mm), largest %2 px (%4 mm)</source>
+        <translation>Abweichung der Berührungen: Mittel %1 px (%3 mm), größte %2 px (%4 mm)</translation>
+    </message>
+    <message>
+        <source>Drag a rectangle from its upper left to its lower right corner.</source>
+        <translation>Ein Rechteck von links oben nach rechts unten aufziehen.</translation>
+    </message>
+    <message>
+        <source>The targets will stand in a box of that size at the lower left of the screen.</source>
+        <translation>Die Ziele stehen dann in einem Feld dieser Größe links unten auf dem Bildschirm.</translation>
+    </message>
+    <message>
+        <source>The touch with a ring does not fit the others.</source>
+        <translation>Die Berührung mit Ring passt nicht zu den anderen.</translation>
+    </message>
+    <message>
+        <source>Touch the ring to take this touch again.</source>
+        <translation>Den Ring berühren, um diese Berührung zu wiederholen.</translation>
+    </message>
+    <message>
+        <source>The touches with a ring do not fit the others.</source>
+        <translation>Die Berührungen mit Ring passen nicht zu den anderen.</translation>
+    </message>
+    <message>
+        <source>Touch a ring to take that touch again.</source>
+        <translation>Einen Ring berühren, um diese Berührung zu wiederholen.</translation>
+    </message>
+    <message>
+        <source>These touches do not fit together.</source>
+        <translation>Diese Berührungen passen nicht zusammen.</translation>
+    </message>
+    <message>
+        <source>These touches give no calibration; nothing has changed.</source>
+        <translation>Diese Berührungen ergeben keine Kalibrierung; nichts wurde geändert.</translation>
+    </message>
+    <message>
+        <source>This calibration folds the screen: different places act as the same one.</source>
+        <translation>Diese Kalibrierung faltet den Bildschirm: verschiedene Stellen wirken wie dieselbe.</translation>
+    </message>
+    <message>
+        <source>Touch ReCalibrate to take all touches again.</source>
+        <translation>„Wiederholen“ berühren, um alle Berührungen zu wiederholen.</translation>
+    </message>
 </context>
 <context>
     <name>Controls</name>

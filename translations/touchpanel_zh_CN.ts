@@ -109,6 +109,70 @@
         <source>ReCalibrate</source>
         <translation>重新校准</translation>
     </message>
+    <message>
+        <source>Target %1 of %2</source>
+        <translation>目标 %1 / %2</translation>
+    </message>
+    <message>
+        <source>Once more: target %1 of %2</source>
+        <translation>再次触摸：目标 %1 / %2</translation>
+    </message>
+    <message>
+        <source>Ends by itself in %1 s</source>
+        <translation>%1 秒后自动结束</translation>
+    </message>
+    <message>
+        <source>The touches fit each other.</source>
+        <translation>各次触摸相互吻合。</translation>
+    </message>
+    <message>
+        <source>Error of the touches: mean %1 px, largest %2 px</source>
+        <translation>触摸误差：平均 %1 px，最大 %2 px</translation>
+    </message>
+    <message>
+        <source>Error of the touches: mean %1 px (%3 mm), largest %2 px (%4 mm)</source>
+        <translation>触摸误差：平均 %1 px（%3 mm），最大 %2 px（%4 mm）</translation>
+    </message>
+    <message>
+        <source>Drag a rectangle from its upper left to its lower right corner.</source>
+        <translation>请从左上角向右下角拖出一个矩形。</translation>
+    </message>
+    <message>
+        <source>The targets will stand in a box of that size at the lower left of the screen.</source>
+        <translation>目标将显示在屏幕左下角同样大小的区域内。</translation>
+    </message>
+    <message>
+        <source>The touch with a ring does not fit the others.</source>
+        <translation>带圆环的触摸与其他触摸不吻合。</translation>
+    </message>
+    <message>
+        <source>Touch the ring to take this touch again.</source>
+        <translation>触摸圆环可重新采集该点。</translation>
+    </message>
+    <message>
+        <source>The touches with a ring do not fit the others.</source>
+        <translation>带圆环的触摸与其他触摸不吻合。</translation>
+    </message>
+    <message>
+        <source>Touch a ring to take that touch again.</source>
+        <translation>触摸某个圆环可重新采集该点。</translation>
+    </message>
+    <message>
+        <source>These touches do not fit together.</source>
+        <translation>这些触摸彼此不吻合。</translation>
+    </message>
+    <message>
+        <source>These touches give no calibration; nothing has changed.</source>
+        <translation>无法根据这些触摸得出校准，一切保持原状。</translation>
+    </message>
+    <message>
+        <source>This calibration folds the screen: different places act as the same one.</source>
+        <translation>此校准会使屏幕折叠：不同位置会被当作同一位置。</translation>
+    </message>
+    <message>
+        <source>Touch ReCalibrate to take all touches again.</source>
+        <translation>请触摸“重新校准”重新采集全部触摸。</translation>
+    </message>
 </context>
 <context>
     <name>Controls</name>

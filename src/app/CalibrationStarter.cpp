@@ -30,7 +30,9 @@ template <typename View>
 void CalibrationStarter::start(std::unique_ptr<View>& view, std::unique_ptr<RunWindow>& window) {
   window.reset();
   const auto frame = screen_.mainScreenFrame();
-  view = std::make_unique<View>(frame, ports_);
+  auto ports = ports_;
+  ports.scale = screen_.mainScreenScale();
+  view = std::make_unique<View>(frame, ports);
   window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_), view->run(),
                                        controller_, writes_, facts_, statusLine_);
   view->setWindow(*window);

@@ -8,6 +8,7 @@ namespace touchpanel {
 
 Calibration::Calibration(const Rect& frame, const CalibrationPorts& ports)
     : run_(ports, &DriverChannel::pointCalibrationCancelled),
+      screen_(run_, {frame.width, frame.height}),
       fDspWidth(frame.width),
       fDspHeight(frame.height) {
   run_.cursor().hide();
@@ -36,6 +37,10 @@ void Calibration::mouseDragged(Point /*location*/) {}
 
 void Calibration::mouseUp(Point location) {
   if (!run_.isOver()) screen_.release(location);
+}
+
+void Calibration::mouseMoved(Point location) {
+  if (!run_.isOver()) screen_.point(location, box());
 }
 
 void Calibration::keyDown(std::uint16_t keyCode) {

@@ -38,6 +38,7 @@ class Calibration final : public View {
   void mouseDown(Point location) override;
   void mouseDragged(Point location) override;
   void mouseUp(Point location) override;
+  void mouseMoved(Point location) override;
   void keyDown(std::uint16_t keyCode) override;
   bool acceptsFirstResponder() const override { return true; }
   bool isOpaque() const override { return false; }
@@ -50,7 +51,7 @@ class Calibration final : public View {
   Size box() const { return {fDspWidth, fDspHeight}; }
 
   CalibrationRun run_;
-  CalibrationScreen screen_{run_};
+  CalibrationScreen screen_;
   RegistryObject iHandle = 0;
   float fDspWidth;
   float fDspHeight;

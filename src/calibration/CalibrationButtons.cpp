@@ -1,6 +1,6 @@
 #include "calibration/CalibrationButtons.h"
 
-#include <array>
+#include <cstddef>
 
 namespace touchpanel {
 namespace {
@@ -33,10 +33,18 @@ std::uint8_t buttonPosition(const Point& location, const Size& box) {
   return calibration_button::kNone;
 }
 
+std::array<Rect, 3> buttonRects(const Size& box) {
+  const float cx = box.width / 2, cy = box.height / 2;
+  std::array<Rect, 3> rects;
+  for (std::size_t i = 0; i < rects.size(); ++i) rects[i] = {cx + kButtons[i].left, cy - 20, 80, 40};
+  return rects;
+}
+
 void drawButtons(Canvas& canvas, const CalibrationTexts& texts, const Size& box, std::uint8_t held) {
   const float cx = box.width / 2, cy = box.height / 2;
-  for (const auto& button : kButtons)
-    canvas.fillRect({cx + button.left, cy - 20, 80, 40}, button.number == held ? color::kRed : kButtonGrey);
+  const auto rects = buttonRects(box);
+  for (std::size_t i = 0; i < rects.size(); ++i)
+    canvas.fillRect(rects[i], kButtons[i].number == held ? color::kRed : kButtonGrey);
   for (const auto& button : kButtons) canvas.drawText(texts.*button.label, {cx + button.labelLeft, cy - 10});
 }
 

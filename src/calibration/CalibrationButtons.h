@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "calibration/CalibrationTexts.h"
@@ -18,6 +19,9 @@ inline constexpr std::uint8_t kCancel = 3;
 /// The button whose inside holds `location`, kNone when there is none; edges belong to no button. The buttons
 /// stand in a row in the middle of `box`, whose lower-left corner is the origin.
 std::uint8_t buttonPosition(const Point& location, const Size& box);
+
+/// Where the buttons are drawn, in the order of their numbers.
+std::array<Rect, 3> buttonRects(const Size& box);
 
 /// Draws the three buttons with their labels, the one numbered `held` as pressed.
 void drawButtons(Canvas& canvas, const CalibrationTexts& texts, const Size& box, std::uint8_t held);

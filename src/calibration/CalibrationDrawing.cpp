@@ -17,6 +17,10 @@ constexpr std::array<Disc, 5> kBullsEye = {{{50, color::kWhite},
                                             {20, kBackgroundBlue},
                                             {10, color::kRed}}};
 
+Point countDownOrigin(const Size& box) { return {box.width / 2 - 10, box.height / 2 - 150}; }
+Point noteOrigin(const Size& box) { return {box.width / 2 - 250, box.height / 2}; }
+Point noteBelowButtonsOrigin(const Size& box) { return {box.width / 2 - 250, box.height / 2 - 130}; }
+
 }  // namespace
 
 void drawBullsEye(Canvas& canvas, const Point& target) {
@@ -27,15 +31,27 @@ void drawBullsEye(Canvas& canvas, const Point& target) {
 }
 
 void drawCountDown(Canvas& canvas, const CalibrationTexts& texts, const Size& box) {
-  canvas.drawText(texts.timerString, {box.width / 2 - 10, box.height / 2 - 150});
+  canvas.drawText(texts.timerString, countDownOrigin(box));
 }
 
 void drawNote(Canvas& canvas, const CalibrationTexts& texts, const Size& box) {
-  canvas.drawText(texts.tipString, {box.width / 2 - 250, box.height / 2});
+  canvas.drawText(texts.tipString, noteOrigin(box));
 }
 
 void drawNoteBelowButtons(Canvas& canvas, const CalibrationTexts& texts, const Size& box) {
-  canvas.drawText(texts.tipString, {box.width / 2 - 250, box.height / 2 - 130});
+  canvas.drawText(texts.tipString, noteBelowButtonsOrigin(box));
+}
+
+Rect countDownExtent(Canvas& canvas, const CalibrationTexts& texts, const Size& box) {
+  return canvas.textExtent(texts.timerString, countDownOrigin(box));
+}
+
+Rect noteExtent(Canvas& canvas, const CalibrationTexts& texts, const Size& box) {
+  return canvas.textExtent(texts.tipString, noteOrigin(box));
+}
+
+Rect noteBelowButtonsExtent(Canvas& canvas, const CalibrationTexts& texts, const Size& box) {
+  return canvas.textExtent(texts.tipString, noteBelowButtonsOrigin(box));
 }
 
 }  // namespace touchpanel

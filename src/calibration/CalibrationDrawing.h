@@ -10,6 +10,8 @@ namespace touchpanel {
 
 inline constexpr Color kBackgroundBlue{0.082F, 0.691F, 0.914F, 1};
 
+inline constexpr float kBullsEyeRadius = 25;
+
 /// Five discs around `target`.
 void drawBullsEye(Canvas& canvas, const Point& target);
 
@@ -20,5 +22,10 @@ void drawNote(Canvas& canvas, const CalibrationTexts& texts, const Size& box);
 
 /// The note of the finished grid, lower so that the buttons have room.
 void drawNoteBelowButtons(Canvas& canvas, const CalibrationTexts& texts, const Size& box);
+
+/// What each of these texts covers.
+Rect countDownExtent(Canvas& canvas, const CalibrationTexts& texts, const Size& box);
+Rect noteExtent(Canvas& canvas, const CalibrationTexts& texts, const Size& box);
+Rect noteBelowButtonsExtent(Canvas& canvas, const CalibrationTexts& texts, const Size& box);
 
 }  // namespace touchpanel

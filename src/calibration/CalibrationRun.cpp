@@ -11,6 +11,7 @@ constexpr std::chrono::seconds kTick{1};
 constexpr std::int32_t kSecondsAfterTouch = 29;
 /// Touch mode in which the finished grid is tried.
 constexpr std::int32_t kTrialTouchMode = 2;
+constexpr std::int32_t kTicksOfAccepted = 2;
 
 }  // namespace
 
@@ -27,6 +28,9 @@ void CalibrationRun::begin(DeviceEntry entry, TableReloader& controller,
   DeviceContext = contextOf(*currentDict);
   BakDeviceContext = DeviceContext;
   const Status capture = startCalib(true);
+  // A finger that is to calibrate and to press buttons must be heard; exit() takes this back.
+  wasTouchOff_ = capture == kSuccess && !ports_.driver.isTouchEnabled(handle());
+  if (wasTouchOff_) ports_.driver.enableTouch(handle(), true);
   timer = ports_.runLoop.startRepeatingTimer(kTick, std::move(timerCallBack));
   // An instance that is gone is noticed by the probes, where a view makes any.
   if (capture != kSuccess && capture != kErrorNoDevice) close(capture);
@@ -42,14 +46,17 @@ void CalibrationRun::getPoints() {
     return;
   }
   if (captured->x == 0 || captured->y == 0) return;  // nothing was touched yet
+  accepted_ = Accepted{touches_.iTouchIndex};
   touches_.take(mode(), captured->x, captured->y);
-  iTimerCount = kSecondsAfterTouch;
+  iTimerCount = secondsLeft_ = kSecondsAfterTouch;
   setNeedsDisplay();
 }
 
 bool CalibrationRun::countDown() {
   if (iTimerCount == 0) return false;
   texts_->setSeconds(iTimerCount);
+  secondsLeft_ = iTimerCount;
+  if (accepted_ && ++accepted_->ticks == kTicksOfAccepted) accepted_.reset();
   setNeedsDisplay();
   --iTimerCount;
   return true;
@@ -61,16 +68,31 @@ void CalibrationRun::leaveCollecting() {
   ports_.cursor.show();
 }
 
-void CalibrationRun::tryOnce() {
+void CalibrationRun::tryOnce(const Size& box) {
   if (bSaveCalibData) return;
   bSaveCalibData = true;
   saveCalibData(true);
+  fit_.emplace(touches_, mode(), result_.isSolved, DeviceContext.CalibParams, box,
+               ports_.scale.value_or(SurfaceScale{}));
 }
 
 void CalibrationRun::reCalibrate() {
   touches_.restart();
-  iTimerCount = kSecondsAfterTouch;
+  collectAgain();
+}
+
+void CalibrationRun::takeAgain(std::int32_t target) {
+  touches_.takeAgain(target);
+  collectAgain();
+  // Capture begins with target 0; out of step, it would cost the user a touch.
+  ports_.driver.selectTarget(handle(), target);
+}
+
+void CalibrationRun::collectAgain() {
+  iTimerCount = secondsLeft_ = kSecondsAfterTouch;
   bSaveCalibData = false;
+  fit_.reset();
+  accepted_.reset();
   ports_.cursor.hide();
   startCalib(true);
   setNeedsDisplay();
@@ -86,16 +108,20 @@ void CalibrationRun::saveCalibData(bool save) {
     currentDict->set(entry_key::kCalibrateStatus, status ? entry_key::kYes : entry_key::kNo);
     return;
   }
-  const bool distorted = mode() != kFourTargets;
-  const float *rawX = touches_.fScrX.data(), *rawY = touches_.fScrY.data();
-  const bool solved = generateCalibParam(touches_.fDspX.data(), touches_.fDspY.data(), rawX, rawY,
-                                         distorted ? kTwentyFiveTargets : kFourTargets, params.X, params.Y,
-                                         distorted, {rawX, rawY});
-  result_.isSolved = solved;
-  if (!solved) return;
+  result_.isSolved = solve();
+  if (!result_.isSolved) return;
   result_.wasTried = true;
   result_.driver = ports_.driver.calibrationSaved(handle(), params);
   currentDict->set(entry_key::kCalibrateStatus, entry_key::kYes);
+}
+
+bool CalibrationRun::solve() {
+  auto& [paramsX, paramsY] = DeviceContext.CalibParams;
+  const bool distorted = mode() != kFourTargets;
+  const float *rawX = touches_.fScrX.data(), *rawY = touches_.fScrY.data();
+  return generateCalibParam(touches_.fDspX.data(), touches_.fDspY.data(), rawX, rawY,
+                            distorted ? kTwentyFiveTargets : kFourTargets, paramsX, paramsY, distorted,
+                            {rawX, rawY});
 }
 
 void CalibrationRun::btnOk() {
@@ -118,6 +144,7 @@ void CalibrationRun::exit() {
   texts_.reset();
   ports_.runLoop.invalidateTimer(timer);
   keepFailure(startCalib(false));
+  if (wasTouchOff_) ports_.driver.enableTouch(handle(), false);
   leaveScreen();
 }
 

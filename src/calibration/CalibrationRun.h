@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "calibration/CalibrationTexts.h"
+#include "calibration/FitExamination.h"
 #include "calibration/RunResult.h"
 #include "calibration/TableReloader.h"
 #include "calibration/TouchCollection.h"
@@ -24,6 +25,9 @@ struct CalibrationPorts {
   Cursor& cursor;
   Presentation& presentation;
   ContextStore& contextStore;
+  /// Of the screen that the calibration is shown on. Without one, nothing is shown beside targets, note, number and
+  /// buttons.
+  std::optional<SurfaceScale> scale = {};
 };
 
 /// One calibration of one touchscreen, without drawing: everything exchanged with the driver, the device entry
@@ -58,9 +62,11 @@ class CalibrationRun {
 
   /// The grid is finished: touches go to the desktop again, and the result is tried once.
   void leaveCollecting();
-  void tryOnce();
+  void tryOnce(const Size& box);
   /// Starts collecting again. Trial and backup stay as they are.
   void reCalibrate();
+  /// Collects the touch of one target of the finished grid once more; then the grid is finished and tried again.
+  void takeAgain(std::int32_t target);
   /// True: solves and hands the result to the driver as a trial; nothing happens when there is no solution.
   /// False: goes back to what was there before the run.
   void saveCalibData(bool save);
@@ -89,9 +95,23 @@ class CalibrationRun {
   /// Complete before the window is closed.
   const RunResult& result() const { return result_; }
 
+  /// The finished grid that is tried, examined; null before.
+  const FitExamination* fit() const { return fit_ ? &*fit_ : nullptr; }
+  /// Seconds after which the run ends by itself, as of the last tick or touch.
+  std::int32_t secondsLeft() const { return secondsLeft_; }
+  /// The touch that was accepted last, while it is new.
+  struct Accepted {
+    std::int32_t target = 0;
+    std::int32_t ticks = 0;  ///< seconds that began since
+  };
+  const std::optional<Accepted>& accepted() const { return accepted_; }
+  const std::optional<SurfaceScale>& scale() const { return ports_.scale; }
+
   void setNeedsDisplay();
 
  private:
+  bool solve();
+  void collectAgain();
   void leaveScreen();
   void keepFailure(Status status);
 
@@ -109,6 +129,11 @@ class CalibrationRun {
   _DEVICT_CONTEXT BakDeviceContext{};  ///< as it was before the run
   TableReloader* pMyController = nullptr;
   RunResult result_;
+
+  bool wasTouchOff_ = false;  ///< the driver delivered no touches when the run began
+  std::int32_t secondsLeft_ = 30;
+  std::optional<FitExamination> fit_;
+  std::optional<Accepted> accepted_;
 };
 
 }  // namespace touchpanel

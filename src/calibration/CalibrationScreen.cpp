@@ -1,39 +1,71 @@
 #include "calibration/CalibrationScreen.h"
 
+#include <limits>
+
 #include "calibration/CalibrationButtons.h"
 #include "calibration/CalibrationDrawing.h"
 
 namespace touchpanel {
+namespace {
+
+/// In no button, wherever the buttons lie.
+constexpr Point kNowhere{std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()};
+
+}  // namespace
+
+CalibrationScreen::CalibrationScreen(CalibrationRun& run, const Size& screen) : run_(run) {
+  if (run.scale()) additions_.emplace(run, screen, *run.scale());
+}
 
 void CalibrationScreen::press(const Point& location, const Size& box) {
   if (!run_.isFinished()) return;
   const auto button = buttonPosition(location, box);
-  if (button == calibration_button::kNone) return;
+  if (button == calibration_button::kNone) {
+    if (additions_ && additions_->press(location)) run_.setNeedsDisplay();
+    return;
+  }
   ucBtnFlag = button;
   run_.setNeedsDisplay();
+}
+
+void CalibrationScreen::point(const Point& location, const Size& box) {
+  if (additions_ && additions_->point(location, box)) run_.setNeedsDisplay();
 }
 
 void CalibrationScreen::release(const Point& location) {
   ucBtnFlag = calibration_button::kNone;
   center = location;
-  if (run_.isCollecting())
+  const auto again = additions_ ? additions_->release(location) : std::nullopt;
+  if (run_.touches().isAgain) center = kNowhere;
+  if (again)
+    run_.takeAgain(*again);
+  else if (run_.isCollecting())
     run_.getPoints();
   else
     run_.setNeedsDisplay();
 }
 
 void CalibrationScreen::draw(Canvas& canvas, const Size& box) {
+  if (drawRun(canvas, box) && additions_) additions_->draw(canvas, box);
+}
+
+void CalibrationScreen::drawBesideChoice(Canvas& canvas, const Rect& chosen) const {
+  if (additions_) additions_->drawChoice(canvas, chosen);
+}
+
+bool CalibrationScreen::drawRun(Canvas& canvas, const Size& box) {
   drawCountDown(canvas, run_.texts(), box);
-  if (drawTarget(canvas, box)) return;
+  if (drawTarget(canvas, box)) return true;
   const auto mode = run_.mode();
   const bool allRowsDone = mode == kTwentyFiveTargets && run_.touches().iObjRow >= 6;
-  if (!allRowsDone && !run_.isFinished()) return;
+  if (!allRowsDone && !run_.isFinished()) return true;
   run_.leaveCollecting();
   drawFinished(canvas, box, calibration_button::kNone);
-  if (!run_.isFinished()) return;
-  run_.tryOnce();
-  if (ucBtnFlag == calibration_button::kNone && perform(buttonPosition(center, box))) return;
+  if (!run_.isFinished()) return true;
+  run_.tryOnce(box);
+  if (ucBtnFlag == calibration_button::kNone && perform(buttonPosition(center, box))) return false;
   drawFinished(canvas, box, ucBtnFlag);
+  return true;
 }
 
 bool CalibrationScreen::drawTarget(Canvas& canvas, const Size& box) {

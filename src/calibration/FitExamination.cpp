@@ -1,7 +1,6 @@
 #include "calibration/FitExamination.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "calibration/FoldCheck.h"
 #include "calibration/WrongTouches.h"
@@ -62,9 +61,12 @@ bool disagree(const TouchSamples& samples, const Measure& measure) {
 }
 
 void addErrors(FitReport& report, const Size& box, const SurfaceScale& scale) {
-  std::vector<LandedTouch> inPoints;
-  for (const auto& [units, fits] : report.touches())
-    inPoints.push_back({viewPoint(units.meant, box), viewPoint(units.landed, box)});
+  std::array<LandedTouch, kMostSamples> places;
+  for (std::size_t k = 0; k < report.count; ++k) {
+    const auto& units = report.all[k].units;
+    places[k] = {viewPoint(units.meant, box), viewPoint(units.landed, box)};
+  }
+  const std::span inPoints(places.data(), report.count);
   report.pixels = errorsInPixels(inPoints, scale);
   report.millimetres = errorsInMillimetres(inPoints, scale);
 }

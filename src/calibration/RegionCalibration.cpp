@@ -16,6 +16,7 @@ RegionCalibration::RegionCalibration(const Rect& frame, const CalibrationPorts& 
     : frameWidth(frame.width),
       frameHeight(frame.height),
       run_(ports, &DriverChannel::regionCalibrationCancelled),
+      screen_(run_, {frame.width, frame.height}),
       fDspWidth(frame.width),
       fDspHeight(frame.height) {}
 
@@ -29,6 +30,7 @@ void RegionCalibration::drawRect(Canvas& canvas) {
   fDspHeight = newSize.height;
   if (!bDraw) {
     drawChoice(canvas);
+    screen_.drawBesideChoice(canvas, {newPoint.x, newPoint.y, newSize.width, newSize.height});
     return;
   }
   canvas.fillRect({0, 0, newSize.width, newSize.height}, kBackgroundBlue);
@@ -62,6 +64,10 @@ void RegionCalibration::mouseUp(Point location) {
   // The grid is to be seen at once, also when this mouse-up is not taken as a touch.
   if (!std::exchange(bDraw, true)) run_.setNeedsDisplay();
   screen_.release(location);
+}
+
+void RegionCalibration::mouseMoved(Point location) {
+  if (!run_.isOver()) screen_.point(location, box());
 }
 
 void RegionCalibration::keyDown(std::uint16_t keyCode) {

@@ -40,6 +40,7 @@ class RegionCalibration final : public View {
   void mouseDown(Point location) override;
   void mouseDragged(Point location) override;
   void mouseUp(Point location) override;
+  void mouseMoved(Point location) override;
   void keyDown(std::uint16_t keyCode) override;
   bool acceptsFirstResponder() const override { return true; }
   bool isOpaque() const override { return false; }
@@ -60,7 +61,7 @@ class RegionCalibration final : public View {
   float frameWidth;  ///< the view's own size
   float frameHeight;
   CalibrationRun run_;
-  CalibrationScreen screen_{run_};
+  CalibrationScreen screen_;
   float fDspWidth;  ///< the box: the view until the first redraw, the dragged rectangle from then on
   float fDspHeight;
   bool bDraw = false;  ///< the rectangle was chosen

@@ -1,5 +1,7 @@
 #include "calibration/TouchCollection.h"
 
+#include <utility>
+
 namespace touchpanel {
 namespace {
 
@@ -25,6 +27,18 @@ void TouchCollection::take(std::int32_t mode, std::int32_t rawX, std::int32_t ra
   fScrX[index] = static_cast<float>(rawX);
   fScrY[index] = static_cast<float>(rawY);
   ++iTouchIndex;
+  if (std::exchange(isAgain, false)) {
+    iTouchIndex = mode;
+    iObjRow = mode / kColumns + 1;
+    iObjPoints = 0;
+  }
+}
+
+void TouchCollection::takeAgain(std::int32_t target) {
+  isAgain = true;
+  iTouchIndex = target;
+  iObjRow = target / kColumns + 1;
+  iObjPoints = target % kColumns;
 }
 
 void TouchCollection::beginRow() {
@@ -39,6 +53,7 @@ void TouchCollection::noteTarget(const Point& driverUnits) {
 }
 
 void TouchCollection::restart() {
+  isAgain = false;
   iTouchIndex = 0;
   iObjRow = 1;
   iObjPoints = 0;

@@ -15,6 +15,7 @@ struct TouchCollection {
   std::int32_t iObjPoints = 0;             ///< twenty-five targets: column shown, 0..4
   std::array<float, 25> fDspX{}, fDspY{};  ///< each target, in the driver's logical units
   std::array<float, 25> fScrX{}, fScrY{};  ///< the raw touch reported for each target
+  bool isAgain = false;                    ///< only the target shown is taken once more
 
   bool isCollecting(std::int32_t mode) const;
   bool isFinished(std::int32_t mode) const;
@@ -22,6 +23,8 @@ struct TouchCollection {
   /// Takes a raw touch for the target shown and goes on to the next one. The column after the last one of a
   /// row stands until beginRow(). Does nothing when every place is taken.
   void take(std::int32_t mode, std::int32_t rawX, std::int32_t rawY);
+  /// Goes back to `target` of a finished grid, to take just its touch once more.
+  void takeAgain(std::int32_t target);
   /// Completes the change to the next row that the last touch of a row began.
   void beginRow();
   /// Notes where the target shown lies.

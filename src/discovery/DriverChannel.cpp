@@ -78,6 +78,13 @@ Status DriverChannel::enableTouch(RegistryObject handle, bool enabled) {
                                Dictionary{{configration_key::kEnableTouch, enabled}});
 }
 
+bool DriverChannel::isTouchEnabled(RegistryObject handle) {
+  const auto properties = registry_.properties(handle);
+  const auto* settings = properties ? properties->dictionary(property::kConfigration) : nullptr;
+  return settings == nullptr || !settings->contains(configration_key::kEnableTouch) ||
+         settings->boolean(configration_key::kEnableTouch);
+}
+
 bool DriverChannel::probeCalibration(RegistryObject handle) {
   return registry_.setProperty(handle, property::kCalibration, Dictionary()) != kErrorNoDevice;
 }

@@ -35,6 +35,8 @@ class DriverChannel {
   Status applySettings(RegistryObject handle, const TouchSettings& settings);
   Status setMode(RegistryObject handle, const Value& mode);  ///< "mode", passed on as it is stored
   Status enableTouch(RegistryObject handle, bool enabled);
+  /// Whether the instance delivers touches by its own account; true when it says nothing.
+  bool isTouchEnabled(RegistryObject handle);
 
   // Probes, an empty dictionary each. False when the instance is gone: one that does not answer, or that this
   // user may not write to, is still there.

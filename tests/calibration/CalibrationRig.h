@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <utility>
 
@@ -45,7 +47,12 @@ class ReloadCounter final : public TableReloader {
 template <typename CalibrationView>
 class CalibrationRig {
  public:
-  explicit CalibrationRig(std::int32_t mode) {
+  /// Nothing is drawn beside targets, note, number and buttons but with a `scale`.
+  explicit CalibrationRig(std::int32_t mode, std::optional<SurfaceScale> scale = {},
+                          Size screen = {1920, 1080})
+      : view(std::make_unique<CalibrationView>(
+            Rect{0, 0, screen.width, screen.height},
+            CalibrationPorts{driver, runLoop, cursor, presentation, store, scale})) {
     // No byte is 0, and no two neighbours are equal.
     std::array<std::uint8_t, kDeviceContextSize> image{};
     for (std::size_t i = 0; i < image.size(); ++i) image[i] = static_cast<std::uint8_t>(1 + i % 251);
@@ -128,6 +135,16 @@ class CalibrationRig {
     return last;
   }
   Operations touchAll() { return touchTargets(mode()); }
+  /// Touches every target where it lies, but `wrong` ones where the one before lies.
+  Operations touchExactly(const std::set<std::int32_t>& wrong = {}) {
+    Operations last;
+    for (std::int32_t i = 0; i < mode(); ++i) {
+      const auto from = static_cast<std::size_t>(wrong.contains(i) ? i - 1 : i);
+      last = touch(static_cast<std::int32_t>(touches().fDspX[from]),
+                   static_cast<std::int32_t>(touches().fDspY[from]), i);
+    }
+    return last;
+  }
 
   /// What was written to the driver since the last call. Parameters are those "before" the run or the "solved"
   /// ones of its touches.
@@ -194,8 +211,7 @@ class CalibrationRig {
   std::shared_ptr<FakeWindowRecord> record = std::make_shared<FakeWindowRecord>();
   FakeFullScreenWindow window{record};
   DeviceEntry entry = std::make_shared<Dictionary>();
-  std::unique_ptr<CalibrationView> view = std::make_unique<CalibrationView>(
-      Rect{0, 0, 1920, 1080}, CalibrationPorts{driver, runLoop, cursor, presentation, store});
+  std::unique_ptr<CalibrationView> view;
 
  private:
   std::int32_t mode() const { return entry->integer(settings_key::kCalibrateMode); }

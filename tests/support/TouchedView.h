@@ -43,11 +43,12 @@ class TouchedView {
       while (!isClosed() && std::exchange(record_->redrawRequests, 0) > 0) paint();
     }
   }
-  /// Touches the target that is shown as the next one: the middle of the smallest disc on the screen.
+  /// Touches the target that is shown as the next one: the middle of its red disc.
   void tapTarget() {
     Point middle;
-    for (const auto& [what, place, color] : canvas_.operations)
-      if (what == "oval") middle = {place.x + place.width / 2, place.y + place.height / 2};
+    for (const auto& [what, place, ink] : canvas_.operations)
+      if (what == "oval" && ink == color::kRed)
+        middle = {place.x + place.width / 2, place.y + place.height / 2};
     tap(middle);
   }
   void tapMiddle() { tap({screen_.width / 2, screen_.height / 2}); }

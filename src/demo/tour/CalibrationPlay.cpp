@@ -61,27 +61,43 @@ QColor CalibrationPlay::drawnAt(QPoint place) const {
 
 void CalibrationPlay::takePicture(const std::string& state) { stage_.pictures().take(prefix_ + "-" + state); }
 
-void CalibrationPlay::touchTarget(int index) {
-  const auto name = "target " + std::to_string(index + 1);
+QPoint CalibrationPlay::targetPoint(int index) const {
   const auto place = static_cast<std::size_t>(index);
-  stage_.until([&] { return run().touches().fDspX[place] > 0; }, name);
   const auto toPixel = [](float logical, int length) {
     return static_cast<int>(std::lround(static_cast<double>(logical) * length / kLogicalMaximum));
   };
-  const QPoint target = box_.topLeft() + QPoint(toPixel(run().touches().fDspX[place], box_.width()),
-                                                toPixel(run().touches().fDspY[place], box_.height()));
-  stage_.until([&] { return drawnAt(target + kBelowCentre) == QColor(Qt::red); }, name + " to be drawn");
-  if (index == 0) takePicture("first");
-  if (index == 12) takePicture("middle");
-  stage_.click(surface_->mapToGlobal(target));
-  stage_.until([&] { return run().touches().iTouchIndex == index + 1; },
-               "the touch of " + name + " to be taken");
+  return box_.topLeft() + QPoint(toPixel(run().touches().fDspX[place], box_.width()),
+                                 toPixel(run().touches().fDspY[place], box_.height()));
 }
 
-void CalibrationPlay::touchAllTargets() {
+void CalibrationPlay::touchTarget(int index, int place) {
+  const auto name = "target " + std::to_string(index + 1);
+  stage_.until([&] { return run().touches().fDspX[static_cast<std::size_t>(index)] > 0; }, name);
+  stage_.until([&] { return drawnAt(targetPoint(index) + kBelowCentre) == QColor(Qt::red); },
+               name + " to be drawn");
+  if (index == 0) takePicture("first");
+  if (index == 12) takePicture("middle");
+  stage_.click(surface_->mapToGlobal(targetPoint(place)));
+  stage_.until([&] { return run().touches().iTouchIndex != index; }, "the touch of " + name + " to be taken");
+}
+
+void CalibrationPlay::touchAllTargets(std::optional<int> bounced) {
   const int targets = run().mode();
-  for (int index = 0; index < targets; ++index) touchTarget(index);
-  stage_.until([&] { return run().isFinished(); }, "the grid to be finished");
+  for (int index = 0; index < targets; ++index) touchTarget(index, index == bounced ? index - 1 : index);
+  stage_.until([&] { return run().isFinished() && run().fit() != nullptr; }, "the grid to be finished");
+}
+
+void CalibrationPlay::takeAgain(int target) {
+  const auto& report = run().fit()->report();
+  require(report.wrongTouches() == 1 && !report.all[static_cast<std::size_t>(target)].fits,
+          "the bounced touch has no ring");
+  stage_.until([&] { return surface_->isUpToDate(); }, "the ring to be drawn");
+  takePicture("ring");
+  stage_.click(surface_->mapToGlobal(targetPoint(target)));
+  stage_.until([&] { return run().isCollecting(); }, "the ringed target to be shown");
+  touchTarget(target, target);
+  stage_.until([&] { return run().isFinished() && run().fit() != nullptr; }, "the grid to be finished again");
+  require(run().fit()->report().wrongTouches() == 0, "a touch is still called wrong");
 }
 
 void CalibrationPlay::pressOk() {

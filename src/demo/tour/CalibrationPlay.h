@@ -4,6 +4,7 @@
 #include <QPoint>
 #include <QPointer>
 #include <QRect>
+#include <optional>
 #include <string>
 
 #include "calibration/CalibrationRun.h"
@@ -22,13 +23,18 @@ class CalibrationPlay {
   /// Drags out a region, `share` of the screen on both axes.
   void chooseRegion(double share);
   /// Touches the middle of each target as it comes up, until the buttons are shown.
-  void touchAllTargets();
+  /// `bounced`, if any, is touched where the target before it lies.
+  void touchAllTargets(std::optional<int> bounced = {});
+  /// Touches the ring around `target`, the only one, and takes its touch again.
+  void takeAgain(int target);
   /// Holds OK, lets go of it and waits until the window has gone.
   void pressOk();
 
  private:
   const CalibrationRun& run() const;
-  void touchTarget(int index);
+  /// Touches the target shown, `index`, where target `place` lies.
+  void touchTarget(int index, int place);
+  QPoint targetPoint(int index) const;
   QColor drawnAt(QPoint place) const;
   void takePicture(const std::string& state);
 

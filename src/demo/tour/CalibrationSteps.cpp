@@ -48,6 +48,7 @@ struct Course {
   double acceptedShare;  ///< of the mean error before
   TouchedBox box{};
   void (*begin)(CalibrationPlay&);
+  std::optional<int> bounced = {};  ///< the target whose first touch is wrong
 };
 
 void openWholeScreen(CalibrationPlay& play) { play.open("btnCalibrate"); }
@@ -59,7 +60,8 @@ std::string calibrate(Stage& stage, const Course& course) {
   const auto before = probe(stage, touchscreen, course.box);
   CalibrationPlay play(stage, course.pictures);
   course.begin(play);
-  play.touchAllTargets();
+  play.touchAllTargets(course.bounced);
+  if (course.bounced) play.takeAgain(*course.bounced);
   play.pressOk();
   requireStored(stage, touchscreen);
   stage.pictures().take(course.pictures + "-done");
@@ -74,7 +76,8 @@ std::string calibrate(Stage& stage, const Course& course) {
 
 std::string calibrateInfraredWith25Targets(Stage& stage) {
   return calibrate(
-      stage, {DeviceKind::Infrared, kTwentyFiveTargets, "infrared-25-targets", 0.1, {}, &openWholeScreen});
+      stage,
+      {DeviceKind::Infrared, kTwentyFiveTargets, "infrared-25-targets", 0.1, {}, &openWholeScreen, 14});
 }
 
 std::string calibrateOpticalWith4Targets(Stage& stage) {

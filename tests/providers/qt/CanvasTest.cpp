@@ -1,4 +1,5 @@
 #include <QImage>
+#include <QLocale>
 #include <QPainter>
 
 #include <gtest/gtest.h>
