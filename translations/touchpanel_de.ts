@@ -336,6 +336,133 @@
     </message>
 </context>
 <context>
+    <name>HistorySheet</name>
+    <message>
+        <source>Earlier calibrations</source>
+        <translation>Frühere Kalibrierungen</translation>
+    </message>
+    <message>
+        <source>Where the touches landed</source>
+        <translation>Wo die Berührungen ankamen</translation>
+    </message>
+    <message>
+        <source>Nothing is kept of this touchscreen yet. From the next calibration or reset on, what it held before can be restored here.</source>
+        <translation>Von diesem Touchscreen ist noch nichts aufbewahrt. Ab der nächsten Kalibrierung oder dem nächsten Zurücksetzen lässt sich hier wiederherstellen, was er vorher enthielt.</translation>
+    </message>
+    <message>
+        <source>Some of what was kept could not be read and is not shown.</source>
+        <translation>Ein Teil des Aufbewahrten war nicht lesbar und wird nicht gezeigt.</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>&amp;Wiederherstellen</translation>
+    </message>
+    <message>
+        <source>Write the selected calibration to the touchscreen and use it</source>
+        <translation>Die gewählte Kalibrierung in den Touchscreen schreiben und verwenden</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Close and change nothing</source>
+        <translation>Schließen, ohne etwas zu ändern</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>%1 px, %2 mm</source>
+        <translation>%1 px, %2 mm</translation>
+    </message>
+    <message>
+        <source>As found</source>
+        <translation>Wie vorgefunden</translation>
+    </message>
+    <message>
+        <source>As found, not calibrated</source>
+        <translation>Wie vorgefunden, nicht kalibriert</translation>
+    </message>
+    <message>
+        <source>As it was before</source>
+        <translation>Wie es vorher war</translation>
+    </message>
+    <message>
+        <source>As it was before, not calibrated</source>
+        <translation>Wie es vorher war, nicht kalibriert</translation>
+    </message>
+    <message>
+        <source>Calibrated</source>
+        <translation>Kalibriert</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>Zurückgesetzt</translation>
+    </message>
+    <message>
+        <source>Restored</source>
+        <translation>Wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>Restored, not calibrated</source>
+        <translation>Wiederhergestellt, nicht kalibriert</translation>
+    </message>
+    <message>
+        <source>%1 (written only in part)</source>
+        <translation>%1 (nur teilweise geschrieben)</translation>
+    </message>
+    <message>
+        <source>%1 (not written)</source>
+        <translation>%1 (nicht geschrieben)</translation>
+    </message>
+    <message>
+        <source>%1 (not known whether written)</source>
+        <translation>%1 (unbekannt, ob geschrieben)</translation>
+    </message>
+    <message>
+        <source>%1 – held now</source>
+        <translation>%1 – jetzt gültig</translation>
+    </message>
+    <message>
+        <source>Target %1: %2</source>
+        <translation>Ziel %1: %2</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>Datum und Uhrzeit</translation>
+    </message>
+    <message>
+        <source>What it was</source>
+        <translation>Was es war</translation>
+    </message>
+    <message>
+        <source>Targets</source>
+        <translation>Ziele</translation>
+    </message>
+    <message>
+        <source>Mean error</source>
+        <translation>Mittlerer Fehler</translation>
+    </message>
+    <message>
+        <source>Largest error</source>
+        <translation>Größter Fehler</translation>
+    </message>
+    <message>
+        <source>Where its touches landed is not known.</source>
+        <translation>Wo die Berührungen ankamen, ist nicht bekannt.</translation>
+    </message>
+    <message>
+        <source>Crosses are targets; dots are where their touches landed.</source>
+        <translation>Kreuze sind Ziele; Punkte sind die Stellen, an denen ihre Berührungen ankamen.</translation>
+    </message>
+    <message>
+        <source>Crosses are targets; dots are where their touches landed, drawn %1 times as far off.</source>
+        <translation>Kreuze sind Ziele; Punkte sind die Stellen, an denen ihre Berührungen ankamen, %1-mal so weit entfernt gezeichnet.</translation>
+    </message>
+</context>
+<context>
     <name>IntegerField</name>
     <message>
         <source>%1 to %2%3</source>
@@ -1188,6 +1315,30 @@
     <message>
         <source>you are not permitted to change settings of touchscreens</source>
         <translation>Sie dürfen Einstellungen von Touchscreens nicht ändern</translation>
+    </message>
+    <message>
+        <source>%1 is not connected any more; nothing was restored.</source>
+        <translation>%1 ist nicht mehr angeschlossen; nichts wurde wiederhergestellt.</translation>
+    </message>
+    <message>
+        <source>There is no reset of %1 to undo.</source>
+        <translation>Bei %1 gibt es kein Zurücksetzen rückgängig zu machen.</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is written and in use, but not kept among the earlier ones: %2.</source>
+        <translation>Die neue Kalibrierung von %1 ist geschrieben und in Gebrauch, wurde aber nicht bei den früheren aufbewahrt: %2.</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is written and in use again, but what it replaced could not be kept: %2.</source>
+        <translation>Die frühere Kalibrierung von %1 ist geschrieben und wieder in Gebrauch, aber was sie ersetzt, konnte nicht aufbewahrt werden: %2.</translation>
+    </message>
+    <message>
+        <source>%1 has no calibration any more; that is written and in force, but cannot be undone here: %2.</source>
+        <translation>%1 hat keine Kalibrierung mehr; das ist geschrieben und gilt, lässt sich hier aber nicht rückgängig machen: %2.</translation>
+    </message>
+    <message>
+        <source>there is a file of something else in its place</source>
+        <translation>an ihrer Stelle liegt eine fremde Datei</translation>
     </message>
 </context>
 <context>

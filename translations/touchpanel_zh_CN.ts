@@ -336,6 +336,133 @@
     </message>
 </context>
 <context>
+    <name>HistorySheet</name>
+    <message>
+        <source>Earlier calibrations</source>
+        <translation>以前的校准</translation>
+    </message>
+    <message>
+        <source>Where the touches landed</source>
+        <translation>触摸落点</translation>
+    </message>
+    <message>
+        <source>Nothing is kept of this touchscreen yet. From the next calibration or reset on, what it held before can be restored here.</source>
+        <translation>尚未保存此触摸屏的任何记录。从下一次校准或重置开始，可在此恢复之前的内容。</translation>
+    </message>
+    <message>
+        <source>Some of what was kept could not be read and is not shown.</source>
+        <translation>部分已保存的内容无法读取，未显示。</translation>
+    </message>
+    <message>
+        <source>&amp;Restore</source>
+        <translation>恢复(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Write the selected calibration to the touchscreen and use it</source>
+        <translation>将所选校准写入触摸屏并使用</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close and change nothing</source>
+        <translation>关闭且不作任何更改</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 像素</translation>
+    </message>
+    <message>
+        <source>%1 px, %2 mm</source>
+        <translation>%1 像素，%2 毫米</translation>
+    </message>
+    <message>
+        <source>As found</source>
+        <translation>初始状态</translation>
+    </message>
+    <message>
+        <source>As found, not calibrated</source>
+        <translation>初始状态，未校准</translation>
+    </message>
+    <message>
+        <source>As it was before</source>
+        <translation>更改前的状态</translation>
+    </message>
+    <message>
+        <source>As it was before, not calibrated</source>
+        <translation>更改前的状态，未校准</translation>
+    </message>
+    <message>
+        <source>Calibrated</source>
+        <translation>已校准</translation>
+    </message>
+    <message>
+        <source>Reset</source>
+        <translation>已重置</translation>
+    </message>
+    <message>
+        <source>Restored</source>
+        <translation>已恢复</translation>
+    </message>
+    <message>
+        <source>Restored, not calibrated</source>
+        <translation>已恢复，未校准</translation>
+    </message>
+    <message>
+        <source>%1 (written only in part)</source>
+        <translation>%1（仅部分写入）</translation>
+    </message>
+    <message>
+        <source>%1 (not written)</source>
+        <translation>%1（未写入）</translation>
+    </message>
+    <message>
+        <source>%1 (not known whether written)</source>
+        <translation>%1（不知是否已写入）</translation>
+    </message>
+    <message>
+        <source>%1 – held now</source>
+        <translation>%1 – 当前</translation>
+    </message>
+    <message>
+        <source>Target %1: %2</source>
+        <translation>目标 %1：%2</translation>
+    </message>
+    <message>
+        <source>Date and time</source>
+        <translation>日期和时间</translation>
+    </message>
+    <message>
+        <source>What it was</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>Targets</source>
+        <translation>目标数</translation>
+    </message>
+    <message>
+        <source>Mean error</source>
+        <translation>平均误差</translation>
+    </message>
+    <message>
+        <source>Largest error</source>
+        <translation>最大误差</translation>
+    </message>
+    <message>
+        <source>Where its touches landed is not known.</source>
+        <translation>触摸落点未知。</translation>
+    </message>
+    <message>
+        <source>Crosses are targets; dots are where their touches landed.</source>
+        <translation>十字为目标，圆点为其触摸落点。</translation>
+    </message>
+    <message>
+        <source>Crosses are targets; dots are where their touches landed, drawn %1 times as far off.</source>
+        <translation>十字为目标，圆点为其触摸落点，偏差放大 %1 倍绘制。</translation>
+    </message>
+</context>
+<context>
     <name>IntegerField</name>
     <message>
         <source>%1 to %2%3</source>
@@ -1182,6 +1309,30 @@
     <message>
         <source>you are not permitted to change settings of touchscreens</source>
         <translation>您没有更改触摸屏设置的权限</translation>
+    </message>
+    <message>
+        <source>%1 is not connected any more; nothing was restored.</source>
+        <translation>%1 已不再连接；未恢复任何内容。</translation>
+    </message>
+    <message>
+        <source>There is no reset of %1 to undo.</source>
+        <translation>%1 没有可撤销的重置。</translation>
+    </message>
+    <message>
+        <source>The new calibration of %1 is written and in use, but not kept among the earlier ones: %2.</source>
+        <translation>%1 的新校准已写入并在使用，但未保存到以前的校准中：%2。</translation>
+    </message>
+    <message>
+        <source>The earlier calibration of %1 is written and in use again, but what it replaced could not be kept: %2.</source>
+        <translation>%1 以前的校准已写入并重新使用，但被替换的内容未能保存：%2。</translation>
+    </message>
+    <message>
+        <source>%1 has no calibration any more; that is written and in force, but cannot be undone here: %2.</source>
+        <translation>%1 已没有校准；此更改已写入并生效，但无法在此撤销：%2。</translation>
+    </message>
+    <message>
+        <source>there is a file of something else in its place</source>
+        <translation>该位置有其他内容的文件</translation>
     </message>
 </context>
 <context>

@@ -33,8 +33,9 @@ void CalibrationStarter::start(std::unique_ptr<View>& view, std::unique_ptr<RunW
   auto ports = ports_;
   ports.scale = screen_.mainScreenScale();
   view = std::make_unique<View>(frame, ports);
-  window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_), view->run(),
-                                       controller_, writes_, facts_, statusLine_);
+  window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_),
+                                       Size{frame.width, frame.height}, view->run(), controller_, writes_,
+                                       facts_, statusLine_);
   view->setWindow(*window);
   view->setCalibrateDict(state_.currentDict, *window);
   if (!view->run().isOver()) window->present(*view);

@@ -4,12 +4,21 @@
 
 namespace touchpanel {
 
-void CalibrationWrites::report(const DeviceEntry& entry, const _DEVICT_CONTEXT& context,
-                               const WriteOutcome& written, const StatusMessage& sentence) {
+void CalibrationWrites::report(const DeviceEntry& entry, const _DEVICT_CONTEXT& before,
+                               CalibrationRecord record, const WriteOutcome& written,
+                               const StatusMessage& sentence) {
+  note(entry, record.context, written);
+  record.written = writtenStateOf(written);
+  const Status kept = earlier_.keep(*entry, before, record);
+  const bool wentWell = sentence.reason.empty();
+  statusLine_.show(kept != kSuccess && wentWell ? sentenceOfUnkept(record, sentence.device, kept) : sentence);
+}
+
+void CalibrationWrites::note(const DeviceEntry& entry, const _DEVICT_CONTEXT& context,
+                             const WriteOutcome& written) {
   std::erase_if(pending_, [&](const Pending& pending) { return pending.entry == entry; });
   if (!written.isWritten()) pending_.push_back({entry, context});
   update();
-  statusLine_.show(sentence);
 }
 
 void CalibrationWrites::repeat() {
@@ -18,7 +27,9 @@ void CalibrationWrites::repeat() {
   const auto [entry, context] = pending_.back();
   const auto written = store_.save(entry->integer(entry_key::kProductID),
                                    entry->integer(entry_key::kDeviceInterface), context);
-  report(entry, context, written, sentenceOf(WriteAttempt::Repetition, entry->text(entry_key::kSN), written));
+  note(entry, context, written);
+  earlier_.noteWritten(*entry, context, written);
+  statusLine_.show(sentenceOf(WriteAttempt::Repetition, entry->text(entry_key::kSN), written));
 }
 
 void CalibrationWrites::update() {

@@ -2,6 +2,7 @@
 
 #include "app/DeviceFacts.h"
 #include "app/EarlierCalibrations.h"
+#include "app/HistoryView.h"
 #include "discovery/DiscoveryPorts.h"
 #include "platform/Controls.h"
 #include "platform/StatusLine.h"
@@ -20,6 +21,7 @@ struct ControllerPorts {
   StatusLine& statusLine;
   HistoryPorts history;
   FactsView& facts;
+  HistoryView& earlier;
 };
 
 }  // namespace touchpanel

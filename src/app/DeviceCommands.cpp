@@ -7,6 +7,7 @@ namespace touchpanel {
 void DeviceCommands::Reset() {
   if (!state_.hasSelection()) return statusLine_.show(kNoDeviceSelected);
   auto& entry = *state_.currentDict;
+  const auto before = contextOf(entry);
   const Status driver = driver_.resetCalibration(registryObjectOf(entry, entry_key::kHandle));
   context_.DeviceConfig.CalibrateStatus = 0;
   const auto written =
@@ -15,7 +16,7 @@ void DeviceCommands::Reset() {
   entry.set(entry_key::kCalibrateStatus, entry_key::kNo);
   storeContext(entry, context_);
   outlets_.deviceTableView.reloadData();
-  writes_.report(state_.currentDict, context_, written,
+  writes_.report(state_.currentDict, before, {.event = CalibrationEvent::Reset, .context = context_}, written,
                  sentenceOf(WriteAttempt::Reset, entry.text(entry_key::kSN), written, driver));
 }
 

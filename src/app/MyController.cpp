@@ -3,6 +3,7 @@
 #include "app/CalibrationStarter.h"
 #include "app/DeviceCommands.h"
 #include "app/DiscoveredDevices.h"
+#include "app/HistorySheet.h"
 #include "app/VersionLabel.h"
 #include "discovery/DeviceList.h"
 #include "discovery/UsbDiscovery.h"
@@ -24,31 +25,36 @@ struct MyController::Collaborators {
       : driver(system.registry),
         store(system.usbServices, system.files, system.paths, {system.clock, system.diagnostics},
               system.waitNotice),
-        writes(outlets, state, store, ports.statusLine),
+        earlier(ports.history, system.diagnostics),
+        writes(outlets, state, store, earlier, ports.statusLine),
         buttons(outlets, state),
         settings(
             outlets, state, buttons, driver,
             {ports.sheets, ports.statusLine, system.usbServices, system.process, system.files, system.paths}),
-        earlier(ports.history),
         facts(state, system.registry, earlier, ports.facts),
         table(outlets, state, settings, facts),
         commands(outlets, state, buttons, driver, store, writes, system.process.DeviceContext,
                  ports.statusLine),
         calibrations(state, {driver, system.runLoop, ports.cursor, ports.presentation, store}, ports.screen,
                      writes, facts, ports.statusLine, controller),
+        restoring(driver, store, writes, controller),
+        history(state, earlier, restoring,
+                {outlets.HistoryWindow, outlets.KeyWindow, ports.sheets, ports.statusLine, ports.earlier}),
         devices(outlets, state, table, writes, facts, ports.statusLine),
         discovery(system, devices) {}
 
   DriverChannel driver;
   ContextStore store;
+  EarlierCalibrations earlier;
   CalibrationWrites writes;
   CommandButtons buttons;
   SettingsSheet settings;
-  EarlierCalibrations earlier;
   SelectedDeviceFacts facts;
   DeviceTable table;
   DeviceCommands commands;
   CalibrationStarter calibrations;
+  CalibrationRestoring restoring;
+  HistorySheet history;
   DiscoveredDevices devices;
   UsbDiscovery discovery;
 };
@@ -110,10 +116,27 @@ void MyController::Reset() {
   collaborators_->facts.update();
 }
 
-void MyController::RepeatWrite() { collaborators_->writes.repeat(); }
+void MyController::RepeatWrite() {
+  collaborators_->writes.repeat();
+  collaborators_->facts.update();
+}
 
 void MyController::EnableTouch() {
   collaborators_->commands.EnableTouch();
+  collaborators_->facts.update();
+}
+
+void MyController::UndoReset() {
+  collaborators_->history.undoReset();
+  collaborators_->facts.update();
+}
+
+void MyController::History() { collaborators_->history.open(); }
+
+void MyController::HistoryClose() { collaborators_->history.close(); }
+
+void MyController::Restore(std::size_t row) {
+  collaborators_->history.restore(row);
   collaborators_->facts.update();
 }
 

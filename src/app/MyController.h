@@ -65,6 +65,15 @@ class MyController final : public TableSource, public TableReloader {
   /// Writes the calibration again whose write to a touchscreen failed last; nothing when there is none.
   void RepeatWrite();
   void EnableTouch();
+  /// Puts back what the last reset of the selected touchscreen discarded. Blocks like a reset.
+  void UndoReset();
+
+  // Sheet of earlier calibrations.
+
+  void History();
+  void HistoryClose();
+  /// Closes the sheet and writes the calibration that is shown in `row` to its touchscreen. Blocks like a reset.
+  void Restore(std::size_t row);
 
   // Settings sheet.
 

@@ -201,6 +201,22 @@ StatusMessage sentenceOf(const SettingsOutcome& settings) {
   return message;
 }
 
+StatusMessage sentenceOfUnkept(const CalibrationRecord& record, std::string device, Status kept) {
+  const char* text = TRANSLATABLE_TEXT(
+      "StatusLine",
+      "The new calibration of %1 is written and in use, but not kept among the earlier ones: %2.");
+  if (record.event == CalibrationEvent::Restored)
+    text =
+        TRANSLATABLE_TEXT("StatusLine",
+                          "The earlier calibration of %1 is written and in use again, but what it replaced "
+                          "could not be kept: %2.");
+  if (!record.isCalibrated())
+    text = TRANSLATABLE_TEXT(
+        "StatusLine",
+        "%1 has no calibration any more; that is written and in force, but cannot be undone here: %2.");
+  return {.text = text, .device = std::move(device), .reason = reasonOfFile(kept)};
+}
+
 StatusMessage sentenceOfTouch(bool enable, std::string device, Status driver) {
   if (driver == kSuccess)
     return {enable ? TRANSLATABLE_TEXT("StatusLine", "Touch was enabled on %1.")

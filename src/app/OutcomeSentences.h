@@ -6,6 +6,7 @@
 
 #include "calibration/RunResult.h"
 #include "discovery/WriteOutcome.h"
+#include "history/CalibrationRecord.h"
 #include "platform/StatusLine.h"
 
 namespace touchpanel {
@@ -37,6 +38,9 @@ StatusMessage sentenceOf(WriteAttempt attempt, std::string device, const WriteOu
 /// Of a run that is over; `run.written` matters for an accepted one only.
 StatusMessage sentenceOf(const RunResult& run, std::string device);
 StatusMessage sentenceOf(const SettingsOutcome& settings);
+/// Of a calibration that is written and in use as it should be, while what was there before could not be kept in
+/// the history, for the reason `kept`.
+StatusMessage sentenceOfUnkept(const CalibrationRecord& record, std::string device, Status kept);
 /// Of touch that was to be switched on or off.
 StatusMessage sentenceOfTouch(bool enable, std::string device, Status driver);
 

@@ -23,7 +23,8 @@ struct Interface {
   typename Kit::CheckBox enableTouchSensitivity;
   typename Kit::IntegerControl touchSensitivityTime, touchSensitivityArea;
 
-  typename Kit::Window KeyWindow, SettingsWindow, AboutWindow;  ///< KeyWindow is the main window
+  typename Kit::Window KeyWindow, SettingsWindow, AboutWindow,
+      HistoryWindow;  ///< KeyWindow is the main window
 };
 
 struct PortKit {
@@ -70,7 +71,8 @@ Outlets outletsOf(Interface<Kit>& of) {
           of.touchSensitivityArea,
           of.KeyWindow,
           of.SettingsWindow,
-          of.AboutWindow};
+          of.AboutWindow,
+          of.HistoryWindow};
 }
 
 /// Calls `visit` with each control of the settings sheet and the setting that it shows as it is; the number of

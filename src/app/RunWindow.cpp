@@ -11,13 +11,18 @@ void RunWindow::present(View& view) {
 
 void RunWindow::close() {
   window_->close();
-  facts_.update();
   const auto& result = run_.result();
   const auto sentence = sentenceOf(result, run_.entry()->text(entry_key::kSN));
+  const auto* fit = run_.fit();
   if (result.ending == RunResult::Ending::Accepted)
-    writes_.report(run_.entry(), run_.deviceContext(), result.written, sentence);
+    writes_.report(run_.entry(), run_.contextBefore(),
+                   {.event = CalibrationEvent::Accepted,
+                    .context = run_.deviceContext(),
+                    .fit = fit ? keptFit(fit->report(), screen_) : std::nullopt},
+                   result.written, sentence);
   else
     statusLine_.show(sentence);
+  facts_.update();
 }
 
 }  // namespace touchpanel

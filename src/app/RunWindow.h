@@ -15,10 +15,12 @@ namespace touchpanel {
 /// closes, the status line says what came of it.
 class RunWindow final : public ViewWindow, public TableReloader {
  public:
-  /// `run` is shown in the window, which closes before it goes.
-  RunWindow(std::unique_ptr<FullScreenWindow> window, const CalibrationRun& run, TableReloader& controller,
-            CalibrationWrites& writes, SelectedDeviceFacts& facts, StatusLine& statusLine)
+  /// `run` is shown in the window, which closes before it goes; `screen` is the size of both, in points.
+  RunWindow(std::unique_ptr<FullScreenWindow> window, const Size& screen, const CalibrationRun& run,
+            TableReloader& controller, CalibrationWrites& writes, SelectedDeviceFacts& facts,
+            StatusLine& statusLine)
       : window_(std::move(window)),
+        screen_(screen),
         run_(run),
         controller_(controller),
         writes_(writes),
@@ -34,6 +36,7 @@ class RunWindow final : public ViewWindow, public TableReloader {
 
  private:
   std::unique_ptr<FullScreenWindow> window_;
+  const Size screen_;
   const CalibrationRun& run_;
   TableReloader& controller_;
   CalibrationWrites& writes_;

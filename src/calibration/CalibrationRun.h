@@ -91,6 +91,7 @@ class CalibrationRun {
   /// Only while the run is not over.
   const CalibrationTexts& texts() const { return *texts_; }
   const _DEVICT_CONTEXT& deviceContext() const { return DeviceContext; }
+  const _DEVICT_CONTEXT& contextBefore() const { return BakDeviceContext; }
   const DeviceEntry& entry() const { return currentDict; }
   /// Complete before the window is closed.
   const RunResult& result() const { return result_; }

@@ -86,6 +86,8 @@ std::string_view reasonOfFile(Status status) {
       return TRANSLATABLE_TEXT("StatusLine", "the disk is full");
     case kErrorNotFound:
       return TRANSLATABLE_TEXT("StatusLine", "the folder of the file is missing");
+    case kErrorUnsupported:
+      return TRANSLATABLE_TEXT("StatusLine", "there is a file of something else in its place");
     default:
       return TRANSLATABLE_TEXT("StatusLine", "the file cannot be written");
   }

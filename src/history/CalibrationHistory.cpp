@@ -52,8 +52,9 @@ std::string CalibrationHistory::pathOf(const std::string& key) const {
 }
 
 CalibrationHistory::Contents CalibrationHistory::read(const std::string& key) const {
-  const auto file = files_.read(pathOf(key));
-  if (!file) return {};
+  Status status = kSuccess;
+  const auto file = files_.read(pathOf(key), status);
+  if (!file) return {.isDamaged = status != kErrorNotFound};
   const auto stored = recordsIn(*file, key);
   if (!stored) return {.isDamaged = true};
   Contents contents;
@@ -68,20 +69,36 @@ CalibrationHistory::Contents CalibrationHistory::read(const std::string& key) co
 
 Status CalibrationHistory::keep(const std::string& key, const _DEVICT_CONTEXT& before,
                                 const CalibrationRecord& record) {
-  const auto file = files_.read(pathOf(key));
+  Status status = kSuccess;
+  const auto file = files_.read(pathOf(key), status);
   auto stored = file ? recordsIn(*file, key) : Array();
   if (!stored) return kErrorUnsupported;
   const auto newest = newestOf(*stored);
   if (!newest || !isSameCalibration(newest->context, before))
-    stored->push_back(
-        encodedRecord({.time = record.time,
-                       .event = stored->empty() ? CalibrationEvent::AsFound : CalibrationEvent::Replaced,
-                       .context = before}));
+    stored->push_back(encodedRecord(
+        {.time = record.time,
+         .event = status == kErrorNotFound ? CalibrationEvent::AsFound : CalibrationEvent::Replaced,
+         .context = before}));
   stored->push_back(encodedRecord(record));
   dropOldest(*stored);
+  return write(key, std::move(*stored));
+}
+
+Status CalibrationHistory::noteWritten(const std::string& key, const _DEVICT_CONTEXT& context,
+                                       WrittenState written) {
+  const auto file = files_.read(pathOf(key));
+  auto stored = file ? recordsIn(*file, key) : std::nullopt;
+  auto newest = stored && !stored->empty() ? decodedRecord(stored->back()) : std::nullopt;
+  if (!newest || !isSameCalibration(newest->context, context)) return kErrorNotFound;
+  newest->written = written;
+  stored->back() = encodedRecord(*newest);
+  return write(key, std::move(*stored));
+}
+
+Status CalibrationHistory::write(const std::string& key, Array stored) {
   return files_.writeAtomically(
       pathOf(key),
-      {{kFormatKey, kFormat}, {kVersionKey, kVersion}, {kNameKey, key}, {kRecordsKey, std::move(*stored)}});
+      {{kFormatKey, kFormat}, {kVersionKey, kVersion}, {kNameKey, key}, {kRecordsKey, std::move(stored)}});
 }
 
 }  // namespace touchpanel

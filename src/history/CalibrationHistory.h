@@ -35,12 +35,18 @@ class CalibrationHistory {
   Contents read(const std::string& key) const;
 
   /// Adds `record`, and in front of it what the touchscreen held before, as `before`, unless the newest
-  /// record holds that already. A record that cannot be read stays in its place. Errors, with the
-  /// file as it was: kErrorUnsupported when it belongs to something else, and those of writing a file.
+  /// record holds that already. A record that cannot be read stays in its place; a file that cannot is
+  /// copied to "NAME.unreadable" beside the new one. Errors, with the file as it was: kErrorUnsupported when
+  /// it belongs to something else, and those of writing a file.
   Status keep(const std::string& key, const _DEVICT_CONTEXT& before, const CalibrationRecord& record);
+
+  /// Corrects what the newest record says of its write, when `context` is what it holds: the write was repeated.
+  /// kErrorNotFound, with the file as it was, when it holds something else.
+  Status noteWritten(const std::string& key, const _DEVICT_CONTEXT& context, WrittenState written);
 
  private:
   std::string pathOf(const std::string& key) const;
+  Status write(const std::string& key, Array stored);
 
   PropertyListFiles& files_;
   std::string directory_;

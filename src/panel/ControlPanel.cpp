@@ -39,12 +39,14 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       settings_(laidOut<Ui::SettingsSheet>(settingsSheet_)),
       aboutSheet_(&mainWindow_),
       about_(laidOut<Ui::AboutSheet>(aboutSheet_)),
+      historySheet_(&mainWindow_),
+      history_(historySheet_),
       statusArea_(*mainWindow_.ui().lbStatus, *mainWindow_.ui().btnRepeatWrite),
       statusLine_(statusArea_),
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),
       factsArea_(mainWindow_),
-      controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, gate_),
+      controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, historySheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
   makeLabelsSpoken();
   identifyProgram();
@@ -55,6 +57,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
   connectMainWindow();
   connectSettingsSheet();
   connectAboutSheet();
+  connectHistorySheet();
 }
 
 ControlPanel::~ControlPanel() = default;
@@ -78,7 +81,8 @@ ControllerPorts ControlPanel::controllerPorts() {
           .presentation = presentation_,
           .statusLine = statusLine_,
           .history = platform_.history,
-          .facts = factsArea_};
+          .facts = factsArea_,
+          .earlier = history_};
 }
 
 void ControlPanel::start() {
@@ -150,6 +154,19 @@ void ControlPanel::connectAboutSheet() {
       QGuiApplication::clipboard()->setText(QString::fromStdString(diagnosticsReport()));
       about_.lbCopied->setText(QCoreApplication::translate("AboutSheet", "The report is on the clipboard."));
     });
+  });
+}
+
+void ControlPanel::connectHistorySheet() {
+  const auto& ui = mainWindow_.ui();
+  connectCommand(*history_.ui().btnHistoryClose, nullptr, &MyController::HistoryClose);
+  historySheet_.onDismiss = [this] { gate_.pass([this] { controller_.HistoryClose(); }); };
+  QObject::connect(ui.actionHistory, &QAction::triggered, &historySheet_,
+                   [this] { gate_.pass([this] { controller_.History(); }); });
+  QObject::connect(ui.actionUndoReset, &QAction::triggered, &historySheet_,
+                   [this] { gate_.pass([this] { controller_.UndoReset(); }); });
+  QObject::connect(history_.ui().btnRestore, &QAbstractButton::clicked, &historySheet_, [this] {
+    if (const auto row = history_.selectedRow()) gate_.pass([&] { controller_.Restore(*row); });
   });
 }
 

@@ -4,6 +4,7 @@
 
 #include "app/MyController.h"
 #include "panel/FactsArea.h"
+#include "panel/HistoryForm.h"
 #include "panel/PanelControls.h"
 #include "panel/PanelPlatform.h"
 #include "panel/SheetDialog.h"
@@ -37,6 +38,7 @@ class ControlPanel {
   const TryOutPage& tryOutPage() const { return tryOutPage_; }
   QDialog& settingsSheet() { return settingsSheet_; }
   QDialog& aboutSheet() { return aboutSheet_; }
+  QDialog& historySheet() { return historySheet_; }
   std::string diagnosticsReport();
 
  private:
@@ -44,6 +46,7 @@ class ControlPanel {
   void connectMainWindow();
   void connectSettingsSheet();
   void connectAboutSheet();
+  void connectHistorySheet();
   /// Has the user's use of `button` and of `entry` (may be null) call `action` of the controller.
   void connectCommand(QAbstractButton& button, QAction* entry, void (MyController::*action)());
 
@@ -66,6 +69,8 @@ class ControlPanel {
   Ui::SettingsSheet settings_;
   SheetDialog aboutSheet_;
   Ui::AboutSheet about_;
+  SheetDialog historySheet_;
+  HistoryForm history_;
   StatusArea statusArea_;
   TranslatedStatusLine statusLine_;
   TranslatedWaitNotice waitNotice_;

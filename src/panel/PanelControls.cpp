@@ -28,7 +28,8 @@ std::vector<QtTable::Column> deviceColumns() {
 }  // namespace
 
 PanelControls::PanelControls(MainWindowWidget& main, QDialog& settingsSheet,
-                             const Ui::SettingsSheet& settings, QDialog& aboutSheet, CallbackGate& gate)
+                             const Ui::SettingsSheet& settings, QDialog& aboutSheet, QDialog& historySheet,
+                             CallbackGate& gate)
     : Interface{.deviceTableView = QtTable(*main.ui().deviceTableView, deviceColumns(), gate),
                 .btnCalibrate =
                     QtButton(*main.ui().btnCalibrate, {main.ui().actionCalibrate}, &btnRegionCalibrate),
@@ -59,7 +60,8 @@ PanelControls::PanelControls(MainWindowWidget& main, QDialog& settingsSheet,
                 .touchSensitivityArea = QtIntegerControl(*settings.touchSensitivityArea),
                 .KeyWindow = QtWindow(main),
                 .SettingsWindow = QtWindow(settingsSheet),
-                .AboutWindow = QtWindow(aboutSheet)},
+                .AboutWindow = QtWindow(aboutSheet),
+                .HistoryWindow = QtWindow(historySheet)},
       btnRegionCalibrate(*main.ui().btnRegionCalibrate, {main.ui().actionRegionCalibrate}) {}
 
 void PanelControls::onSettingsEdited(const std::function<void()>& action) {

@@ -88,6 +88,9 @@ TEST_F(StartingACalibration, SaysHowItEnded) {
   EXPECT_TRUE(interface.btnReset.enabled);
   EXPECT_TRUE(files.files.contains("device.plist"));
   EXPECT_EQ(status(), (StatusMessage{"The new calibration of %1 is written and in use.", "panel"}));
+  ASSERT_TRUE(facts.shown.calibration && facts.shown.calibration->fit) << "kept, and shown";
+  EXPECT_EQ(facts.shown.calibration->accepted, wallClock.time);
+  EXPECT_EQ(facts.shown.calibration->fit->touches.size(), 4U);
 
   controller.Calibration();
   touchFourTargets(entry);

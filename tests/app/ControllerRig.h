@@ -25,6 +25,12 @@ struct RecordingFactsView final : FactsView {
   DeviceFacts shown;
 };
 
+struct RecordingHistoryView final : HistoryView {
+  void show(const ShownHistory& history) override { shown = history; }
+
+  ShownHistory shown;
+};
+
 /// What a controller needs beside a registry, USB and files: doubles.
 struct ControllerRig {
   ControllerPorts portsOn(Registry& registry, UsbNotifications& notifications, UsbServices& services,
@@ -37,7 +43,8 @@ struct ControllerRig {
             presentation,
             statusLine,
             {historyFiles, wallClock, "/state"},
-            facts};
+            facts,
+            earlierView};
   }
 
   FakeInterface interface;
@@ -55,6 +62,7 @@ struct ControllerRig {
   FakePropertyListFiles historyFiles;
   FakeWallClock wallClock;
   RecordingFactsView facts;
+  RecordingHistoryView earlierView;
   ProcessState process;
 };
 

@@ -8,7 +8,7 @@ namespace {
 using enum CalibrationEvent;
 
 struct DeviceFactsTest : ::testing::Test, ListedTouchscreens {
-  EarlierCalibrations earlier{{historyFiles, wallClock, "/state"}};
+  EarlierCalibrations earlier{{historyFiles, wallClock, "/state"}, diagnostics};
 };
 
 TEST_F(DeviceFactsTest, SayWhatTheSelectedTouchscreenIsAndHowItWorksNow) {

@@ -157,6 +157,14 @@ TEST_F(CalibrationHistoryTest, ReadsAndOverwritesNoFileThatIsNotItsOwn) {
   }
 }
 
+TEST_F(CalibrationHistoryTest, BeginsAnewBehindAFileThatCannotBeRead) {
+  files.readStatus = kErrorUnsupported;
+  EXPECT_TRUE(history.read(kKey).isDamaged);
+  EXPECT_EQ(history.keep(kKey, contextNumber(5), acceptedNumber(6)), kSuccess);
+  EXPECT_THAT(kept(), ElementsAre(std::pair(Replaced, 5), std::pair(Accepted, 6)))
+      << "who knows what it was found with";
+}
+
 TEST(TouchscreenKey, IsTheBarCodeOrThePlaceAndFitToBeAFilesName) {
   const auto keyOf = [](std::uint16_t product, std::string_view name, std::uint32_t location) {
     return touchscreenKeyOf({{entry_key::kProductID, std::int32_t{product}},

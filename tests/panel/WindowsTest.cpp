@@ -6,11 +6,15 @@
 #include <QRadioButton>
 #include <QSlider>
 #include <QSpinBox>
+#include <QTableWidget>
 #include <algorithm>
 #include <map>
 #include <set>
 
 #include "PanelRig.h"
+#include "history/CalibrationHistory.h"
+#include "history/TouchscreenKey.h"
+#include "panel/ErrorMap.h"
 #include "panel/PanelStyle.h"
 #include "panel/Themes.h"
 
@@ -251,6 +255,54 @@ TEST_P(WindowsTest, AboutSheet) {
   EXPECT_TRUE(licences.startsWith(QStringLiteral("Qt %1: GNU LGPL").arg(qVersion())));
   panel.controller().AboutClose();
   EXPECT_EQ(confirmation.text(), "") << "a later report is not confirmed by this one";
+}
+
+TEST_P(WindowsTest, HistorySheet) {
+  startWithAll();
+  selectRow(Infrared);
+  auto& sheet = panel.historySheet();
+  const auto open = [&] {
+    panel.mainWindow().ui().actionHistory->trigger();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+  };
+  open();
+  EXPECT_TRUE(sheet.findChild<QLabel*>("lbEmptyHistory")->isVisible());
+  look(sheet, "history-empty");
+  user.type("Escape");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !sheet.isVisible(); }));
+
+  CalibrationRecord accepted{.event = CalibrationEvent::Accepted, .context = contextOf(selected())};
+  accepted.context.CalibParams.X.A00 += 1;
+  accepted.fit = {.targets = 4,
+                  .pixels = {6, 12},
+                  .millimetres = TouchErrors{2, 4},
+                  .screen = {1280, 1024},
+                  .touches = {{{3000, 3000}, {3307, 3000}},
+                              {{29000, 3000}, {29000, 3000}},
+                              {{3000, 29000}, {3000, 29384}},
+                              {{29000, 29000}, {29000, 29000}}}};
+  CalibrationHistory history(files, "/state");
+  history.keep(touchscreenKeyOf(selected()), contextOf(selected()), accepted);
+  accepted.written = WrittenState::No;
+  history.keep(touchscreenKeyOf(selected()), {}, accepted);
+  open();
+  look(sheet, "history");
+  auto& table = *sheet.findChild<QTableWidget*>();
+  const auto described = [&] {
+    return QAccessible::queryAccessibleInterface(sheet.findChild<ErrorMap*>())
+        ->text(QAccessible::Description);
+  };
+  EXPECT_EQ(described().split('\n').size(), 4);
+  EXPECT_TRUE(described().contains(QLocale().toString(12.0, 'f', 1))) << described().toStdString();
+  EXPECT_EQ(table.rowCount(), 4);
+  table.setFocus();
+  for (int row = 1; row < 4; ++row) user.type("Down");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return table.currentRow() == 3; }));
+  EXPECT_EQ(described(), "") << "of what was found no touches are known";
+  user.type("Tab");
+  user.type("Return");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet.isVisible(); }));
+  EXPECT_EQ(history.read(touchscreenKeyOf(selected())).records.back().event, CalibrationEvent::Restored);
 }
 
 TEST_P(WindowsTest, CalibrationInEachState) {
