@@ -30,6 +30,7 @@ def with_panel(report: Report, programs: pathlib.Path, emulator: Emulator, drive
     report.run(panel.applies_settings, chain)
     report.run(panel.calibrates_by_touch, chain)
     report.run(panel.feels_settings, chain)
+    report.run(panel.outlives_the_service, chain)
     report.run(panel.stays_calibrated, chain)
     report.run(panel.survives_unplugging, chain)
 

@@ -4,11 +4,12 @@ import pathlib
 import plistlib
 
 from . import service, window
-from .chain import TARGET_RED, CALIBRATION_BLUE, TOUCH_MS, Chain, targets
+from .chain import CALIBRATION_BLUE, STEADY, TARGET_RED, TOUCH_MS, Chain, targets
 from .checks import Report, eventually, expect, expect_equal
 from .driver_service import location_of
 from .emulator import UNDISTORTED
 from .input_nodes import raw_node
+from .window import named
 
 CONFIGURATION = pathlib.Path("/Library/VARNEXO")
 SETTINGS_FILE = CONFIGURATION / "com.VARNEXO.Driver.Config.plist"
@@ -111,6 +112,28 @@ def feels_settings(report: Report, chain: Chain) -> None:
     chain.desktop.uncover()
     chain.press("Disable Touch")  # the same button switches it on again
     eventually(lambda: chain.instance("glass").properties()["configration"]["enableTouch"], "touch switched on")
+
+
+def outlives_the_service(report: Report, chain: Chain) -> None:
+    """The service killed under the panel: it says so, and works again by itself when the service is back"""
+    disable = named(chain.shown, "push button", "Disable Touch")
+    chain.touch(named(chain.shown, "cell", GLASS_BAR_CODE))
+    chain.driver.kill()
+    chain.desktop.click(*disable.middle)
+    eventually(lambda: chain.windows.says("the touch driver service does not answer"), "the reason in the status line", 60)
+    chain.pictures.take("panel-service-down")
+    chain.driver.start()
+    chain.desktop.click(*disable.middle)
+    eventually(lambda: not chain.instance("glass").properties()["configration"]["enableTouch"], "touch switched off")
+    eventually(lambda: chain.windows.says("Touch was disabled"), "what became of it in the status line", 60)
+    chain.desktop.click(*disable.middle)
+    eventually(lambda: chain.instance("glass").properties()["configration"]["enableTouch"], "touch switched on")
+
+    chain.emulator.tell("unplug opt")
+    eventually(lambda: len([each for each in chain.windows.elements() if each.role == "cell"]) == 10,
+               "the rows of the two that are left, and no fewer", 60)
+    chain.emulator.bring({"opt": "optical"})
+    chain.wait_for_desktop(STEADY)
 
 
 def stays_calibrated(report: Report, chain: Chain) -> None:

@@ -7,6 +7,7 @@ import termios
 import tty
 
 from Xlib import X, display
+from Xlib.ext import xtest
 
 from .checks import SHARE, Failed, eventually, expect_equal
 
@@ -78,6 +79,13 @@ class Desktop:
     def buttons_held(self) -> bool:
         """Whether the pointer holds any button down, as the X server sees it."""
         return bool(self.root.query_pointer().mask & ANY_BUTTON)
+
+    def click(self, x: int, y: int) -> None:
+        """A click of a mouse, for when no touch gets through."""
+        xtest.fake_input(self.display, X.MotionNotify, x=x, y=y)
+        for event in CLICKS:
+            xtest.fake_input(self.display, event, 1)
+        self.display.sync()
 
     def pixel(self, x: int, y: int) -> int:
         """The colour that is shown at one place, 0xRRGGBB."""

@@ -60,6 +60,22 @@ class Windows:
         """
         yield from self._in(self._object(ROOT), reversed)
 
+    def says(self, text: str) -> bool:
+        """Whether a label that is shown has `text` in it."""
+        waiting = [self._object(ROOT)]
+        while waiting:
+            thing = waiting.pop()
+            try:
+                low, _ = thing.GetState(dbus_interface=ACCESSIBLE)
+                if thing.path != ROOT and not low >> SHOWING & 1:
+                    continue
+                if text in str(thing.Get(ACCESSIBLE, "Name", dbus_interface=dbus.PROPERTIES_IFACE)):
+                    return True
+                waiting += [self._object(path) for _, path in thing.GetChildren(dbus_interface=ACCESSIBLE)]
+            except dbus.DBusException:  # closed meanwhile, or busy
+                continue
+        return False
+
     def _object(self, path: str):
         return self.bus.get_object(self.name, path, introspect=False)
 
