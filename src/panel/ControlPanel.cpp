@@ -46,6 +46,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),
       factsArea_(mainWindow_),
+      emptyPage_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, historySheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
   makeLabelsSpoken();
@@ -82,7 +83,8 @@ ControllerPorts ControlPanel::controllerPorts() {
           .statusLine = statusLine_,
           .history = platform_.history,
           .facts = factsArea_,
-          .earlier = history_};
+          .earlier = history_,
+          .emptyList = emptyPage_};
 }
 
 void ControlPanel::start() {
