@@ -78,70 +78,6 @@
         <source>Unable to open device: %1.</source>
         <translation>Das Gerät kann nicht geöffnet werden: %1.</translation>
     </message>
-    <message>
-        <source>The configuration of this touchscreen could not be read.</source>
-        <translation>Die Konfiguration dieses Touchscreens konnte nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>OK at the end of a calibration overwrites it, and what it held is lost. To have it read again, unplug the touchscreen and plug it in.</source>
-        <translation>OK am Ende einer Kalibrierung überschreibt sie, und was sie enthielt, ist verloren. Damit sie neu gelesen wird, ziehen Sie den Touchscreen ab, und schließen Sie ihn wieder an.</translation>
-    </message>
-    <message>
-        <source>Calibrate</source>
-        <translation>Kalibrieren</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>Abbrechen</translation>
-    </message>
-    <message>
-        <source>It is being opened and read.</source>
-        <translation>Er wird geöffnet und gelesen.</translation>
-    </message>
-    <message>
-        <source>It may not have been authorised. See to that, then plug the touchscreen in again.</source>
-        <translation>Vielleicht ist er nicht zugelassen. Lassen Sie ihn zu, und schließen Sie ihn dann neu an.</translation>
-    </message>
-    <message>
-        <source>Unplug it and plug it in again. If that does not help, restart the touch driver service.</source>
-        <translation>Ziehen Sie ihn ab, und schließen Sie ihn neu an. Hilft das nicht, starten Sie den Touch-Treiberdienst neu.</translation>
-    </message>
-    <message>
-        <source>Add the missing setting to that file, or remove the file to start from the defaults. Then plug the touchscreen in again.</source>
-        <translation>Ergänzen Sie die fehlende Einstellung, oder entfernen Sie die Datei, um mit den Vorgaben zu beginnen. Schließen Sie den Touchscreen dann neu an.</translation>
-    </message>
-    <message>
-        <source>You are not permitted to use touchscreens. Ask whoever looks after this machine for access.</source>
-        <translation>Sie dürfen Touchscreens nicht benutzen. Bitten Sie die Verwaltung dieses Rechners um Zugang.</translation>
-    </message>
-    <message>
-        <source>Another program is using it. Close that program, then plug the touchscreen in again.</source>
-        <translation>Ein anderes Programm benutzt ihn. Beenden Sie es, und schließen Sie den Touchscreen dann neu an.</translation>
-    </message>
-    <message>
-        <source>It was unplugged. Plug it in again.</source>
-        <translation>Er wurde abgezogen. Schließen Sie ihn wieder an.</translation>
-    </message>
-    <message>
-        <source>Unplug the touchscreen and plug it in again.</source>
-        <translation>Ziehen Sie den Touchscreen ab, und schließen Sie ihn neu an.</translation>
-    </message>
-    <message>
-        <source>The touch driver service runs, but there is no touchscreen that it serves. Plug one in, then start this program again.</source>
-        <translation>Der Touch-Treiberdienst läuft, bedient aber keinen Touchscreen. Schließen Sie einen an, und starten Sie dieses Programm neu.</translation>
-    </message>
-    <message>
-        <source>You are not permitted to use the touch driver service. Ask whoever looks after this machine for access.</source>
-        <translation>Sie dürfen den Touch-Treiberdienst nicht benutzen. Bitten Sie die Verwaltung dieses Rechners um Zugang.</translation>
-    </message>
-    <message>
-        <source>The touch driver service is of another version than this program. Install both in the same version.</source>
-        <translation>Der Touch-Treiberdienst hat eine andere Version als dieses Programm. Installieren Sie beide in derselben Version.</translation>
-    </message>
-    <message>
-        <source>The touch driver service does not run or does not answer. Start it, then start this program again.</source>
-        <translation>Der Touch-Treiberdienst läuft nicht oder antwortet nicht. Starten Sie ihn und danach dieses Programm neu.</translation>
-    </message>
 </context>
 <context>
     <name>CalibrationScreen</name>
@@ -237,6 +173,10 @@
         <source>Touch ReCalibrate to take all touches again.</source>
         <translation>„Wiederholen“ berühren, um alle Berührungen zu wiederholen.</translation>
     </message>
+    <message>
+        <source>Calibration</source>
+        <translation>Kalibrierung</translation>
+    </message>
 </context>
 <context>
     <name>Controls</name>
@@ -247,6 +187,136 @@
     <message>
         <source>Enable Touch</source>
         <translation>Touch einschalten</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceFacts</name>
+    <message>
+        <source>Infrared touchscreen</source>
+        <translation>Infrarot-Touchscreen</translation>
+    </message>
+    <message>
+        <source>Optical touchscreen</source>
+        <translation>Optischer Touchscreen</translation>
+    </message>
+    <message>
+        <source>Touchscreen whose calibration is kept in a file</source>
+        <translation>Touchscreen mit Kalibrierung in einer Datei</translation>
+    </message>
+    <message>
+        <source>Touchscreen</source>
+        <translation>Touchscreen</translation>
+    </message>
+    <message>
+        <source>mean error %1 mm, largest %2 mm</source>
+        <translation>mittlerer Fehler %1 mm, größter %2 mm</translation>
+    </message>
+    <message>
+        <source>mean error %1 pixels, largest %2 pixels</source>
+        <translation>mittlerer Fehler %1 Pixel, größter %2 Pixel</translation>
+    </message>
+    <message>
+        <source>None; touches land where the touchscreen says.</source>
+        <translation>Keine; Berührungen zählen, wo der Touchscreen sie meldet.</translation>
+    </message>
+    <message>
+        <source>There is one; when it was made is not known here.</source>
+        <translation>Vorhanden; von wann sie ist, ist hier nicht bekannt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n target(s)</source>
+        <translation>
+            <numerusform>%n Ziel</numerusform>
+            <numerusform>%n Ziele</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>click on touch</source>
+        <translation>Klick beim Berühren</translation>
+    </message>
+    <message>
+        <source>click on release</source>
+        <translation>Klick beim Loslassen</translation>
+    </message>
+    <message>
+        <source>drag</source>
+        <translation>Ziehen</translation>
+    </message>
+    <message>
+        <source>multi-touch</source>
+        <translation>Multi-Touch</translation>
+    </message>
+    <message>
+        <source>touch mode %1</source>
+        <translation>Touch-Modus %1</translation>
+    </message>
+    <message>
+        <source>Not known: the touch driver service does not answer.</source>
+        <translation>Nicht bekannt: Der Touch-Treiberdienst antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>None: the touch driver service does not serve this touchscreen.</source>
+        <translation>Keine: Der Touch-Treiberdienst bedient diesen Touchscreen nicht.</translation>
+    </message>
+    <message>
+        <source>Not known: the touch driver service does not tell them.</source>
+        <translation>Nicht bekannt: Der Touch-Treiberdienst nennt sie nicht.</translation>
+    </message>
+    <message>
+        <source>Touch is on</source>
+        <translation>Touch ist eingeschaltet</translation>
+    </message>
+    <message>
+        <source>Touch is off</source>
+        <translation>Touch ist ausgeschaltet</translation>
+    </message>
+    <message>
+        <source>right click after %1 ms</source>
+        <translation>Rechtsklick nach %1 ms</translation>
+    </message>
+    <message>
+        <source>click range %1</source>
+        <translation>Klickbereich %1</translation>
+    </message>
+    <message>
+        <source>smoothing %1</source>
+        <translation>Glättung %1</translation>
+    </message>
+    <message>
+        <source>rest after %1 ms</source>
+        <translation>Ruhe nach %1 ms</translation>
+    </message>
+    <message>
+        <source>Try out</source>
+        <translation>Ausprobieren</translation>
+    </message>
+    <message>
+        <source>See on the whole screen where touches land (F11)</source>
+        <translation>Auf dem ganzen Bildschirm sehen, wo Berührungen ankommen (F11)</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>Kalibrierung</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>Bildschirm</translation>
+    </message>
+    <message>
+        <source>In force</source>
+        <translation>In Kraft</translation>
+    </message>
+    <message>
+        <source>firmware %1</source>
+        <translation>Firmware %1</translation>
+    </message>
+    <message>
+        <source>Main screen</source>
+        <translation>Hauptbildschirm</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>Bildschirm %1</translation>
     </message>
 </context>
 <context>
@@ -676,10 +746,6 @@
         <translation>Größter Fehler in Millimetern</translation>
     </message>
     <message>
-        <source>Trying out changes nothing. A larger window covers more of the screen.</source>
-        <translation>Das Ausprobieren ändert nichts. Ein größeres Fenster deckt mehr vom Bildschirm ab.</translation>
-    </message>
-    <message>
         <source>Start &amp;over</source>
         <translation>&amp;Neu beginnen</translation>
     </message>
@@ -746,6 +812,30 @@
     <message>
         <source>Try &amp;out on the whole screen</source>
         <translation>Auf dem ganzen Bildschirm aus&amp;probieren</translation>
+    </message>
+    <message>
+        <source>Trying out changes nothing. F11 uses the whole screen.</source>
+        <translation>Das Ausprobieren ändert nichts. F11 nutzt den ganzen Bildschirm.</translation>
+    </message>
+    <message>
+        <source>One moment</source>
+        <translation>Einen Moment</translation>
+    </message>
+    <message>
+        <source>Touchscreens may not be used</source>
+        <translation>Touchscreens dürfen nicht benutzt werden</translation>
+    </message>
+    <message>
+        <source>You are not permitted to use them. Log in at this machine itself, or ask its administrator for access.</source>
+        <translation>Ihnen fehlt die Berechtigung. Melden Sie sich an diesem Rechner selbst an, oder lassen Sie sich von seiner Verwaltung den Zugang geben.</translation>
+    </message>
+    <message>
+        <source>The touch driver service does not answer</source>
+        <translation>Der Touch-Treiberdienst antwortet nicht</translation>
+    </message>
+    <message>
+        <source>Touchscreens are listed when it runs again. Whoever looks after this machine can start it with &quot;systemctl start touchdriverd&quot;.</source>
+        <translation>Touchscreens erscheinen, sobald er wieder läuft. Wer diesen Rechner betreut, kann ihn mit „systemctl start touchdriverd“ starten.</translation>
     </message>
 </context>
 <context>
@@ -1404,46 +1494,6 @@
         <source>there is a file of something else in its place</source>
         <translation>an ihrer Stelle liegt eine fremde Datei</translation>
     </message>
-    <message>
-        <source>A touchscreen was found.</source>
-        <translation>Ein Touchscreen wurde gefunden.</translation>
-    </message>
-    <message>
-        <source>%1 was connected, but its configuration could not be read.</source>
-        <translation>%1 wurde angeschlossen, seine Konfiguration konnte aber nicht gelesen werden.</translation>
-    </message>
-    <message>
-        <source>%1 was connected, but not all that it holds could be read.</source>
-        <translation>%1 wurde angeschlossen, konnte aber nicht vollständig gelesen werden.</translation>
-    </message>
-    <message>
-        <source>%1 was connected; the file with the settings could not be read, so it has the defaults.</source>
-        <translation>%1 wurde angeschlossen; die Einstellungsdatei konnte nicht gelesen werden, deshalb gelten die Vorgaben.</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be opened: %2.</source>
-        <translation>Ein Touchscreen kann nicht geöffnet werden: %2.</translation>
-    </message>
-    <message>
-        <source>The system did not make a touchscreen ready for use.</source>
-        <translation>Das System hat einen Touchscreen nicht betriebsbereit gemacht.</translation>
-    </message>
-    <message>
-        <source>A touchscreen is plugged in, but the touch driver service does not serve it.</source>
-        <translation>Ein Touchscreen ist angeschlossen, aber der Touch-Treiberdienst bedient ihn nicht.</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be listed: %2.</source>
-        <translation>Ein Touchscreen kann nicht aufgeführt werden: %2.</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be listed: the settings file lacks %1.</source>
-        <translation>Ein Touchscreen kann nicht aufgeführt werden: In der Einstellungsdatei fehlt %1.</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be listed: its parameters could not be read.</source>
-        <translation>Ein Touchscreen kann nicht aufgeführt werden: Seine Parameter konnten nicht gelesen werden.</translation>
-    </message>
 </context>
 <context>
     <name>TouchscreenControls</name>
@@ -1489,12 +1539,41 @@
         <source>Touches: %1</source>
         <translation>Berührungen: %1</translation>
     </message>
+    <message numerus="yes">
+        <source>%n touch(es) drifted: see the dotted paths.</source>
+        <translation>
+            <numerusform>%n Berührung ist verrutscht: siehe die gepunktete Bahn.</numerusform>
+            <numerusform>%n Berührungen sind verrutscht: siehe die gepunkteten Bahnen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n touch(es) were slow: see the squares.</source>
+        <translation>
+            <numerusform>%n Berührung war lang: siehe das Quadrat.</numerusform>
+            <numerusform>%n Berührungen waren lang: siehe die Quadrate.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Escape or F11 ends the try-out. It changes nothing.</source>
+        <translation>Escape oder F11 beendet das Ausprobieren. Es ändert nichts.</translation>
+    </message>
 </context>
 <context>
     <name>WaitNotice</name>
     <message>
         <source>Opening a touchscreen...</source>
         <translation>Ein Touchscreen wird geöffnet...</translation>
+    </message>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (%n von 50)...</numerusform>
+            <numerusform>Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (%n von 50)...</numerusform>
+        </translation>
     </message>
     <message>
         <source>A touchscreen is getting ready...</source>
@@ -1515,13 +1594,6 @@
     <message>
         <source>A touchscreen was unplugged...</source>
         <translation>Ein Touchscreen wurde abgezogen...</translation>
-    </message>
-    <message numerus="yes">
-        <source>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</source>
-        <translation>
-            <numerusform>Der Touchscreen kann noch nicht geöffnet werden: %2. Neuer Versuch (%n von 50)...</numerusform>
-            <numerusform>Der Touchscreen kann noch nicht geöffnet werden: %2. Neuer Versuch (%n von 50)...</numerusform>
-        </translation>
     </message>
 </context>
 <context>

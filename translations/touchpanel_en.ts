@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US" sourcelanguage="en_US">
 <context>
+    <name>DeviceFacts</name>
+    <message numerus="yes">
+        <source>%n target(s)</source>
+        <translation>
+            <numerusform>%n target</numerusform>
+            <numerusform>%n targets</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>StatusLine</name>
     <message numerus="yes">
         <source>Settings were sent to %n touchscreen(s) and saved.</source>
@@ -55,14 +65,28 @@
             <numerusform>Touch the marked point. The result comes after %n more touches.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n touch(es) drifted: see the dotted paths.</source>
+        <translation>
+            <numerusform>%n touch drifted: see the dotted path.</numerusform>
+            <numerusform>%n touches drifted: see the dotted paths.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n touch(es) were slow: see the squares.</source>
+        <translation>
+            <numerusform>%n touch was slow: see the square.</numerusform>
+            <numerusform>%n touches were slow: see the squares.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>WaitNotice</name>
     <message numerus="yes">
-        <source>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</source>
+        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
         <translation>
-            <numerusform>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</numerusform>
-            <numerusform>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</numerusform>
+            <numerusform>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</numerusform>
+            <numerusform>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</numerusform>
         </translation>
     </message>
 </context>

@@ -78,70 +78,6 @@
         <source>Unable to open device: %1.</source>
         <translation>无法打开设备：%1。</translation>
     </message>
-    <message>
-        <source>The configuration of this touchscreen could not be read.</source>
-        <translation>无法读取此触摸屏的配置。</translation>
-    </message>
-    <message>
-        <source>OK at the end of a calibration overwrites it, and what it held is lost. To have it read again, unplug the touchscreen and plug it in.</source>
-        <translation>校准结束时按“OK”会覆盖该配置，原有内容将丢失。要重新读取，请拔出触摸屏后再插入。</translation>
-    </message>
-    <message>
-        <source>Calibrate</source>
-        <translation>校准</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
-    </message>
-    <message>
-        <source>It is being opened and read.</source>
-        <translation>正在打开并读取。</translation>
-    </message>
-    <message>
-        <source>It may not have been authorised. See to that, then plug the touchscreen in again.</source>
-        <translation>它可能未获授权。请予以授权，然后重新插入触摸屏。</translation>
-    </message>
-    <message>
-        <source>Unplug it and plug it in again. If that does not help, restart the touch driver service.</source>
-        <translation>请将其拔出后重新插入。如果无效，请重新启动触摸驱动服务。</translation>
-    </message>
-    <message>
-        <source>Add the missing setting to that file, or remove the file to start from the defaults. Then plug the touchscreen in again.</source>
-        <translation>请在该文件中补上缺少的设置，或删除该文件以使用默认值。然后重新插入触摸屏。</translation>
-    </message>
-    <message>
-        <source>You are not permitted to use touchscreens. Ask whoever looks after this machine for access.</source>
-        <translation>您没有使用触摸屏的权限。请向本机管理员申请访问权限。</translation>
-    </message>
-    <message>
-        <source>Another program is using it. Close that program, then plug the touchscreen in again.</source>
-        <translation>另一个程序正在使用它。请关闭该程序，然后重新插入触摸屏。</translation>
-    </message>
-    <message>
-        <source>It was unplugged. Plug it in again.</source>
-        <translation>它已被拔出。请重新插入。</translation>
-    </message>
-    <message>
-        <source>Unplug the touchscreen and plug it in again.</source>
-        <translation>请拔出触摸屏，然后重新插入。</translation>
-    </message>
-    <message>
-        <source>The touch driver service runs, but there is no touchscreen that it serves. Plug one in, then start this program again.</source>
-        <translation>触摸驱动服务正在运行，但没有它所服务的触摸屏。请插入触摸屏，然后重新启动本程序。</translation>
-    </message>
-    <message>
-        <source>You are not permitted to use the touch driver service. Ask whoever looks after this machine for access.</source>
-        <translation>您没有使用触摸驱动服务的权限。请向本机管理员申请访问权限。</translation>
-    </message>
-    <message>
-        <source>The touch driver service is of another version than this program. Install both in the same version.</source>
-        <translation>触摸驱动服务与本程序的版本不同。请安装相同版本。</translation>
-    </message>
-    <message>
-        <source>The touch driver service does not run or does not answer. Start it, then start this program again.</source>
-        <translation>触摸驱动服务未运行或没有应答。请启动该服务，然后重新启动本程序。</translation>
-    </message>
 </context>
 <context>
     <name>CalibrationScreen</name>
@@ -237,6 +173,10 @@
         <source>Touch ReCalibrate to take all touches again.</source>
         <translation>请触摸“重新校准”重新采集全部触摸。</translation>
     </message>
+    <message>
+        <source>Calibration</source>
+        <translation>校准</translation>
+    </message>
 </context>
 <context>
     <name>Controls</name>
@@ -247,6 +187,135 @@
     <message>
         <source>Enable Touch</source>
         <translation>启用触摸</translation>
+    </message>
+</context>
+<context>
+    <name>DeviceFacts</name>
+    <message>
+        <source>Infrared touchscreen</source>
+        <translation>红外触摸屏</translation>
+    </message>
+    <message>
+        <source>Optical touchscreen</source>
+        <translation>光学触摸屏</translation>
+    </message>
+    <message>
+        <source>Touchscreen whose calibration is kept in a file</source>
+        <translation>校准保存在文件中的触摸屏</translation>
+    </message>
+    <message>
+        <source>Touchscreen</source>
+        <translation>触摸屏</translation>
+    </message>
+    <message>
+        <source>mean error %1 mm, largest %2 mm</source>
+        <translation>平均误差 %1 毫米，最大 %2 毫米</translation>
+    </message>
+    <message>
+        <source>mean error %1 pixels, largest %2 pixels</source>
+        <translation>平均误差 %1 像素，最大 %2 像素</translation>
+    </message>
+    <message>
+        <source>None; touches land where the touchscreen says.</source>
+        <translation>无；触摸落在触摸屏报告的位置。</translation>
+    </message>
+    <message>
+        <source>There is one; when it was made is not known here.</source>
+        <translation>已校准；此处不知道校准时间。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n target(s)</source>
+        <translation>
+            <numerusform>%n 个目标点</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>click on touch</source>
+        <translation>触摸时单击</translation>
+    </message>
+    <message>
+        <source>click on release</source>
+        <translation>松开时单击</translation>
+    </message>
+    <message>
+        <source>drag</source>
+        <translation>拖动</translation>
+    </message>
+    <message>
+        <source>multi-touch</source>
+        <translation>多点触摸</translation>
+    </message>
+    <message>
+        <source>touch mode %1</source>
+        <translation>触摸模式 %1</translation>
+    </message>
+    <message>
+        <source>Not known: the touch driver service does not answer.</source>
+        <translation>未知：触摸驱动服务没有应答。</translation>
+    </message>
+    <message>
+        <source>None: the touch driver service does not serve this touchscreen.</source>
+        <translation>无：触摸驱动服务不为此触摸屏服务。</translation>
+    </message>
+    <message>
+        <source>Not known: the touch driver service does not tell them.</source>
+        <translation>未知：触摸驱动服务未提供。</translation>
+    </message>
+    <message>
+        <source>Touch is on</source>
+        <translation>触摸已启用</translation>
+    </message>
+    <message>
+        <source>Touch is off</source>
+        <translation>触摸已禁用</translation>
+    </message>
+    <message>
+        <source>right click after %1 ms</source>
+        <translation>%1 毫秒后右键单击</translation>
+    </message>
+    <message>
+        <source>click range %1</source>
+        <translation>单击范围 %1</translation>
+    </message>
+    <message>
+        <source>smoothing %1</source>
+        <translation>平滑 %1</translation>
+    </message>
+    <message>
+        <source>rest after %1 ms</source>
+        <translation>%1 毫秒后视为静止</translation>
+    </message>
+    <message>
+        <source>Try out</source>
+        <translation>触摸测试</translation>
+    </message>
+    <message>
+        <source>See on the whole screen where touches land (F11)</source>
+        <translation>在整个屏幕上查看触摸落点 (F11)</translation>
+    </message>
+    <message>
+        <source>Calibration</source>
+        <translation>校准</translation>
+    </message>
+    <message>
+        <source>Screen</source>
+        <translation>屏幕</translation>
+    </message>
+    <message>
+        <source>In force</source>
+        <translation>当前设置</translation>
+    </message>
+    <message>
+        <source>firmware %1</source>
+        <translation>固件 %1</translation>
+    </message>
+    <message>
+        <source>Main screen</source>
+        <translation>主屏幕</translation>
+    </message>
+    <message>
+        <source>Screen %1</source>
+        <translation>屏幕 %1</translation>
     </message>
 </context>
 <context>
@@ -676,10 +745,6 @@
         <translation>最大误差（毫米）</translation>
     </message>
     <message>
-        <source>Trying out changes nothing. A larger window covers more of the screen.</source>
-        <translation>测试不会更改任何内容。窗口越大，覆盖的屏幕越多。</translation>
-    </message>
-    <message>
         <source>Start &amp;over</source>
         <translation>重新开始(&amp;O)</translation>
     </message>
@@ -746,6 +811,30 @@
     <message>
         <source>Try &amp;out on the whole screen</source>
         <translation>全屏试用(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Trying out changes nothing. F11 uses the whole screen.</source>
+        <translation>测试不会更改任何内容。按 F11 使用整个屏幕。</translation>
+    </message>
+    <message>
+        <source>One moment</source>
+        <translation>请稍候</translation>
+    </message>
+    <message>
+        <source>Touchscreens may not be used</source>
+        <translation>不允许使用触摸屏</translation>
+    </message>
+    <message>
+        <source>You are not permitted to use them. Log in at this machine itself, or ask its administrator for access.</source>
+        <translation>您没有使用权限。请直接在本机登录，或向管理员申请权限。</translation>
+    </message>
+    <message>
+        <source>The touch driver service does not answer</source>
+        <translation>触摸驱动服务没有应答</translation>
+    </message>
+    <message>
+        <source>Touchscreens are listed when it runs again. Whoever looks after this machine can start it with &quot;systemctl start touchdriverd&quot;.</source>
+        <translation>服务恢复运行后会列出触摸屏。管理员可以用“systemctl start touchdriverd”启动它。</translation>
     </message>
 </context>
 <context>
@@ -1398,46 +1487,6 @@
         <source>there is a file of something else in its place</source>
         <translation>该位置有其他内容的文件</translation>
     </message>
-    <message>
-        <source>A touchscreen was found.</source>
-        <translation>发现了触摸屏。</translation>
-    </message>
-    <message>
-        <source>%1 was connected, but its configuration could not be read.</source>
-        <translation>%1 已连接，但无法读取其配置。</translation>
-    </message>
-    <message>
-        <source>%1 was connected, but not all that it holds could be read.</source>
-        <translation>%1 已连接，但未能读取其全部内容。</translation>
-    </message>
-    <message>
-        <source>%1 was connected; the file with the settings could not be read, so it has the defaults.</source>
-        <translation>%1 已连接；无法读取设置文件，因此使用默认值。</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be opened: %2.</source>
-        <translation>无法打开触摸屏：%2。</translation>
-    </message>
-    <message>
-        <source>The system did not make a touchscreen ready for use.</source>
-        <translation>系统未使触摸屏进入可用状态。</translation>
-    </message>
-    <message>
-        <source>A touchscreen is plugged in, but the touch driver service does not serve it.</source>
-        <translation>已插入触摸屏，但触摸驱动服务未为其提供服务。</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be listed: %2.</source>
-        <translation>无法列出触摸屏：%2。</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be listed: the settings file lacks %1.</source>
-        <translation>无法列出触摸屏：设置文件缺少 %1。</translation>
-    </message>
-    <message>
-        <source>A touchscreen cannot be listed: its parameters could not be read.</source>
-        <translation>无法列出触摸屏：无法读取其参数。</translation>
-    </message>
 </context>
 <context>
     <name>TouchscreenControls</name>
@@ -1482,12 +1531,38 @@
         <source>Touches: %1</source>
         <translation>触摸次数：%1</translation>
     </message>
+    <message numerus="yes">
+        <source>%n touch(es) drifted: see the dotted paths.</source>
+        <translation>
+            <numerusform>%n 次触摸有滑动：见点状轨迹。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n touch(es) were slow: see the squares.</source>
+        <translation>
+            <numerusform>%n 次触摸时间较长：见方块。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>关闭(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Escape or F11 ends the try-out. It changes nothing.</source>
+        <translation>按 Esc 或 F11 结束测试。测试不会更改任何内容。</translation>
+    </message>
 </context>
 <context>
     <name>WaitNotice</name>
     <message>
         <source>Opening a touchscreen...</source>
         <translation>正在打开触摸屏...</translation>
+    </message>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>暂时无法打开触摸屏，正在重试（第 %n 次，共 50 次）...</numerusform>
+        </translation>
     </message>
     <message>
         <source>A touchscreen is getting ready...</source>
@@ -1508,12 +1583,6 @@
     <message>
         <source>A touchscreen was unplugged...</source>
         <translation>触摸屏已拔下...</translation>
-    </message>
-    <message numerus="yes">
-        <source>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</source>
-        <translation>
-            <numerusform>暂时无法打开触摸屏：%2。正在重试（第 %n 次，共 50 次）...</numerusform>
-        </translation>
     </message>
 </context>
 <context>

@@ -3,7 +3,6 @@
 #include "app/DeviceFacts.h"
 #include "app/EarlierCalibrations.h"
 #include "app/HistoryView.h"
-#include "app/ListNotice.h"
 #include "discovery/DiscoveryPorts.h"
 #include "platform/Controls.h"
 #include "platform/StatusLine.h"
@@ -23,7 +22,6 @@ struct ControllerPorts {
   HistoryPorts history;
   FactsView& facts;
   HistoryView& earlier;
-  EmptyListPage& emptyList;
 };
 
 }  // namespace touchpanel

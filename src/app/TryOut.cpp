@@ -34,6 +34,11 @@ float middleOf(int cell, int cells, float extent) {
   return extent * (static_cast<float>(cell) + 0.5F) / static_cast<float>(cells);
 }
 
+/// From the first to the last point that can be touched.
+float spread(int cell, int cells, float extent) {
+  return (extent - 1) * static_cast<float>(cell) / static_cast<float>(cells - 1);
+}
+
 float distance(Point a, Point b) { return std::hypot(a.x - b.x, a.y - b.y); }
 
 }  // namespace
@@ -45,8 +50,9 @@ void TryOut::setSurface(const Size& surface, const SurfaceScale& scale) {
   clear();
   testPoints_.clear();
   if (!(surface.width > 0 && surface.height > 0)) return;
+  const auto place = layout_ == Layout::Inside ? &middleOf : &spread;
   for (const auto& [column, row] : kOrder)
-    testPoints_.push_back({middleOf(column, kColumns, surface.width), middleOf(row, kRows, surface.height)});
+    testPoints_.push_back({place(column, kColumns, surface.width), place(row, kRows, surface.height)});
 }
 
 std::optional<Point> TryOut::markedPoint() const {
@@ -54,16 +60,17 @@ std::optional<Point> TryOut::markedPoint() const {
   return testPoints_[taps_.size() % testPoints_.size()];
 }
 
-void TryOut::press(Point location) {
+void TryOut::press(Point location, bool wasHeld) {
   touched_ = true;
-  strayed_ = false;
+  wasHeld_ = wasHeld;
+  strayed_ = 0;
   start_ = location;
   trail_ = {location};
 }
 
 void TryOut::move(Point location) {
   if (!touched_) return;
-  if (distance(location, start_) > kTapReach) strayed_ = true;
+  strayed_ = std::max(strayed_, distance(location, start_));
   if (trail_.size() == kTrailLength) trail_.erase(trail_.begin());
   trail_.push_back(location);
 }
@@ -73,7 +80,9 @@ void TryOut::release(Point location) {
   move(location);
   touched_ = false;
   const auto marked = markedPoint();
-  if (marked && !strayed_) taps_.push_back({*marked, location});
+  if (!marked || !(strayed_ <= kDriftReach)) return;
+  taps_.push_back({*marked, location});
+  manners_.push_back({wasHeld_, strayed_ > kTapReach ? trail_ : std::vector<Point>()});
 }
 
 void TryOut::cancel() {
@@ -84,6 +93,7 @@ void TryOut::cancel() {
 void TryOut::clear() {
   cancel();
   taps_.clear();
+  manners_.clear();
 }
 
 std::size_t TryOut::tapsUntilResult() const {

@@ -26,8 +26,7 @@ class DataSet {
  public:
   DataSet(PropertyListFiles& files, ConfigPaths paths);
 
-  /// `isUnreadable`, where given, becomes true when there is a file and the defaults stand in for it.
-  Dictionary loadedDriverConfig(bool* isUnreadable = nullptr) const;
+  Dictionary loadedDriverConfig() const;
   Dictionary loadedDeviceConfig() const;
 
  private:

@@ -2,13 +2,14 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QScreen>
 
 #include "app/VersionLabel.h"
 #include "panel/PanelStyle.h"
 #include "panel/ProgramIdentity.h"
 #include "panel/RunningSystem.h"
-#include "panel/SpokenLabels.h"
 #include "platform_build/BuildConstants.h"
+#include "providers/qt/SpokenLabels.h"
 
 namespace touchpanel {
 namespace {
@@ -19,6 +20,12 @@ Form laidOut(QDialog& sheet) {
   Form form;
   form.setupUi(&sheet);
   return form;
+}
+
+/// Why the list is empty, by what the driver service says of itself.
+ListState stateOfEmptyList(Status service) {
+  if (service == kSuccess) return ListState::Empty;
+  return service == kErrorNotPermitted ? ListState::Refused : ListState::ServiceDown;
 }
 
 PanelPlatform withToolkit(PanelPlatform platform) {
@@ -46,7 +53,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),
       factsArea_(mainWindow_),
-      emptyPage_(mainWindow_),
+      tryOutScreen_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, historySheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
   makeLabelsSpoken();
@@ -54,7 +61,10 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
   QApplication::setStyle(new PanelStyle);          // the application takes it over
   QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
   controls_.deviceTableView.setSource(controller_);
-  controls_.deviceTableView.onReload = [this](int rows) { mainWindow_.showRows(rows); };
+  controls_.deviceTableView.onReload = [this](int rows) {
+    mainWindow_.showRows(rows, stateOfEmptyList(platform_.registry.availability()));
+  };
+  statusArea_.onWait = [this](const QString& text) { mainWindow_.showWait(text); };
   connectMainWindow();
   connectSettingsSheet();
   connectAboutSheet();
@@ -83,8 +93,7 @@ ControllerPorts ControlPanel::controllerPorts() {
           .statusLine = statusLine_,
           .history = platform_.history,
           .facts = factsArea_,
-          .earlier = history_,
-          .emptyList = emptyPage_};
+          .earlier = history_};
 }
 
 void ControlPanel::start() {
@@ -119,6 +128,10 @@ void ControlPanel::connectMainWindow() {
   connectCommand(*ui.btnSettings, ui.actionSettings, &MyController::Settings);
   connectCommand(*ui.btnAbout, ui.actionAbout, &MyController::About);
   connectCommand(*ui.btnExit, ui.actionExit, &MyController::Exit);
+  QObject::connect(&ui.factsCard->tryOutButton(), &QAbstractButton::clicked, ui.actionTryOut,
+                   &QAction::trigger);
+  QObject::connect(ui.actionTryOut, &QAction::triggered, &mainWindow_,
+                   [this] { tryOutScreen_.open(*QGuiApplication::primaryScreen()); });
   QObject::connect(ui.tabView, &QTabWidget::currentChanged, &mainWindow_,
                    [this](int index) { controller_.didSelectTabViewItem(index); });
   mainWindow_.mayClose = [this] {

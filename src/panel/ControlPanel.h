@@ -3,7 +3,6 @@
 #include <memory>
 
 #include "app/MyController.h"
-#include "panel/EmptyPage.h"
 #include "panel/FactsArea.h"
 #include "panel/HistoryForm.h"
 #include "panel/PanelControls.h"
@@ -12,6 +11,7 @@
 #include "panel/StatusArea.h"
 #include "panel/Translations.h"
 #include "panel/TryOutPage.h"
+#include "panel/TryOutScreen.h"
 #include "platform/RecentDiagnostics.h"
 #include "providers/qt/QtAlerts.h"
 #include "providers/qt/QtApplication.h"
@@ -37,6 +37,7 @@ class ControlPanel {
   MyController& controller() { return controller_; }
   MainWindowWidget& mainWindow() { return mainWindow_; }
   const TryOutPage& tryOutPage() const { return tryOutPage_; }
+  TryOutScreen& tryOutScreen() { return tryOutScreen_; }
   QDialog& settingsSheet() { return settingsSheet_; }
   QDialog& aboutSheet() { return aboutSheet_; }
   QDialog& historySheet() { return historySheet_; }
@@ -77,7 +78,7 @@ class ControlPanel {
   TranslatedWaitNotice waitNotice_;
   TryOutPage tryOutPage_;
   FactsArea factsArea_;
-  EmptyPage emptyPage_;
+  TryOutScreen tryOutScreen_;
   PanelControls controls_;
   MyController controller_;
 };

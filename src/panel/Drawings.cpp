@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QPainter>
 #include <QPainterPath>
+#include <algorithm>
 
 namespace touchpanel {
 namespace {
@@ -102,19 +103,95 @@ void TouchModeDrawing::mousePressEvent(QMouseEvent* /*event*/) {
   if (choice_ != nullptr) choice_->click();
 }
 
+namespace {
+
+/// A monitor on its foot in a box of 160 x 112, drawn at `scale`.
+void drawMonitor(QPainter& painter, const QColor& ink, double width) {
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(ink, width, Qt::SolidLine, Qt::RoundCap));
+  painter.drawRoundedRect(QRectF(24, 8, 112, 72), 6, 6);
+  painter.drawLine(QPointF(80, 80), QPointF(80, 92));
+  painter.drawLine(QPointF(58, 93), QPointF(102, 93));
+}
+
+void drawTarget(QPainter& painter, const QPen& pen) {
+  painter.setPen(pen);
+  painter.drawEllipse(QPointF(80, 44), 9, 9);
+  painter.drawEllipse(QPointF(80, 44), 20, 20);
+}
+
+void drawClock(QPainter& painter) {
+  painter.drawEllipse(QPointF(80, 44), 20, 20);
+  painter.drawPolyline(QPolygonF({{80, 31}, {80, 44}, {89, 49}}));
+}
+
+void drawLock(QPainter& painter) {
+  painter.drawRoundedRect(QRectF(63, 42, 34, 24), 3, 3);
+  painter.drawArc(QRectF(69, 24, 22, 32), 0, 180 * 16);
+  painter.drawLine(QPointF(80, 51), QPointF(80, 57));
+}
+
+/// Two ends of a line that do not meet.
+void drawBreak(QPainter& painter) {
+  painter.drawPolyline(QPolygonF({{38, 44}, {62, 44}, {68, 34}}));
+  painter.drawPolyline(QPolygonF({{92, 54}, {98, 44}, {122, 44}}));
+}
+
+QColor faintInk(const QWidget& widget) {
+  QColor ink = widget.palette().color(QPalette::WindowText);
+  ink.setAlphaF(0.55F);
+  return ink;
+}
+
+}  // namespace
+
+void EmptyDrawing::show(ListState state) {
+  state_ = state;
+  update();
+}
+
 void EmptyDrawing::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.translate(width() / 2.0 - 80, height() / 2.0 - 56);
-  QColor ink = palette().color(QPalette::WindowText);
-  ink.setAlphaF(0.55F);
-  painter.setPen(QPen(ink, 2.5, Qt::SolidLine, Qt::RoundCap));
-  painter.drawRoundedRect(QRectF(24, 8, 112, 72), 6, 6);
-  painter.drawLine(QPointF(80, 80), QPointF(80, 92));
-  painter.drawLine(QPointF(58, 93), QPointF(102, 93));
-  painter.setPen(QPen(palette().color(QPalette::Highlight), 2.5, Qt::DashLine, Qt::RoundCap));
-  painter.drawEllipse(QPointF(80, 44), 9, 9);
-  painter.drawEllipse(QPointF(80, 44), 20, 20);
+  drawMonitor(painter, faintInk(*this), 2.5);
+  const QColor accent = palette().color(QPalette::Highlight);
+  painter.setPen(QPen(accent, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  switch (state_) {
+    case ListState::Empty:
+      return drawTarget(painter, QPen(accent, 2.5, Qt::DashLine, Qt::RoundCap));
+    case ListState::Waiting:
+      return drawClock(painter);
+    case ListState::Refused:
+      return drawLock(painter);
+    case ListState::ServiceDown:
+      return drawBreak(painter);
+  }
+}
+
+void FactsDrawing::show(State state) {
+  state_ = state;
+  update();
+}
+
+void FactsDrawing::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const double scale = std::min(width() / 116.0, height() / 90.0);
+  painter.scale(scale, scale);
+  painter.translate(-22, -6);
+  const QColor ink = palette().color(QPalette::WindowText);
+  const QColor accent = palette().color(QPalette::Highlight);
+  drawMonitor(painter, ink, 4);
+  if (state_ == State::NoAnswer) {
+    painter.setPen(QPen(accent, 5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    return drawBreak(painter);
+  }
+  const bool isCalibrated = state_ == State::Calibrated;
+  drawTarget(painter, QPen(accent, 4, isCalibrated ? Qt::SolidLine : Qt::DotLine, Qt::RoundCap));
+  if (!isCalibrated) return;
+  painter.setPen(QPen(ink, 6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.drawPolyline(QPolygonF({{100, 54}, {110, 64}, {128, 42}}));
 }
 
 }  // namespace touchpanel

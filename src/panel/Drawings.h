@@ -26,13 +26,39 @@ class TouchModeDrawing final : public QWidget {
   QAbstractButton* choice_ = nullptr;
 };
 
-/// A screen with its plug pulled, for a list without touchscreens.
+/// Why the list has no touchscreens.
+enum class ListState {
+  Empty,        ///< there is none
+  Waiting,      ///< one is being opened or read
+  Refused,      ///< there is one that may not be used
+  ServiceDown,  ///< the driver service does not answer
+};
+
+/// A screen with the state of a list without touchscreens: a target, a clock, a lock, or a broken line.
 class EmptyDrawing final : public QWidget {
  public:
   explicit EmptyDrawing(QWidget* parent = nullptr) : QWidget(parent) {}
+  void show(ListState state);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  ListState state_ = ListState::Empty;
+};
+
+/// A touchscreen as it stands: calibrated, not calibrated, or with a driver that does not answer.
+class FactsDrawing final : public QWidget {
+ public:
+  enum class State { Calibrated, Uncalibrated, NoAnswer };
+  explicit FactsDrawing(QWidget* parent = nullptr) : QWidget(parent) {}
+  void show(State state);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  State state_ = State::Uncalibrated;
 };
 
 }  // namespace touchpanel

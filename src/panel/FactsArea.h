@@ -5,8 +5,8 @@
 
 namespace touchpanel {
 
-/// What the main window makes of the facts about the selected touchscreen: menu entries that need an earlier
-/// calibration can be used when there is one.
+/// What the main window makes of the facts about the selected touchscreen: they are shown below the list, and
+/// menu entries that need an earlier calibration can be used when there is one.
 class FactsArea final : public FactsView {
  public:
   explicit FactsArea(MainWindowWidget& window) : window_(window) {}

@@ -4,6 +4,8 @@
 #include <functional>
 #include <memory>
 
+#include "panel/Drawings.h"
+
 namespace Ui {
 class MainWindow;
 }
@@ -17,8 +19,11 @@ class MainWindowWidget final : public QMainWindow {
   ~MainWindowWidget() override;
 
   Ui::MainWindow& ui() { return *ui_; }
-  /// Chooses between the table and the page that says that there is no touchscreen.
-  void showRows(int count);
+  /// Chooses between the table and, without rows, the page that says why there are none; `state` is never
+  /// Waiting.
+  void showRows(int count, ListState state = ListState::Empty);
+  /// Has that page say what is being waited for, drawn at once; an empty text ends the wait.
+  void showWait(const QString& text);
   /// Asked when the user closes the window; false keeps it open.
   std::function<bool()> mayClose;
 
@@ -26,7 +31,10 @@ class MainWindowWidget final : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  void describeEmptyList(ListState state, const QString& wait = {});
+
   std::unique_ptr<Ui::MainWindow> ui_;
+  ListState state_ = ListState::Empty;
 };
 
 }  // namespace touchpanel

@@ -1,8 +1,8 @@
 #include "panel/StatusArea.h"
 
-#include "panel/SpokenLabels.h"
 #include "panel/Translations.h"
 #include "platform/ShowableText.h"
+#include "providers/qt/SpokenLabels.h"
 #include "providers/qt/ViewSurface.h"
 
 namespace touchpanel {
@@ -26,25 +26,20 @@ void StatusArea::setWait(const QString& text) {
   wait_ = text;
   show();
   label_.repaint();
+  if (onWait) onWait(text);
 }
 
-QString translatedStatus(const StatusMessage& message) {
+void TranslatedStatusLine::show(const StatusMessage& message) {
   QString text = translatedCount("StatusLine", message.text.data(), message.count);
   const QString device = QString::fromStdString(showableText(message.device));
   if (!message.reason.empty())
     text.replace(QStringLiteral("%2"), translatedCount("StatusLine", message.reason.data(), message.count));
   text.replace(QStringLiteral("%1"), device);
-  return text;
-}
-
-void TranslatedStatusLine::show(const StatusMessage& message) {
-  area_.setOutcome(translatedStatus(message), message.canRepeat);
+  area_.setOutcome(text, message.canRepeat);
 }
 
 void TranslatedWaitNotice::waitingFor(const WaitMessage& message) {
-  QString text = translatedCount("WaitNotice", message.text.data(), message.attempt);
-  if (!message.reason.empty())
-    text.replace(QStringLiteral("%2"), translatedCount("StatusLine", message.reason.data(), 0));
+  const QString text = translatedCount("WaitNotice", message.text.data(), message.attempt);
   cursor_.setBusy(true);
   if (auto* surface = ViewSurface::shown()) return surface->setBanner(text);
   if (startUp_.isVisible()) return startUp_.setText(text);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <functional>
 
 #include "panel/StartUpWindow.h"
 #include "platform/StatusLine.h"
@@ -17,6 +18,8 @@ class StatusArea {
   void setOutcome(const QString& text, bool canRepeat);
   /// Drawn at once, without the event loop. An empty text ends the wait.
   void setWait(const QString& text);
+  /// Called with each wait, and with an empty text when it ends.
+  std::function<void(const QString&)> onWait;
 
  private:
   void show();
@@ -27,9 +30,6 @@ class StatusArea {
   bool canRepeat_ = false;
   QString wait_;
 };
-
-/// `message` in the user's language.
-QString translatedStatus(const StatusMessage& message);
 
 /// The last thing done, in the user's language.
 class TranslatedStatusLine final : public StatusLine {

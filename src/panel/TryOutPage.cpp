@@ -6,93 +6,42 @@
 #include <QScreen>
 #include <memory>
 
-#include "providers/qt/QtScreen.h"
+#include "providers/qt/SpokenLabels.h"
 #include "ui_MainWindow.h"
 
 namespace touchpanel {
-namespace {
-
-QPointF toQt(Point point) { return {static_cast<double>(point.x), static_cast<double>(point.y)}; }
-
-Point fromQt(QPointF point) { return {static_cast<float>(point.x()), static_cast<float>(point.y())}; }
-
-}  // namespace
 
 TryOutPage::TryOutPage(MainWindowWidget& window)
-    : window_(window), clear_(*window.ui().btnTryOutClear), print_(*window.ui().btnTryOutPrint) {
+    : window_(window),
+      clear_(*window.ui().btnTryOutClear),
+      print_(*window.ui().btnTryOutPrint),
+      touches_(*window.ui().tryOutSurface, TryOut::Layout::Inside) {
   const auto& ui = window_.ui();
-  auto& surface = *ui.tryOutSurface;
-  surface.onPlaced = [this] { place(); };
-  surface.onPress = [this](QPointF at) {
-    place();
-    tryOut_.press(fromQt(at));
-    show();
-  };
-  surface.onMove = [this](QPointF at) {
-    tryOut_.move(fromQt(at));
-    show();
-  };
-  surface.onRelease = [this](QPointF at) {
-    tryOut_.release(fromQt(at));
-    show();
-  };
-  surface.onCancel = [this] {
-    tryOut_.cancel();
-    show();
-  };
-  QObject::connect(ui.btnTryOutClear, &QAbstractButton::clicked, &window_, [this] { startOver(); });
+  touches_.onChange = [this] { show(); };
+  QObject::connect(ui.btnTryOutClear, &QAbstractButton::clicked, &window_, [this] { touches_.startOver(); });
   QObject::connect(ui.btnTryOutPrint, &QAbstractButton::clicked, &window_, [this] { askForPrinter(); });
-  show();
-}
-
-/// The window outlives the page and hides its surface when it goes.
-TryOutPage::~TryOutPage() {
-  auto& surface = *window_.ui().tryOutSurface;
-  surface.onPress = surface.onMove = surface.onRelease = nullptr;
-  surface.onCancel = surface.onPlaced = nullptr;
-}
-
-void TryOutPage::place() {
-  const auto& surface = *window_.ui().tryOutSurface;
-  tryOut_.setSurface({static_cast<float>(surface.width()), static_cast<float>(surface.height())},
-                     surfaceScaleOf(surface));
-  show();
-}
-
-void TryOutPage::startOver() {
-  tryOut_.clear();
   show();
 }
 
 void TryOutPage::show() {
   const auto& ui = window_.ui();
-  const auto errors = errorTexts(tryOut_.result());
-  ui.tryOutSurface->setPicture(picture());
-  ui.lbTouchCount->setText(QLocale().toString(static_cast<qulonglong>(tryOut_.taps().size())));
+  const auto errors = errorTexts(tryOut().result());
+  ui.lbTouchCount->setText(QLocale().toString(static_cast<qulonglong>(tryOut().taps().size())));
   ui.lbMeanPixels->setText(errors.meanPixels);
   ui.lbMeanMillimetres->setText(errors.meanMillimetres);
   ui.lbLargestPixels->setText(errors.largestPixels);
   ui.lbLargestMillimetres->setText(errors.largestMillimetres);
+  const QString unusual = unusualTouches(tryOut());
+  ui.lbTryOutUnusual->setText(unusual);
+  ui.lbTryOutUnusual->setVisible(!unusual.isEmpty());
+  ui.lbTryOutNote->setVisible(
+      unusual.isEmpty());  // it gives way: there is no room for both in a small window
   ui.lbTryOutScreen->setText(screenText());
-  for (auto* button : {&clear_, &print_}) button->setEnabled(!tryOut_.taps().empty());
-  showInstruction();
-}
-
-void TryOutPage::showInstruction() {
-  const auto missing = static_cast<int>(tryOut_.tapsUntilResult());
-  window_.ui().lbTryOutHint->setText(
-      missing > 0 ? TryOutTexts::tr("Touch the marked point. The result comes after %n more touch(es).",
-                                    nullptr, missing)
-                  : TryOutTexts::tr("This is the result. More touches make it more certain."));
-}
-
-TryOutPicture TryOutPage::picture() const {
-  TryOutPicture picture;
-  for (const auto& point : tryOut_.testPoints()) picture.testPoints.append(toQt(point));
-  if (const auto marked = tryOut_.markedPoint()) picture.marked = toQt(*marked);
-  for (const auto& tap : tryOut_.taps()) picture.taps.append(QLineF(toQt(tap.meant), toQt(tap.landed)));
-  for (const auto& point : tryOut_.trail()) picture.trail.append(toQt(point));
-  return picture;
+  for (auto* button : {&clear_, &print_}) button->setEnabled(!tryOut().taps().empty());
+  const QString hint = tryOutHint(tryOut());
+  if (hint == ui.lbTryOutHint->text()) return;
+  ui.lbTryOutHint->setText(hint);
+  announce(*ui.lbTryOutHint);
 }
 
 QString TryOutPage::screenText() const {
@@ -108,15 +57,15 @@ QString TryOutPage::screenText() const {
 }
 
 TryOutReport TryOutPage::report() const {
-  auto printed = picture();
+  auto printed = touches_.picture();
   printed.marked.reset();
   printed.trail.clear();
   return {.screen = screenText(),
           .time = QDateTime::currentDateTime(),
           .surface = QSizeF(window_.ui().tryOutSurface->size()),
           .picture = std::move(printed),
-          .touches = tryOut_.taps().size(),
-          .result = tryOut_.result()};
+          .touches = tryOut().taps().size(),
+          .result = tryOut().result()};
 }
 
 /// Without a printer the dialog offers to print to a PDF file.

@@ -42,17 +42,23 @@ void paint(QPainter& painter, const TryOutPicture& picture, const QPalette& pale
     drawCross(painter, centre, 24);
   }
 
-  for (const auto& tap : picture.taps) {
+  for (const auto& [line, wasHeld, drift] : picture.taps) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(ink, 1.5, Qt::DotLine));
+    painter.drawPolyline(drift);
     painter.setPen(QPen(ink, 1.5));
-    painter.drawLine(tap);
+    painter.drawLine(line);
     painter.setPen(QPen(palette.color(QPalette::Base), 1));
     painter.setBrush(accent);
-    painter.drawEllipse(tap.p2(), 4.5, 4.5);
+    if (wasHeld)
+      painter.drawRect(QRectF(line.p2() - QPointF(4.5, 4.5), QSizeF(9, 9)));
+    else
+      painter.drawEllipse(line.p2(), 4.5, 4.5);
   }
   if (!picture.taps.isEmpty()) {
     painter.setPen(QPen(ink, 1.5));
     painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(picture.taps.last().p2(), 7, 7);
+    painter.drawEllipse(picture.taps.last().line.p2(), 7, 7);
   }
 }
 

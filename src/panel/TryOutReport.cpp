@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <QPainter>
 #include <QPrinter>
+#include <algorithm>
 
 #include "panel/Themes.h"
 
@@ -49,6 +50,24 @@ TryOutErrors errorTexts(const std::optional<TryOutResult>& result) {
   errors.meanMillimetres = number(result->millimetres->mean);
   errors.largestMillimetres = number(result->millimetres->largest);
   return errors;
+}
+
+QString tryOutHint(const TryOut& tryOut) {
+  const auto missing = static_cast<int>(tryOut.tapsUntilResult());
+  return missing > 0 ? TryOutTexts::tr("Touch the marked point. The result comes after %n more touch(es).",
+                                       nullptr, missing)
+                     : TryOutTexts::tr("This is the result. More touches make it more certain.");
+}
+
+QString unusualTouches(const TryOut& tryOut) {
+  QStringList texts;
+  const auto& manners = tryOut.manners();
+  if (const auto drifted = std::ranges::count_if(manners, [](const auto& tap) { return !tap.drift.empty(); }))
+    texts +=
+        TryOutTexts::tr("%n touch(es) drifted: see the dotted paths.", nullptr, static_cast<int>(drifted));
+  if (const auto held = std::ranges::count(manners, true, &TryOutManner::wasHeld))
+    texts += TryOutTexts::tr("%n touch(es) were slow: see the squares.", nullptr, static_cast<int>(held));
+  return texts.join(u' ');
 }
 
 void print(QPrinter& printer, const TryOutReport& report) {

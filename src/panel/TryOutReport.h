@@ -36,6 +36,11 @@ struct TryOutErrors {
 };
 TryOutErrors errorTexts(const std::optional<TryOutResult>& result);
 
+/// What the user is to do next.
+QString tryOutHint(const TryOut& tryOut);
+/// How many of the touches drifted or were slow, and how they are drawn; empty when none was.
+QString unusualTouches(const TryOut& tryOut);
+
 /// Prints `report` on one page, in the colours of paper whatever the theme is. Blocks while it does.
 void print(QPrinter& printer, const TryOutReport& report);
 

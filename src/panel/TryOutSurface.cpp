@@ -5,6 +5,13 @@
 #include <utility>
 
 namespace touchpanel {
+namespace {
+
+bool isTouch(const QMouseEvent& event) {
+  return event.button() == Qt::LeftButton || event.button() == Qt::RightButton;
+}
+
+}  // namespace
 
 TryOutSurface::TryOutSurface(QWidget* parent) : QWidget(parent) {
   // What is drawn covers every pixel.
@@ -40,7 +47,7 @@ void TryOutSurface::resizeEvent(QResizeEvent* /*event*/) {
 }
 
 void TryOutSurface::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && onPress) onPress(event->position());
+  if (isTouch(*event) && onPress) onPress(event->position(), event->button() == Qt::RightButton);
 }
 
 void TryOutSurface::mouseMoveEvent(QMouseEvent* event) {
@@ -48,7 +55,7 @@ void TryOutSurface::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void TryOutSurface::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton && onRelease) onRelease(event->position());
+  if (isTouch(*event) && onRelease) onRelease(event->position());
 }
 
 }  // namespace touchpanel

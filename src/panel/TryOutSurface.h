@@ -16,8 +16,9 @@ class TryOutSurface final : public QWidget {
   void setPicture(TryOutPicture picture);
   const TryOutPicture& picture() const { return picture_; }
 
-  /// In points of the surface, y downwards.
-  std::function<void(QPointF)> onPress, onMove, onRelease;
+  /// In points of the surface, y downwards. A finger that rests arrives as a right button, once it has rested.
+  std::function<void(QPointF, bool wasHeld)> onPress;
+  std::function<void(QPointF)> onMove, onRelease;
   /// The touch under way does not count: the surface was left.
   std::function<void()> onCancel;
   /// The surface came up or has another size.

@@ -31,13 +31,6 @@ struct RecordingHistoryView final : HistoryView {
   ShownHistory shown;
 };
 
-struct RecordingEmptyListPage final : EmptyListPage {
-  void show(const ListNotice& notice) override { shown.push_back(notice); }
-  void clear() override { shown.clear(); }
-
-  std::vector<ListNotice> shown;
-};
-
 /// What a controller needs beside a registry, USB and files: doubles.
 struct ControllerRig {
   ControllerPorts portsOn(Registry& registry, UsbNotifications& notifications, UsbServices& services,
@@ -51,8 +44,7 @@ struct ControllerRig {
             statusLine,
             {historyFiles, wallClock, "/state"},
             facts,
-            earlierView,
-            emptyList};
+            earlierView};
   }
 
   FakeInterface interface;
@@ -71,7 +63,6 @@ struct ControllerRig {
   FakeWallClock wallClock;
   RecordingFactsView facts;
   RecordingHistoryView earlierView;
-  RecordingEmptyListPage emptyList;
   ProcessState process;
 };
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <set>
@@ -72,11 +73,19 @@ TEST(TryOut, TellsNoMillimetresWhenTheScreensSizeIsUnknown) {
   }
 }
 
-TEST(TryOut, CountsOnlyTouchesThatStayWhereTheyCameDown) {
+TEST(TryOut, ReachesIntoTheCornersOfAWholeScreen) {
+  TryOut tryOut(TryOut::Layout::ToTheEdges);
+  tryOut.setSurface({1001, 601}, {});
+  for (const Point corner : {Point{0, 0}, Point{1000, 0}, Point{0, 600}, Point{1000, 600}, Point{500, 300}})
+    EXPECT_EQ(std::ranges::count(tryOut.testPoints(), corner), 1);
+  EXPECT_EQ(tryOut.testPoints().size(), 15U);
+}
+
+TEST(TryOut, CountsTouchesThatDriftOrRestAndNoStrokes) {
   TryOut tryOut;
   tryOut.setSurface({1000, 600}, {});
   const auto marked = tryOut.markedPoint().value();
-  const Point away{marked.x + 13, marked.y};
+  const Point away{marked.x + 73, marked.y};
 
   tryOut.press(marked);  // a stroke that comes back
   tryOut.move(away);
@@ -95,7 +104,12 @@ TEST(TryOut, CountsOnlyTouchesThatStayWhereTheyCameDown) {
   tryOut.press(marked);
   tryOut.move({marked.x + 6, marked.y});
   tryOut.release(near);
-  EXPECT_EQ(tryOut.taps(), (std::vector<LandedTouch>{{marked, near}}));
+  const Point drifted{marked.x + 13, marked.y};
+  const auto next = tryOut.markedPoint().value();
+  tryOut.press(marked, true);
+  tryOut.release(drifted);
+  EXPECT_EQ(tryOut.taps(), (std::vector<LandedTouch>{{marked, near}, {next, drifted}}));
+  EXPECT_EQ(tryOut.manners(), (std::vector<TryOutManner>{{}, {true, {marked, drifted}}}));
 }
 
 TEST(TryOut, KeepsTheLaterPartOfADrawingWithoutEnd) {

@@ -58,5 +58,22 @@ TEST_F(TryOutPageTest, ShowsTheErrorOfTouchesThatStayOnThePageStartsOverAndPrint
   EXPECT_TRUE(printed.readAll().contains("/Count 1"));
 }
 
+TEST_F(TryOutPageTest, CoversTheScreenToItsCornersAndCountsSlowTouchesThere) {
+  user.type("F11");
+  auto& whole = panel.tryOutScreen();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&whole));
+  const QRect screen = QGuiApplication::primaryScreen()->geometry();
+  EXPECT_EQ(whole.frameGeometry(), screen);
+  user.click(screen.center());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return whole.tryOut().taps().size() == 1; }));
+  user.hold(screen.topLeft() + QPoint(1, 0));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return whole.tryOut().taps().size() == 2; }));
+  EXPECT_EQ(whole.tryOut().taps()[1], (LandedTouch{{0, 0}, {1, 0}}));
+  EXPECT_TRUE(whole.tryOut().manners()[1].wasHeld);
+  EXPECT_TRUE(tryOut().taps().empty()) << "the page has its own";
+  user.type("Escape");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !whole.isVisible() && panel.mainWindow().isActiveWindow(); }));
+}
+
 }  // namespace
 }  // namespace touchpanel::testing

@@ -84,6 +84,18 @@ QStringList ambiguous(const QWidget& window) {
   return found;
 }
 
+/// What erases a calibration or takes touch away, and does so at a single combination of keys.
+QStringList dangerous(QWidget& window) {
+  QStringList found;
+  for (const char* name : {"btnReset", "btnEnableTouch"})
+    if (const auto* button = window.findChild<QAbstractButton*>(QString::fromLatin1(name)))
+      if (!button->shortcut().isEmpty()) found += button->text();
+  for (const char* name : {"actionReset", "actionEnableTouch", "actionUndoReset"})
+    if (const auto* action = window.findChild<QAction*>(QString::fromLatin1(name)))
+      if (!action->shortcuts().isEmpty()) found += action->text();
+  return found;
+}
+
 /// Where the keyboard moves against the order of reading: neither down nor to the right.
 QStringList leaps(QWidget& window) {
   QStringList found;
@@ -153,8 +165,8 @@ struct WindowsTest : InLanguage, PanelRig {
   }
   static void expectWellMade(QWidget& window, const QString& name) {
     QCoreApplication::processEvents();
-    for (const auto& faults :
-         {clippedTexts(window), unnamed(window), ambiguous(window), leaps(window), unreached(window)})
+    for (const auto& faults : {clippedTexts(window), unnamed(window), ambiguous(window), leaps(window),
+                               unreached(window), dangerous(window)})
       EXPECT_EQ(faults.join(QStringLiteral(" | ")).toStdString(), "") << name.toStdString();
   }
   static void save(QWidget& window, const QString& name, const char* theme, int scale) {
@@ -192,6 +204,10 @@ TEST_P(WindowsTest, MainWindowWithNoOneThreeAndFortyTouchscreens) {
       panel.mainWindow().resize(size);
       look(panel.mainWindow(), QStringLiteral("main-%1-%2").arg(count).arg(size.width()));
     }
+  }
+  for (const auto state : {ListState::Waiting, ListState::Refused, ListState::ServiceDown}) {
+    panel.mainWindow().showRows(0, state);
+    look(panel.mainWindow(), QStringLiteral("main-empty-%1").arg(static_cast<int>(state)));
   }
   EXPECT_EQ(rows.index(0, 2).data().toString() == "NO", GetParam() == std::string("en"));
 }

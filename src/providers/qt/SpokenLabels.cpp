@@ -1,4 +1,4 @@
-#include "panel/SpokenLabels.h"
+#include "providers/qt/SpokenLabels.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
