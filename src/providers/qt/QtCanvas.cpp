@@ -80,6 +80,7 @@ void QtCanvas::drawLine(const Point& from, const Point& to, const Color& color, 
 void QtCanvas::drawText(const StyledText& text, const Point& origin) {
   if (stopped_ || text.text.empty()) return;
   const auto lines = linesOf(text);
+  drawnTexts_.push_back({text.text, lines.join(u' ').simplified()});
   painter_.setFont(fontOf(text));
   painter_.setPen(toQColor(text.color));
   const QFontMetricsF metrics(painter_.font(), painter_.device());

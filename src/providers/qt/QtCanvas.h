@@ -3,6 +3,7 @@
 #include <QPainter>
 
 #include "platform/Canvas.h"
+#include "providers/qt/SpokenPicture.h"
 
 namespace touchpanel {
 
@@ -21,6 +22,9 @@ class QtCanvas final : public Canvas {
   void drawText(const StyledText& text, const Point& origin) override;
   Rect textExtent(const StyledText& text, const Point& origin) override;
 
+  /// Every text drawn so far, in that order.
+  const std::vector<DrawnText>& drawnTexts() const { return drawnTexts_; }
+
   /// Draws nothing from now on: the view has closed its window in the middle of its drawing.
   void stop() { stopped_ = true; }
 
@@ -31,6 +35,7 @@ class QtCanvas final : public Canvas {
   QPainter& painter_;
   float height_;
   bool stopped_ = false;
+  std::vector<DrawnText> drawnTexts_;
 };
 
 }  // namespace touchpanel

@@ -81,7 +81,10 @@ void QtSheets::begin(Window& sheet, Window& parent) {
   auto& dialog = dialogOf(sheet);
   auto& owner = dynamic_cast<QtWindow&>(parent).widget();
   if (dialog.parentWidget() != &owner) dialog.setParent(&owner, dialog.windowFlags());
-  focusBefore_ = owner.focusWidget();  // it may be disabled while the sheet is up, and so lose the focus
+  // It may be disabled while the sheet is up. Without the focus it does not hand it on then, from one disabled
+  // control to the next, each of which a screen reader would name.
+  focusBefore_ = owner.focusWidget();
+  if (focusBefore_ != nullptr) focusBefore_->clearFocus();
   dialog.open();
   dialog.activateWindow();  // without a window manager nothing else does
 }

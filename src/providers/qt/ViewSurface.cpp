@@ -7,8 +7,10 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <cmath>
+#include <utility>
 
 #include "providers/qt/QtCanvas.h"
+#include "providers/qt/SpokenLabels.h"
 
 namespace touchpanel {
 namespace {
@@ -35,7 +37,11 @@ std::uint16_t virtualKeyCode(int key) {
 
 }  // namespace
 
-ViewSurface::ViewSurface(CallbackGate& gate) : gate_(gate) {
+ViewSurface::ViewSurface(CallbackGate& gate) : gate_(gate), spoken_(new QLabel(this)) {
+  spoken_->setProperty("announced", true);
+  spoken_->resize(0, 0);
+  setWindowTitle(QCoreApplication::translate("CalibrationScreen", "Calibration"));
+  setAccessibleName(windowTitle());
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
@@ -63,6 +69,7 @@ void ViewSurface::display() {
     QtCanvas canvas(painter, static_cast<float>(height()));
     const QScopedValueRollback<QtCanvas*> drawing(canvas_, &canvas);
     view_->drawRect(canvas);
+    if (view_ != nullptr) speak(canvas);
   });
   if (drawn) {
     if (view_ != nullptr) update();
@@ -70,6 +77,13 @@ void ViewSurface::display() {
   }
   isRequested_ = true;
   gate_.whenOpen(*this, [this] { display(); });
+}
+
+void ViewSurface::speak(const QtCanvas& canvas) {
+  const QStringList news = picture_.news(canvas.drawnTexts(), std::exchange(isAnswer_, false));
+  if (news.isEmpty()) return;
+  spoken_->setText(news.join(u' '));
+  announce(*spoken_);
 }
 
 void ViewSurface::prepareImage() {
@@ -108,6 +122,10 @@ void ViewSurface::paintBanner(QPainter& painter) {
 
 void ViewSurface::setBanner(const QString& text) {
   banner_ = text;
+  if (!text.isEmpty()) {
+    spoken_->setText(text);
+    announce(*spoken_);
+  }
   repaint();
 }
 
@@ -134,6 +152,7 @@ void ViewSurface::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void ViewSurface::mouseReleaseEvent(QMouseEvent* event) {
+  isAnswer_ = true;
   if (const auto location = buttonLocation(*event)) gate_.pass([&] { view_->mouseUp(*location); });
 }
 
@@ -152,6 +171,7 @@ Point ViewSurface::locationOf(const QMouseEvent& event) const {
 void ViewSurface::keyPressEvent(QKeyEvent* event) { sendKey(virtualKeyCode(event->key())); }
 
 void ViewSurface::sendKey(std::uint16_t keyCode) {
+  isAnswer_ = true;
   if (view_ == nullptr || !view_->acceptsFirstResponder()) return;
   gate_.pass([&] { view_->keyDown(keyCode); });
 }

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QImage>
+#include <QLabel>
 #include <QWidget>
 #include <optional>
 
 #include "platform/View.h"
 #include "providers/qt/CallbackGate.h"
+#include "providers/qt/SpokenPicture.h"
 
 namespace touchpanel {
 
@@ -56,6 +58,8 @@ class ViewSurface final : public QWidget {
   std::optional<Point> buttonLocation(const QMouseEvent& event) const;
   Point locationOf(const QMouseEvent& event) const;
   void sendKey(std::uint16_t keyCode);
+  /// Has a screen reader say what is new in the picture.
+  void speak(const QtCanvas& canvas);
 
   CallbackGate& gate_;
   View* view_ = nullptr;
@@ -63,6 +67,9 @@ class ViewSurface final : public QWidget {
   bool isRequested_ = false;
   QString banner_;
   QImage image_;
+  QLabel* spoken_;  ///< shows nothing: what screen readers say of the picture
+  SpokenPicture picture_;
+  bool isAnswer_ = true;  ///< the user has done something since the last picture
 };
 
 }  // namespace touchpanel
