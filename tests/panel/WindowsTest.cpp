@@ -14,7 +14,6 @@
 #include "PanelRig.h"
 #include "history/CalibrationHistory.h"
 #include "history/TouchscreenKey.h"
-#include "panel/ErrorMap.h"
 #include "panel/PanelStyle.h"
 #include "panel/Themes.h"
 
@@ -305,7 +304,7 @@ TEST_P(WindowsTest, HistorySheet) {
   look(sheet, "history");
   auto& table = *sheet.findChild<QTableWidget*>();
   const auto described = [&] {
-    return QAccessible::queryAccessibleInterface(sheet.findChild<ErrorMap*>())
+    return QAccessible::queryAccessibleInterface(sheet.findChild<QWidget*>("errorMap"))
         ->text(QAccessible::Description);
   };
   EXPECT_EQ(described().split('\n').size(), 4);
