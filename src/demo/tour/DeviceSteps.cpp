@@ -41,13 +41,30 @@ std::string listDevices(Stage& stage) {
   return outcome;
 }
 
+void chooseFromDeviceMenu(Stage& stage, const char* key) {
+  stage.input().tapKey("d", "Alt_L");
+  stage.untilShown("menuDevice");
+  stage.input().tapKey(key);
+}
+
 std::string resetInfrared(Stage& stage) {
   auto& infrared = stage.demo().touchscreen(DeviceKind::Infrared);
   stage.select(infrared);
-  stage.click("btnReset");
   const auto entry = stage.demo().entryOf(infrared);
-  stage.until([&] { return entry->text(entry_key::kCalibrateStatus) == entry_key::kNo; },
-              "the entry to say that there is no calibration");
+  const auto untilCalibrated = [&](const char* status) {
+    stage.until([&] { return entry->text(entry_key::kCalibrateStatus) == status; },
+                std::string("the entry to say ") + status);
+  };
+  const auto calibration = imageOf(infrared.firmware().stored().calibParams);
+  stage.click("btnReset");
+  untilCalibrated(entry_key::kNo);
+  chooseFromDeviceMenu(stage, "u");
+  untilCalibrated(entry_key::kYes);
+  require(imageOf(infrared.firmware().stored().calibParams) == calibration,
+          "the device does not hold again what the reset discarded");
+  stage.pictures().take("reset-undone");
+  stage.click("btnReset");
+  untilCalibrated(entry_key::kNo);
   stage.until([&] { return !stage.widget("btnReset").isEnabled(); }, "Reset to be disabled");
   require(infrared.firmware().stored().deviceConfig.CalibrateStatus == 0,
           "the device still holds a calibration");

@@ -28,14 +28,20 @@ std::string calibrateOpticalWith4Targets(Stage& stage);
 /// Calibrates the touchscreen that keeps its calibration in a file, in a part of the screen that is then
 /// spread over all of it.
 std::string calibrateConfigurationOnlyInRegion(Stage& stage);
+/// The infrared touchscreen refuses a block of its new calibration; the panel says so, and writes it again.
+std::string writeARefusedCalibrationAgain(Stage& stage);
+/// Puts an earlier calibration of the infrared touchscreen back.
+std::string restoreAnEarlierCalibration(Stage& stage);
 /// Unplugs the calibrated optical touchscreen and plugs it in again: it still hits.
 std::string replugOptical(Stage& stage);
-/// Resets the infrared touchscreen's calibration.
+/// Resets the infrared touchscreen's calibration, undoes that, and resets it for good.
 std::string resetInfrared(Stage& stage);
 /// Unplugs one after the other; with the last one the panel ends.
 std::string unplugAll(Stage& stage);
 
 /// Opens the settings sheet, chooses a grid of `targets`, 4 or 25, and accepts. A part of other steps.
 void chooseCalibrationMode(Stage& stage, int targets);
+/// Chooses an entry of the Device menu by its key, in English. A part of other steps.
+void chooseFromDeviceMenu(Stage& stage, const char* key);
 
 }  // namespace touchpanel::demo

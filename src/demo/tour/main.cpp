@@ -28,6 +28,8 @@ constexpr Step kSteps[] = {
     {"try out the infrared one again", tryOutAfterCalibration},
     {"calibrate the optical one with 4 targets", calibrateOpticalWith4Targets},
     {"calibrate the configuration-only one in a region", calibrateConfigurationOnlyInRegion},
+    {"be refused by the infrared one, and write again", writeARefusedCalibrationAgain},
+    {"put an earlier calibration of the infrared one back", restoreAnEarlierCalibration},
     {"unplug the optical one and plug it in again", replugOptical},
     {"reset the infrared one", resetInfrared},
     {"unplug all", unplugAll},
