@@ -61,7 +61,7 @@ TEST_F(TryOutPageTest, ShowsTheErrorOfTouchesThatStayOnThePageStartsOverAndPrint
 TEST_F(TryOutPageTest, CoversTheScreenToItsCornersAndCountsSlowTouchesThere) {
   user.type("F11");
   auto& whole = panel.tryOutScreen();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&whole));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return whole.isVisible() && whole.isActiveWindow(); }));
   const QRect screen = QGuiApplication::primaryScreen()->geometry();
   EXPECT_EQ(whole.frameGeometry(), screen);
   user.click(screen.center());
