@@ -27,6 +27,9 @@ class World {
     run_.emplace(machine_, directory_);
     run_->select(touched());
     entry_ = run_->controller().state().currentDict;
+    if (action != "Restore") return;
+    run_->calibrate(touched(), 4);
+    run_->controller().Reset();
   }
 
   void carryOut(const std::string& trouble) {
@@ -114,6 +117,7 @@ class World {
     }
     cause(trouble);
     if (action_ == "Reset") controller.Reset();
+    if (action_ == "Restore") controller.UndoReset();
     if (action_ == "Enable Touch") controller.EnableTouch();
     if (action_ != "Apply") return;
     controller.Settings();
@@ -186,6 +190,30 @@ TEST(Outcomes, AreToldAsTheyAreForEveryActionUnderEveryTrouble) {
       {"Reset", "service restarted",
        "IR-2026-0000001 has no calibration any more; that is written and in force.",
        "device 3 of 3 blocks, driver new, list new"},
+      {"Restore", "none", "The earlier calibration of IR-2026-0000001 is written and in use again.",
+       "device 3 of 3 blocks, driver new, list new"},
+      {"Restore", "one block fails",
+       "The earlier calibration of IR-2026-0000001 is in use, but was written only in part: the horizontal "
+       "calibration was not confirmed.",
+       "device 2 of 3 blocks, driver new, list new, can be repeated"},
+      {"Restore", "all fail",
+       "The earlier calibration of IR-2026-0000001 is in use, but was not written: none of its blocks was "
+       "confirmed.",
+       "device 0 of 3 blocks, driver new, list new, can be repeated"},
+      {"Restore", "unplugged",
+       "The earlier calibration of IR-2026-0000001 is in use, but whether it was written is not known: it "
+       "was unplugged during the write.",
+       "device 2 of 3 blocks, driver new, list new, can be repeated"},
+      {"Restore", "not permitted",
+       "The earlier calibration of IR-2026-0000001 is written, but not confirmed to be in use: you are not "
+       "permitted to change settings of touchscreens.",
+       "device 3 of 3 blocks, driver old, list new"},
+      {"Restore", "service down",
+       "The earlier calibration of IR-2026-0000001 is written, but not confirmed to be in use: the touch "
+       "driver service does not answer.",
+       "device 3 of 3 blocks, driver old, list new"},
+      {"Restore", "service restarted", "There is no reset of IR-2026-0000001 to undo.",
+       "device 3 of 3 blocks, driver old, list new"},
       {"Apply", "none", "Settings were sent to 3 touchscreen(s) and saved.",
        "driver new, other new, list new"},
       {"Apply", "one block fails",
