@@ -78,6 +78,70 @@
         <source>Unable to open device: %1.</source>
         <translation>Das Gerät kann nicht geöffnet werden: %1.</translation>
     </message>
+    <message>
+        <source>The configuration of this touchscreen could not be read.</source>
+        <translation>Die Konfiguration dieses Touchscreens konnte nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>OK at the end of a calibration overwrites it, and what it held is lost. To have it read again, unplug the touchscreen and plug it in.</source>
+        <translation>OK am Ende einer Kalibrierung überschreibt sie, und was sie enthielt, ist verloren. Damit sie neu gelesen wird, ziehen Sie den Touchscreen ab, und schließen Sie ihn wieder an.</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>Kalibrieren</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>It is being opened and read.</source>
+        <translation>Er wird geöffnet und gelesen.</translation>
+    </message>
+    <message>
+        <source>It may not have been authorised. See to that, then plug the touchscreen in again.</source>
+        <translation>Vielleicht ist er nicht zugelassen. Lassen Sie ihn zu, und schließen Sie ihn dann neu an.</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again. If that does not help, restart the touch driver service.</source>
+        <translation>Ziehen Sie ihn ab, und schließen Sie ihn neu an. Hilft das nicht, starten Sie den Touch-Treiberdienst neu.</translation>
+    </message>
+    <message>
+        <source>Add the missing setting to that file, or remove the file to start from the defaults. Then plug the touchscreen in again.</source>
+        <translation>Ergänzen Sie die fehlende Einstellung, oder entfernen Sie die Datei, um mit den Vorgaben zu beginnen. Schließen Sie den Touchscreen dann neu an.</translation>
+    </message>
+    <message>
+        <source>You are not permitted to use touchscreens. Ask whoever looks after this machine for access.</source>
+        <translation>Sie dürfen Touchscreens nicht benutzen. Bitten Sie die Verwaltung dieses Rechners um Zugang.</translation>
+    </message>
+    <message>
+        <source>Another program is using it. Close that program, then plug the touchscreen in again.</source>
+        <translation>Ein anderes Programm benutzt ihn. Beenden Sie es, und schließen Sie den Touchscreen dann neu an.</translation>
+    </message>
+    <message>
+        <source>It was unplugged. Plug it in again.</source>
+        <translation>Er wurde abgezogen. Schließen Sie ihn wieder an.</translation>
+    </message>
+    <message>
+        <source>Unplug the touchscreen and plug it in again.</source>
+        <translation>Ziehen Sie den Touchscreen ab, und schließen Sie ihn neu an.</translation>
+    </message>
+    <message>
+        <source>The touch driver service runs, but there is no touchscreen that it serves. Plug one in, then start this program again.</source>
+        <translation>Der Touch-Treiberdienst läuft, bedient aber keinen Touchscreen. Schließen Sie einen an, und starten Sie dieses Programm neu.</translation>
+    </message>
+    <message>
+        <source>You are not permitted to use the touch driver service. Ask whoever looks after this machine for access.</source>
+        <translation>Sie dürfen den Touch-Treiberdienst nicht benutzen. Bitten Sie die Verwaltung dieses Rechners um Zugang.</translation>
+    </message>
+    <message>
+        <source>The touch driver service is of another version than this program. Install both in the same version.</source>
+        <translation>Der Touch-Treiberdienst hat eine andere Version als dieses Programm. Installieren Sie beide in derselben Version.</translation>
+    </message>
+    <message>
+        <source>The touch driver service does not run or does not answer. Start it, then start this program again.</source>
+        <translation>Der Touch-Treiberdienst läuft nicht oder antwortet nicht. Starten Sie ihn und danach dieses Programm neu.</translation>
+    </message>
 </context>
 <context>
     <name>CalibrationScreen</name>
@@ -1494,6 +1558,46 @@
         <source>there is a file of something else in its place</source>
         <translation>an ihrer Stelle liegt eine fremde Datei</translation>
     </message>
+    <message>
+        <source>A touchscreen was found.</source>
+        <translation>Ein Touchscreen wurde gefunden.</translation>
+    </message>
+    <message>
+        <source>%1 was connected, but its configuration could not be read.</source>
+        <translation>%1 wurde angeschlossen, seine Konfiguration konnte aber nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 was connected, but not all that it holds could be read.</source>
+        <translation>%1 wurde angeschlossen, konnte aber nicht vollständig gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 was connected; the file with the settings could not be read, so it has the defaults.</source>
+        <translation>%1 wurde angeschlossen; die Einstellungsdatei konnte nicht gelesen werden, deshalb gelten die Vorgaben.</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be opened: %2.</source>
+        <translation>Ein Touchscreen kann nicht geöffnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>The system did not make a touchscreen ready for use.</source>
+        <translation>Das System hat einen Touchscreen nicht betriebsbereit gemacht.</translation>
+    </message>
+    <message>
+        <source>A touchscreen is plugged in, but the touch driver service does not serve it.</source>
+        <translation>Ein Touchscreen ist angeschlossen, aber der Touch-Treiberdienst bedient ihn nicht.</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be listed: %2.</source>
+        <translation>Ein Touchscreen kann nicht aufgeführt werden: %2.</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be listed: the settings file lacks %1.</source>
+        <translation>Ein Touchscreen kann nicht aufgeführt werden: In der Einstellungsdatei fehlt %1.</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be listed: its parameters could not be read.</source>
+        <translation>Ein Touchscreen kann nicht aufgeführt werden: Seine Parameter konnten nicht gelesen werden.</translation>
+    </message>
 </context>
 <context>
     <name>TouchscreenControls</name>
@@ -1568,13 +1672,6 @@
         <source>Opening a touchscreen...</source>
         <translation>Ein Touchscreen wird geöffnet...</translation>
     </message>
-    <message numerus="yes">
-        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
-        <translation>
-            <numerusform>Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (%n von 50)...</numerusform>
-            <numerusform>Der Touchscreen lässt sich noch nicht öffnen, neuer Versuch (%n von 50)...</numerusform>
-        </translation>
-    </message>
     <message>
         <source>A touchscreen is getting ready...</source>
         <translation>Ein Touchscreen wird vorbereitet...</translation>
@@ -1594,6 +1691,13 @@
     <message>
         <source>A touchscreen was unplugged...</source>
         <translation>Ein Touchscreen wurde abgezogen...</translation>
+    </message>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>Der Touchscreen kann noch nicht geöffnet werden: %2. Neuer Versuch (%n von 50)...</numerusform>
+            <numerusform>Der Touchscreen kann noch nicht geöffnet werden: %2. Neuer Versuch (%n von 50)...</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -83,10 +83,10 @@
 <context>
     <name>WaitNotice</name>
     <message numerus="yes">
-        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
+        <source>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</source>
         <translation>
-            <numerusform>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</numerusform>
-            <numerusform>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</numerusform>
+            <numerusform>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</numerusform>
+            <numerusform>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</numerusform>
         </translation>
     </message>
 </context>

@@ -78,6 +78,70 @@
         <source>Unable to open device: %1.</source>
         <translation>无法打开设备：%1。</translation>
     </message>
+    <message>
+        <source>The configuration of this touchscreen could not be read.</source>
+        <translation>无法读取此触摸屏的配置。</translation>
+    </message>
+    <message>
+        <source>OK at the end of a calibration overwrites it, and what it held is lost. To have it read again, unplug the touchscreen and plug it in.</source>
+        <translation>校准结束时按“OK”会覆盖该配置，原有内容将丢失。要重新读取，请拔出触摸屏后再插入。</translation>
+    </message>
+    <message>
+        <source>Calibrate</source>
+        <translation>校准</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>It is being opened and read.</source>
+        <translation>正在打开并读取。</translation>
+    </message>
+    <message>
+        <source>It may not have been authorised. See to that, then plug the touchscreen in again.</source>
+        <translation>它可能未获授权。请予以授权，然后重新插入触摸屏。</translation>
+    </message>
+    <message>
+        <source>Unplug it and plug it in again. If that does not help, restart the touch driver service.</source>
+        <translation>请将其拔出后重新插入。如果无效，请重新启动触摸驱动服务。</translation>
+    </message>
+    <message>
+        <source>Add the missing setting to that file, or remove the file to start from the defaults. Then plug the touchscreen in again.</source>
+        <translation>请在该文件中补上缺少的设置，或删除该文件以使用默认值。然后重新插入触摸屏。</translation>
+    </message>
+    <message>
+        <source>You are not permitted to use touchscreens. Ask whoever looks after this machine for access.</source>
+        <translation>您没有使用触摸屏的权限。请向本机管理员申请访问权限。</translation>
+    </message>
+    <message>
+        <source>Another program is using it. Close that program, then plug the touchscreen in again.</source>
+        <translation>另一个程序正在使用它。请关闭该程序，然后重新插入触摸屏。</translation>
+    </message>
+    <message>
+        <source>It was unplugged. Plug it in again.</source>
+        <translation>它已被拔出。请重新插入。</translation>
+    </message>
+    <message>
+        <source>Unplug the touchscreen and plug it in again.</source>
+        <translation>请拔出触摸屏，然后重新插入。</translation>
+    </message>
+    <message>
+        <source>The touch driver service runs, but there is no touchscreen that it serves. Plug one in, then start this program again.</source>
+        <translation>触摸驱动服务正在运行，但没有它所服务的触摸屏。请插入触摸屏，然后重新启动本程序。</translation>
+    </message>
+    <message>
+        <source>You are not permitted to use the touch driver service. Ask whoever looks after this machine for access.</source>
+        <translation>您没有使用触摸驱动服务的权限。请向本机管理员申请访问权限。</translation>
+    </message>
+    <message>
+        <source>The touch driver service is of another version than this program. Install both in the same version.</source>
+        <translation>触摸驱动服务与本程序的版本不同。请安装相同版本。</translation>
+    </message>
+    <message>
+        <source>The touch driver service does not run or does not answer. Start it, then start this program again.</source>
+        <translation>触摸驱动服务未运行或没有应答。请启动该服务，然后重新启动本程序。</translation>
+    </message>
 </context>
 <context>
     <name>CalibrationScreen</name>
@@ -1487,6 +1551,46 @@
         <source>there is a file of something else in its place</source>
         <translation>该位置有其他内容的文件</translation>
     </message>
+    <message>
+        <source>A touchscreen was found.</source>
+        <translation>发现了触摸屏。</translation>
+    </message>
+    <message>
+        <source>%1 was connected, but its configuration could not be read.</source>
+        <translation>%1 已连接，但无法读取其配置。</translation>
+    </message>
+    <message>
+        <source>%1 was connected, but not all that it holds could be read.</source>
+        <translation>%1 已连接，但未能读取其全部内容。</translation>
+    </message>
+    <message>
+        <source>%1 was connected; the file with the settings could not be read, so it has the defaults.</source>
+        <translation>%1 已连接；无法读取设置文件，因此使用默认值。</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be opened: %2.</source>
+        <translation>无法打开触摸屏：%2。</translation>
+    </message>
+    <message>
+        <source>The system did not make a touchscreen ready for use.</source>
+        <translation>系统未使触摸屏进入可用状态。</translation>
+    </message>
+    <message>
+        <source>A touchscreen is plugged in, but the touch driver service does not serve it.</source>
+        <translation>已插入触摸屏，但触摸驱动服务未为其提供服务。</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be listed: %2.</source>
+        <translation>无法列出触摸屏：%2。</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be listed: the settings file lacks %1.</source>
+        <translation>无法列出触摸屏：设置文件缺少 %1。</translation>
+    </message>
+    <message>
+        <source>A touchscreen cannot be listed: its parameters could not be read.</source>
+        <translation>无法列出触摸屏：无法读取其参数。</translation>
+    </message>
 </context>
 <context>
     <name>TouchscreenControls</name>
@@ -1558,12 +1662,6 @@
         <source>Opening a touchscreen...</source>
         <translation>正在打开触摸屏...</translation>
     </message>
-    <message numerus="yes">
-        <source>The touchscreen cannot be opened yet, trying again (attempt %n of 50)...</source>
-        <translation>
-            <numerusform>暂时无法打开触摸屏，正在重试（第 %n 次，共 50 次）...</numerusform>
-        </translation>
-    </message>
     <message>
         <source>A touchscreen is getting ready...</source>
         <translation>触摸屏正在准备...</translation>
@@ -1583,6 +1681,12 @@
     <message>
         <source>A touchscreen was unplugged...</source>
         <translation>触摸屏已拔下...</translation>
+    </message>
+    <message numerus="yes">
+        <source>The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...</source>
+        <translation>
+            <numerusform>暂时无法打开触摸屏：%2。正在重试（第 %n 次，共 50 次）...</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -23,7 +23,20 @@ bool CalibrationStarter::mayStart() {
                        (RegionCalibrateView && !RegionCalibrateView->run().isOver());
   if (running) return false;
   if (!state_.hasSelection()) statusLine_.show(kNoDeviceSelected);
-  return state_.hasSelection();
+  return state_.hasSelection() && mayOverwrite();
+}
+
+bool CalibrationStarter::mayOverwrite() {
+  const auto unread = state_.currentDict->integer(entry_key::kUnreadBlocks);
+  if (!ContentSet::fromBits(static_cast<std::uint32_t>(unread)).contains(Content::DeviceConfig)) return true;
+  // Asked here and not at OK, which is performed while the screen is drawn, and before any touch is in vain.
+  return alerts_.ask(
+      TRANSLATABLE_TEXT("Alert", "Warning"),
+      TRANSLATABLE_TEXT("Alert", "The configuration of this touchscreen could not be read."),
+      TRANSLATABLE_TEXT("Alert",
+                        "OK at the end of a calibration overwrites it, and what it held is lost. "
+                        "To have it read again, unplug the touchscreen and plug it in."),
+      TRANSLATABLE_TEXT("Alert", "Calibrate"), TRANSLATABLE_TEXT("Alert", "Cancel"));
 }
 
 template <typename View>

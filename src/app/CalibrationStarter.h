@@ -25,11 +25,12 @@ class CalibrationStarter {
  public:
   /// `controller` is called after an accepted result; it must outlive the runs.
   CalibrationStarter(const ControllerState& state, const CalibrationPorts& ports, Screen& screen,
-                     CalibrationWrites& writes, SelectedDeviceFacts& facts, StatusLine& statusLine,
-                     TableReloader& controller)
+                     Alerts& alerts, CalibrationWrites& writes, SelectedDeviceFacts& facts,
+                     StatusLine& statusLine, TableReloader& controller)
       : state_(state),
         ports_(ports),
         screen_(screen),
+        alerts_(alerts),
         writes_(writes),
         facts_(facts),
         statusLine_(statusLine),
@@ -42,6 +43,8 @@ class CalibrationStarter {
 
  private:
   bool mayStart();
+  /// Asks before a run whose OK would overwrite a configuration that was never read.
+  bool mayOverwrite();
 
   /// Shows a new view of type `View` in a new window and hands it the selected entry.
   template <typename View>
@@ -50,6 +53,7 @@ class CalibrationStarter {
   const ControllerState& state_;
   CalibrationPorts ports_;
   Screen& screen_;
+  Alerts& alerts_;
   CalibrationWrites& writes_;
   SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;

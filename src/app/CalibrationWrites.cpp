@@ -17,6 +17,7 @@ void CalibrationWrites::report(const DeviceEntry& entry, const _DEVICT_CONTEXT& 
 void CalibrationWrites::note(const DeviceEntry& entry, const _DEVICT_CONTEXT& context,
                              const WriteOutcome& written) {
   std::erase_if(pending_, [&](const Pending& pending) { return pending.entry == entry; });
+  if (written.isWritten()) entry->remove(entry_key::kUnreadBlocks);
   if (!written.isWritten()) pending_.push_back({entry, context});
   update();
 }

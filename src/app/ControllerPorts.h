@@ -3,6 +3,7 @@
 #include "app/DeviceFacts.h"
 #include "app/EarlierCalibrations.h"
 #include "app/HistoryView.h"
+#include "app/ListNotice.h"
 #include "discovery/DiscoveryPorts.h"
 #include "platform/Controls.h"
 #include "platform/StatusLine.h"
@@ -22,6 +23,7 @@ struct ControllerPorts {
   HistoryPorts history;
   FactsView& facts;
   HistoryView& earlier;
+  EmptyListPage& emptyList;
 };
 
 }  // namespace touchpanel

@@ -36,11 +36,11 @@ struct MyController::Collaborators {
         commands(outlets, state, buttons, driver, store, writes, system.process.DeviceContext,
                  ports.statusLine),
         calibrations(state, {driver, system.runLoop, ports.cursor, ports.presentation, store}, ports.screen,
-                     writes, facts, ports.statusLine, controller),
+                     system.alerts, writes, facts, ports.statusLine, controller),
         restoring(driver, store, writes, controller),
         history(state, earlier, restoring,
                 {outlets.HistoryWindow, outlets.KeyWindow, ports.sheets, ports.statusLine, ports.earlier}),
-        devices(outlets, state, table, writes, facts, ports.statusLine),
+        devices(outlets, state, table, writes, facts, ports.statusLine, ports.emptyList),
         discovery(system, devices) {}
 
   DriverChannel driver;

@@ -29,8 +29,10 @@ ConfigPaths ConfigPaths::in(const std::string& directory) {
 
 DataSet::DataSet(PropertyListFiles& files, ConfigPaths paths) : files_(files), paths_(std::move(paths)) {}
 
-Dictionary DataSet::loadedDriverConfig() const {
-  auto file = files_.read(paths_.driverConfig);
+Dictionary DataSet::loadedDriverConfig(bool* isUnreadable) const {
+  Status status = kSuccess;
+  auto file = files_.read(paths_.driverConfig, status);
+  if (isUnreadable != nullptr) *isUnreadable = !file && status != kErrorNotFound;
   return file ? std::move(*file) : defaultDriverConfig();
 }
 

@@ -26,7 +26,8 @@ class DataSet {
  public:
   DataSet(PropertyListFiles& files, ConfigPaths paths);
 
-  Dictionary loadedDriverConfig() const;
+  /// `isUnreadable`, where given, becomes true when there is a file and the defaults stand in for it.
+  Dictionary loadedDriverConfig(bool* isUnreadable = nullptr) const;
   Dictionary loadedDeviceConfig() const;
 
  private:

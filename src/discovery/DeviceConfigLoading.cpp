@@ -72,6 +72,13 @@ Dictionary buildDeviceEntry(const _DEVICT_CONTEXT& context, const Dictionary& se
   return entry;
 }
 
+/// The key, in quotes, of the first setting that `settings` lacks.
+std::string firstLacking(const Dictionary& settings) {
+  for (const auto& setting : kSettingsInFile)
+    if (!settings.contains(setting.key)) return '"' + std::string(setting.key) + '"';
+  return {};
+}
+
 /// Adds what can be read of the HID systems below the driver's instances; the last readable one wins.
 void addDoubleClick(Registry& registry, Dictionary& entry) {
   // Not reset between instances: one that has no HID system below it shares that of the one before.
@@ -90,11 +97,16 @@ void addDoubleClick(Registry& registry, Dictionary& entry) {
 DeviceConfigLoading::DeviceConfigLoading(Registry& registry, PropertyListFiles& files,
                                          const ConfigPaths& paths, Diagnostics& diagnostics,
                                          DeviceListOwner& owner)
-    : registry_(registry), dataSet_(files, paths), diagnostics_(diagnostics), owner_(owner) {}
+    : registry_(registry),
+      dataSet_(files, paths),
+      settingsFile_(paths.driverConfig),
+      diagnostics_(diagnostics),
+      owner_(owner) {}
 
 void DeviceConfigLoading::LoadDeviceConfig(_DEVICT_CONTEXT& context, UsbDeviceInterface& device,
                                            RegistryObject handle, std::uint32_t locationId) {
-  owner_.drvConfigDict() = dataSet_.loadedDriverConfig();
+  bool isUnreadable = false;
+  owner_.drvConfigDict() = dataSet_.loadedDriverConfig(&isUnreadable);
   DeviceIdentity identity{.handle = handle, .deviceInterface = device.reference(), .locationId = locationId};
   device.getDeviceVendor(identity.vendorId);
   device.getDeviceProduct(identity.productId);
@@ -107,9 +119,12 @@ void DeviceConfigLoading::LoadDeviceConfig(_DEVICT_CONTEXT& context, UsbDeviceIn
   } catch (const AbsentValue& error) {
     diagnostics_.line("driver configuration file: " + std::string(error.what()) +
                       ", the touchscreen is not listed");
+    owner_.notListed({.why = NotListed::Why::SettingLacking,
+                      .detail = firstLacking(owner_.drvConfigDict()) + " (" + settingsFile_ + ")"});
     return;
   }
   owner_.reloadDeviceTable();
+  if (isUnreadable) owner_.settingsUnreadable();
 }
 
 void DeviceConfigLoading::completeFromFile(_DEVICT_CONTEXT& context) const {

@@ -19,7 +19,7 @@ class DeviceConfigLoading {
                       Diagnostics& diagnostics, DeviceListOwner& owner);
 
   /// `context` is what was read from the device and gets completed. A driver configuration file that lacks a
-  /// setting leaves the device unlisted and prints one line.
+  /// setting leaves the device unlisted and prints one line; the owner is told, as of one that cannot be read.
   void LoadDeviceConfig(_DEVICT_CONTEXT& context, UsbDeviceInterface& device, RegistryObject handle,
                         std::uint32_t locationId);
 
@@ -28,6 +28,7 @@ class DeviceConfigLoading {
 
   Registry& registry_;
   DataSet dataSet_;
+  std::string settingsFile_;
   Diagnostics& diagnostics_;
   DeviceListOwner& owner_;
 };

@@ -34,6 +34,8 @@ inline constexpr char kProductID[] = "ProductID";
 inline constexpr char kDeviceContext[] = "DeviceContext";              ///< 293 bytes
 using settings_key::kDoubleClickArea, settings_key::kDoubleClickTime;  ///< absent where the system has none
 inline constexpr char kHiddevice[] = "Hiddevice";  ///< int64: RegistryObject of the HID system
+/// int32: bits of a ContentSet; absent unless blocks could not be read, and so hold what they never held.
+inline constexpr char kUnreadBlocks[] = "UnreadBlocks";
 inline constexpr char kYes[] = "YES";
 inline constexpr char kNo[] = "NO";
 }  // namespace entry_key

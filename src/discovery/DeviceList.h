@@ -3,8 +3,10 @@
 #include <cstdint>
 
 #include "discovery/DeviceEntry.h"
+#include "discovery/NotListed.h"
 #include "platform/Application.h"
 #include "platform/Registry.h"
+#include "protocol/Exchange.h"
 
 namespace touchpanel {
 
@@ -19,6 +21,13 @@ class DeviceListOwner {
   virtual void reloadDeviceTable() = 0;
   /// Makes the entry at `row`, which exists, the selection and shows its settings.
   virtual bool shouldSelectRow(std::int32_t row) = 0;
+
+  // What there is to say on the way, for the user.
+
+  virtual void arriving() = 0;  ///< a touchscreen was found and is going to be opened
+  virtual void notListed(const NotListed& reason) = 0;
+  virtual void readInPart(ContentSet failed) = 0;  ///< of the touchscreen listed last
+  virtual void settingsUnreadable() = 0;           ///< the touchscreen listed last got the defaults instead
 };
 
 /// Whether an entry of the list is at `locationId`.

@@ -20,8 +20,9 @@ constexpr char kIdProduct[] = "idProduct";
 constexpr std::chrono::milliseconds kBeforePairing{500};
 constexpr std::chrono::milliseconds kBeforeRegisteringAgain{100};
 constexpr std::chrono::milliseconds kBeforeRemoval{200};
-/// A device that stays unconfigured would otherwise have us register for ever.
-constexpr int kMaximumRepetitions = 50;
+/// The system configures a device as it announces it, or never (one that is not authorised). Registering again
+/// sees nothing sooner, and costs half a second for each touchscreen that is listed already.
+constexpr int kMaximumRepetitions = 5;
 
 }  // namespace
 
@@ -86,7 +87,8 @@ bool UsbDiscovery::registerProduct(UsbNotificationPort& port, Dictionary& matchi
 void UsbDiscovery::DeviceAdded(UsbIterator& iterator) {
   _DEVICT_CONTEXT context{};  // one for all devices of this call
   if (ports_.registry.instancesOf(class_name::kTouchDriver).empty()) {
-    ports_.alerts.show("Warning", "Not found touch device.", "OK");
+    ports_.alerts.show("Warning", "Not found touch device.", "OK",
+                       adviceOnDriver(ports_.registry.availability()));
     ports_.application.terminate();
     return;
   }
@@ -97,8 +99,13 @@ void UsbDiscovery::DeviceAdded(UsbIterator& iterator) {
 }
 
 UsbDiscovery::Arrival UsbDiscovery::addDevice(UsbService service, _DEVICT_CONTEXT& context) {
-  UsbDeviceInterface* const device = opening_.open(service);
-  if (device == nullptr) return Arrival::Handled;
+  owner_.arriving();
+  Status status = kSuccess;
+  UsbDeviceInterface* const device = opening_.open(service, status);
+  if (device == nullptr) {
+    owner_.notListed({.why = NotListed::Why::CannotBeOpened, .status = status});
+    return Arrival::Handled;
+  }
   std::uint8_t configuration = 0;
   if (device->getConfiguration(configuration) == kSuccess && configuration == 0) {
     device->close();
@@ -121,12 +128,30 @@ void UsbDiscovery::listDevice(UsbDeviceInterface& device, _DEVICT_CONTEXT& conte
   device.getDeviceVendor(vendorId);
   device.getDeviceProduct(productId);
   const RegistryObject handle = driverInstanceAt(locationId);
-  if (handle == 0) return;
-  if (!readParameters(device, productId, context)) {
-    ports_.alerts.show("Error", "To get the device parameters failed, please try again.", "OK");
+  if (handle == 0) {
+    if (locationId == 0) return;
+    const Status service = ports_.registry.availability();
+    owner_.notListed(
+        {.why = service == kSuccess ? NotListed::Why::NoDriverInstance : NotListed::Why::ServiceDown,
+         .status = service});
     return;
   }
+  ExchangeOutcome outcome;
+  if (!readParameters(device, productId, context, outcome)) {
+    ports_.alerts.show("Error", "To get the device parameters failed, please try again.", "OK",
+                       adviceOnReading());
+    owner_.notListed({.why = NotListed::Why::NotRead});
+    return;
+  }
+  const auto listed = owner_.deviceListArray().size();
   configLoading_.LoadDeviceConfig(context, device, handle, locationId);
+  if (owner_.deviceListArray().size() > listed) noteUnread(outcome.failed);
+}
+
+void UsbDiscovery::noteUnread(ContentSet failed) {
+  if (failed.isEmpty()) return;
+  owner_.deviceListArray().back()->set(entry_key::kUnreadBlocks, static_cast<std::int32_t>(failed.bits()));
+  owner_.readInPart(failed);
 }
 
 RegistryObject UsbDiscovery::driverInstanceAt(std::uint32_t locationId) {
@@ -140,7 +165,7 @@ RegistryObject UsbDiscovery::driverInstanceAt(std::uint32_t locationId) {
 }
 
 bool UsbDiscovery::readParameters(UsbDeviceInterface& device, std::uint16_t productId,
-                                  _DEVICT_CONTEXT& context) {
+                                  _DEVICT_CONTEXT& context, ExchangeOutcome& outcome) {
   const auto kind = kindOf(productId);
   if (kind == DeviceKind::ConfigurationOnly) return true;
   const WaitScope wait(ports_.waitNotice,
@@ -148,9 +173,9 @@ bool UsbDiscovery::readParameters(UsbDeviceInterface& device, std::uint16_t prod
   const ExchangePorts exchange{ports_.clock, ports_.diagnostics};
   switch (kind) {
     case DeviceKind::Optical:
-      return getOptTucParam(device, context, exchange) != 0;
+      return getOptTucParam(device, context, exchange, &outcome) != 0;
     case DeviceKind::Infrared:
-      return getIrTucParam(device, context, exchange) != 0;
+      return getIrTucParam(device, context, exchange, &outcome) != 0;
     default:
       return false;
   }
@@ -159,6 +184,7 @@ bool UsbDiscovery::readParameters(UsbDeviceInterface& device, std::uint16_t prod
 bool UsbDiscovery::registerAgain() {
   if (repetitions_ == kMaximumRepetitions) {
     ports_.diagnostics.line("a device stays without a configuration and is not listed");
+    owner_.notListed({.why = NotListed::Why::NotConfigured});
     return false;
   }
   ports_.runLoop.removeSource(*ports_.process.runLoopSource);

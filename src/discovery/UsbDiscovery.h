@@ -37,9 +37,12 @@ class UsbDiscovery {
   bool registerProduct(UsbNotificationPort& port, Dictionary& matching, std::uint16_t productId);
   Arrival addDevice(UsbService service, _DEVICT_CONTEXT& context);
   void listDevice(UsbDeviceInterface& device, _DEVICT_CONTEXT& context);
-  bool readParameters(UsbDeviceInterface& device, std::uint16_t productId, _DEVICT_CONTEXT& context);
+  bool readParameters(UsbDeviceInterface& device, std::uint16_t productId, _DEVICT_CONTEXT& context,
+                      ExchangeOutcome& outcome);
   RegistryObject driverInstanceAt(std::uint32_t locationId);
   bool registerAgain();
+  /// What could not be read of the touchscreen listed last.
+  void noteUnread(ContentSet failed);
 
   const DiscoveryPorts ports_;
   DeviceListOwner& owner_;

@@ -53,6 +53,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       waitNotice_(cursor_, statusArea_, startUp_),
       tryOutPage_(mainWindow_),
       factsArea_(mainWindow_),
+      emptyPage_(mainWindow_),
       tryOutScreen_(mainWindow_),
       controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, historySheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
@@ -93,7 +94,8 @@ ControllerPorts ControlPanel::controllerPorts() {
           .statusLine = statusLine_,
           .history = platform_.history,
           .facts = factsArea_,
-          .earlier = history_};
+          .earlier = history_,
+          .emptyList = emptyPage_};
 }
 
 void ControlPanel::start() {

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "app/MyController.h"
+#include "panel/EmptyPage.h"
 #include "panel/FactsArea.h"
 #include "panel/HistoryForm.h"
 #include "panel/PanelControls.h"
@@ -78,6 +79,7 @@ class ControlPanel {
   TranslatedWaitNotice waitNotice_;
   TryOutPage tryOutPage_;
   FactsArea factsArea_;
+  EmptyPage emptyPage_;
   TryOutScreen tryOutScreen_;
   PanelControls controls_;
   MyController controller_;

@@ -29,17 +29,23 @@ void StatusArea::setWait(const QString& text) {
   if (onWait) onWait(text);
 }
 
-void TranslatedStatusLine::show(const StatusMessage& message) {
+QString translatedStatus(const StatusMessage& message) {
   QString text = translatedCount("StatusLine", message.text.data(), message.count);
   const QString device = QString::fromStdString(showableText(message.device));
   if (!message.reason.empty())
     text.replace(QStringLiteral("%2"), translatedCount("StatusLine", message.reason.data(), message.count));
   text.replace(QStringLiteral("%1"), device);
-  area_.setOutcome(text, message.canRepeat);
+  return text;
+}
+
+void TranslatedStatusLine::show(const StatusMessage& message) {
+  area_.setOutcome(translatedStatus(message), message.canRepeat);
 }
 
 void TranslatedWaitNotice::waitingFor(const WaitMessage& message) {
-  const QString text = translatedCount("WaitNotice", message.text.data(), message.attempt);
+  QString text = translatedCount("WaitNotice", message.text.data(), message.attempt);
+  if (!message.reason.empty())
+    text.replace(QStringLiteral("%2"), translatedCount("StatusLine", message.reason.data(), 0));
   cursor_.setBusy(true);
   if (auto* surface = ViewSurface::shown()) return surface->setBanner(text);
   if (startUp_.isVisible()) return startUp_.setText(text);

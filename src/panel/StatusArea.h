@@ -31,6 +31,9 @@ class StatusArea {
   QString wait_;
 };
 
+/// `message` in the user's language.
+QString translatedStatus(const StatusMessage& message);
+
 /// The last thing done, in the user's language.
 class TranslatedStatusLine final : public StatusLine {
  public:

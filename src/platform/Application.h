@@ -21,8 +21,13 @@ class Application {
 class Alerts {
  public:
   virtual ~Alerts() = default;
-  /// Shows the panel and blocks until the user has pressed its only button.
-  virtual void show(std::string_view title, std::string_view message, std::string_view button) = 0;
+  /// Shows the panel and blocks until the user has pressed its only button. `advice`, which may be empty, says
+  /// below the message why that is so and what to do.
+  virtual void show(std::string_view title, std::string_view message, std::string_view button,
+                    std::string_view advice) = 0;
+  /// A question with two buttons instead. True for `yes`; leaving the panel in any other way is a no.
+  virtual bool ask(std::string_view title, std::string_view question, std::string_view advice,
+                   std::string_view yes, std::string_view no) = 0;
 };
 
 /// The display's presentation: system menu bar and dock, or none of them.

@@ -6,10 +6,11 @@ namespace touchpanel {
 
 /// What the program waits for while its main thread blocks.
 struct WaitMessage {
-  /// English, marked for translation in the context "WaitNotice" where it stands: "%n" is the attempt. A
-  /// literal: it ends with a NUL and lives as long as the program.
+  /// English, marked for translation in the context "WaitNotice" where it stands: "%n" is the attempt, "%2" the
+  /// reason. A literal: it ends with a NUL and lives as long as the program.
   std::string_view text;
-  int attempt = 0;  ///< counted from 1; 0 where the text has none
+  int attempt = 0;               ///< counted from 1; 0 where the text has none
+  std::string_view reason = {};  ///< a literal, too, marked in the context "StatusLine"
   bool operator==(const WaitMessage&) const = default;
 };
 

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "ControllerRig.h"
+#include "protocol/Exchange.h"
 #include "support/RecordingCanvas.h"
 
 namespace touchpanel::testing {
@@ -73,6 +74,21 @@ TEST_F(StartingACalibration, IsRefusedWhileOneIsOnTheScreenAndKeepsItUntilTheNex
   EXPECT_TRUE(screen.windows[0]->isDestroyed);
   EXPECT_FALSE(screen.windows[1]->isDestroyed);
   EXPECT_EQ(runLoop.timerCount(), 1U);
+}
+
+TEST_F(StartingACalibration, AsksFirstWhereOkWouldOverwriteAConfigurationThatWasNeverRead) {
+  auto entry = list(0x0080, "panel");
+  entry->set(entry_key::kUnreadBlocks, static_cast<std::int32_t>(ContentSet{Content::DeviceConfig}.bits()));
+  controller.Calibration();
+  EXPECT_TRUE(screen.windows.empty());
+  EXPECT_EQ(alerts.questions.size(), 1U);
+  alerts.answer = true;
+  controller.Calibration();
+  EXPECT_EQ(screen.windows.size(), 1U);
+  view().keyDown(kKeyEscape);
+  entry->set(entry_key::kUnreadBlocks, static_cast<std::int32_t>(ContentSet{Content::CalibX}.bits()));
+  controller.Calibration();
+  EXPECT_EQ(alerts.questions.size(), 2U) << "a calibration is there to be overwritten";
 }
 
 TEST_F(StartingACalibration, SaysHowItEnded) {

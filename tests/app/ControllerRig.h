@@ -31,6 +31,13 @@ struct RecordingHistoryView final : HistoryView {
   ShownHistory shown;
 };
 
+struct RecordingEmptyListPage final : EmptyListPage {
+  void show(const ListNotice& notice) override { shown.push_back(notice); }
+  void clear() override { shown.clear(); }
+
+  std::vector<ListNotice> shown;
+};
+
 /// What a controller needs beside a registry, USB and files: doubles.
 struct ControllerRig {
   ControllerPorts portsOn(Registry& registry, UsbNotifications& notifications, UsbServices& services,
@@ -44,7 +51,8 @@ struct ControllerRig {
             statusLine,
             {historyFiles, wallClock, "/state"},
             facts,
-            earlierView};
+            earlierView,
+            emptyList};
   }
 
   FakeInterface interface;
@@ -63,6 +71,7 @@ struct ControllerRig {
   FakeWallClock wallClock;
   RecordingFactsView facts;
   RecordingHistoryView earlierView;
+  RecordingEmptyListPage emptyList;
   ProcessState process;
 };
 

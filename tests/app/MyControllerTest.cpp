@@ -75,7 +75,26 @@ TEST_F(Controller, EndsBeforeTheWindowIsShownWhenThereIsNoDriverInstance) {
   };
   controller.awakeFromNib();
   EXPECT_THAT(alerts.panels, ElementsAre(FakeAlerts::Panel{"Warning", "Not found touch device.", "OK"}));
+  EXPECT_THAT(alerts.advices, ElementsAre(adviceOnDriver(kSuccess))) << "the service answers";
   EXPECT_TRUE(application.isTerminated);
+}
+
+TEST_F(Controller, SaysInThePlaceOfTheListAndOnTheStatusLineWhyATouchscreenIsNotListed) {
+  files.files["driver.plist"] = {{"TouchMode", 1}};
+  machine.plugIn(touchscreen(0x0080));
+  controller.awakeFromNib();
+  ASSERT_EQ(emptyList.shown.size(), 2U);
+  EXPECT_EQ(emptyList.shown[0].state, ListNotice::State::Waiting);
+  const auto& [state, why, advice] = emptyList.shown[1];
+  EXPECT_EQ(state, ListNotice::State::Refused);
+  EXPECT_EQ(why, (StatusMessage{"A touchscreen cannot be listed: the settings file lacks %1.",
+                                "\"EnableTouch\" (driver.plist)"}));
+  EXPECT_EQ(statusLine.messages.back(), why);
+  files.files.clear();
+  machine.plugIn(touchscreen(0x0C20));
+  runLoop.performSources();
+  EXPECT_THAT(emptyList.shown, IsEmpty());
+  EXPECT_THAT(listedProducts(), ElementsAre(0x0C20));
 }
 
 TEST_F(Controller, SelectsTheFirstRowWhenAnyTouchscreenLeavesAndEndsWithTheLastOne) {

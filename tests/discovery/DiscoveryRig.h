@@ -33,9 +33,16 @@ class FakeDeviceListOwner final : public DeviceListOwner {
     if (onCall) onCall("select " + std::to_string(row));
     return true;
   }
+  void arriving() override {}
+  void notListed(const NotListed& reason) override { refusals.push_back(reason); }
+  void readInPart(ContentSet failed) override { unread.push_back(failed); }
+  void settingsUnreadable() override { ++unreadableSettings; }
 
   DeviceListArray list;
   Dictionary settings;
+  std::vector<NotListed> refusals;
+  std::vector<ContentSet> unread;
+  int unreadableSettings = 0;
   std::function<void(const std::string&)> onCall;
 };
 

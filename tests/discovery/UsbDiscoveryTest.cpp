@@ -100,7 +100,9 @@ TEST_F(DeviceArrival, ReportsEachFailingStepAndGoesOnWithTheNextDevice) {
     const char* name;
     std::function<void(DiscoveryRig&, Touchscreen&)> fail;
     Journal journal;
+    NotListed refusal = {};
   };
+  using Why = NotListed::Why;
   const Journal way = {"create plug-in", "release service", "query",  "destroy plug-in", "open",
                        "configuration",  "location",        "vendor", "product",         "sleep 500"};
   const auto upTo = [&](std::size_t steps, const Journal& rest) {
@@ -109,17 +111,26 @@ TEST_F(DeviceArrival, ReportsEachFailingStepAndGoesOnWithTheNextDevice) {
     return whole;
   };
   const Case cases[] = {
-      {"no plug-in", [](auto& rig, auto&) { rig.usb.failures["create plug-in"] = kSuccess; },
-       upTo(2, {"print Unable to create a plug-in (00000000)"})},
+      {"no plug-in",
+       [](auto& rig, auto&) { rig.usb.failures["create plug-in"] = kSuccess; },
+       upTo(2, {"print Unable to create a plug-in (00000000)"}),
+       {Why::CannotBeOpened}},
       {"service gone when released",
        [](auto& rig, auto&) { rig.usb.failures["release service"] = kErrorNoDevice; },
-       upTo(2, {"print Unable to create a plug-in (e0000002)"})},
-      {"interface query fails", [](auto& rig, auto&) { rig.usb.failures["query"] = kErrorNoMemory; },
-       upTo(4, {"print couldn't create a device interface (e0000009)"})},
-      {"no interface", [](auto& rig, auto&) { rig.usb.failures["query"] = kSuccess; },
-       upTo(4, {"print couldn't create a device interface (00000000)"})},
+       upTo(2, {"print Unable to create a plug-in (e0000002)"}),
+       {Why::CannotBeOpened, kErrorNoDevice}},
+      {"interface query fails",
+       [](auto& rig, auto&) { rig.usb.failures["query"] = kErrorNoMemory; },
+       upTo(4, {"print couldn't create a device interface (e0000009)"}),
+       {Why::CannotBeOpened, kErrorNoMemory}},
+      {"no interface",
+       [](auto& rig, auto&) { rig.usb.failures["query"] = kSuccess; },
+       upTo(4, {"print couldn't create a device interface (00000000)"}),
+       {Why::CannotBeOpened}},
       {"no driver instance at its location",
-       [](auto& rig, auto& failing) { rig.registry.remove(failing.driver); }, upTo(10, {"close"})},
+       [](auto& rig, auto& failing) { rig.registry.remove(failing.driver); },
+       upTo(10, {"close"}),
+       {Why::NoDriverInstance}},
       {"unknown product", [](auto&, auto& failing) { failing.device.productId = 0x0099; },
        upTo(10, {kReadFailed, "close"})},
       {"parameters cannot be read",
@@ -139,7 +150,8 @@ TEST_F(DeviceArrival, ReportsEachFailingStepAndGoesOnWithTheNextDevice) {
        upTo(10, {"vendor", "product",
                  "print driver configuration file: no value to store under \"EnableTouch\", the touchscreen "
                  "is not listed",
-                 "close"})},
+                 "close"}),
+       {Why::SettingLacking, kSuccess, "\"EnableTouch\" (/x/com.VARNEXO.Driver.Config.plist)"}},
   };
   for (const auto& failing : cases) {
     SCOPED_TRACE(failing.name);
@@ -151,7 +163,28 @@ TEST_F(DeviceArrival, ReportsEachFailingStepAndGoesOnWithTheNextDevice) {
     EXPECT_TRUE(rig.begins(failing.journal));
     EXPECT_EQ(rig.listedLocations(), Locations{0x20}) << "the next device is not affected";
     EXPECT_FALSE(rig.application.isEnding());
+    EXPECT_THAT(rig.owner.refusals, ElementsAre(failing.refusal));
   }
+}
+
+TEST_F(DeviceArrival, IsGivenUpAtOnceWhenItIsGone) {
+  int attempts = 0;
+  attached(0x10, kPlain).device.onOpen = [&] { return ++attempts < 3 ? kErrorNotPermitted : kErrorNoDevice; };
+  start();
+  EXPECT_EQ(attempts, 3);
+  EXPECT_THAT(journal, Contains("alert Error: Unable to open device: e0000002. [OK]"));
+  EXPECT_THAT(alerts.advices, ElementsAre("It was unplugged. Plug it in again."));
+  EXPECT_THAT(owner.refusals, ElementsAre(NotListed{NotListed::Why::CannotBeOpened, kErrorNoDevice}));
+}
+
+TEST_F(DeviceArrival, NotesWhatCouldNotBeReadAndWhereTheDefaultsStandIn) {
+  attached(0x10, kProductInfrared0080).firmware.setFault({firmware::Fault::IgnoresCommand, CMD_GET_PROPS});
+  files.readStatus = kErrorUnsupported;
+  start();
+  const ContentSet unread{Content::ScreenProps, Content::DeviceConfig};
+  EXPECT_THAT(owner.unread, ElementsAre(unread));
+  EXPECT_EQ(owner.list.front()->integer(entry_key::kUnreadBlocks), static_cast<std::int32_t>(unread.bits()));
+  EXPECT_EQ(owner.unreadableSettings, 1);
 }
 
 TEST_F(DeviceArrival, TriesFiftyTimesToOpenADevice) {
@@ -178,22 +211,25 @@ TEST_F(DeviceArrival, TriesFiftyTimesToOpenADevice) {
   }
 }
 
-TEST_F(DeviceArrival, ShowsWhatIsWaitedFor) {
+TEST_F(DeviceArrival, ShowsWhatIsWaitedForAndPrintsEachReasonOnce) {
+  constexpr std::string_view kAgain =
+      "The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...";
   int attempts = 0;
   attached(0x10, kProductInfrared0080).device.onOpen = [&] {
     return ++attempts < 3 ? kErrorExclusiveAccess : kSuccess;
   };
   start();
-  EXPECT_EQ(waitNotice.messages,
-            (std::vector<WaitMessage>{
-                {"Opening a touchscreen..."},
-                {"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 2},
-                {"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 3},
-                {"Waiting for the touchscreen's driver..."},
-                {"Reading the touchscreen's parameters..."}}));
+  EXPECT_EQ(waitNotice.messages, (std::vector<WaitMessage>{{"Opening a touchscreen..."},
+                                                           {kAgain, 2, "another program is using it"},
+                                                           {kAgain, 3, "another program is using it"},
+                                                           {"Waiting for the touchscreen's driver..."},
+                                                           {"Reading the touchscreen's parameters..."}}));
   EXPECT_FALSE(waitNotice.isShown);
   // Sleeps without a notice, and alerts under one, would say so in the journal.
   EXPECT_THAT(journal, Contains("sleep 500").Times(3));
+  EXPECT_THAT(
+      journal,
+      Contains("print a touchscreen cannot be opened yet: another program is using it (e0000004)").Times(1));
 }
 
 TEST_F(DeviceArrival, PairsWithADriverInstanceThatIsPublishedDuringTheWait) {
@@ -301,7 +337,7 @@ TEST_F(UnconfiguredDevice, IsGivenUpInTheEndWhenItStaysSo) {
   start();
   EXPECT_EQ(listedLocations(), Locations{0x30});
   EXPECT_EQ(process.devIntf, nullptr) << "the last one's interface was given up";
-  EXPECT_THAT(journal, Contains("sleep 100").Times(50)) << "for both devices together";
+  EXPECT_THAT(journal, Contains("sleep 100").Times(5)) << "for both devices together";
   EXPECT_THAT(journal, Contains("print a device stays without a configuration and is not listed"));
 
   auto& later = attached(0x40, kPlain).device;

@@ -41,11 +41,13 @@ TEST(TranslatedWaitNotice, ShowsTheWaitOverTheLastOutcomeAndThenTheOutcomeAgain)
   for (int twice = 0; twice < 2; ++twice) cursor.hide();
   TranslatedStatusLine status(area);
   TranslatedWaitNotice notice(cursor, area, startUp);
-  notice.waitingFor({"The touchscreen cannot be opened yet, trying again (attempt %n of 50)...", 7});
+  notice.waitingFor({"The touchscreen cannot be opened yet: %2. Trying again (attempt %n of 50)...", 7,
+                     "it does not answer"});
   EXPECT_EQ(PanelRig::cursorShape(), Qt::WaitCursor);
   status.show({.text = "Touch was enabled on %1.", .device = "TS-1", .canRepeat = true});
   EXPECT_TRUE(repeat.isHidden());
-  EXPECT_TRUE(label.text().contains("attempt 7 of 50")) << "the wait goes on";
+  EXPECT_TRUE(label.text().contains("yet: it does not answer. Trying again (attempt 7 of 50)"))
+      << "the wait goes on";
   notice.done();
   EXPECT_EQ(label.text(), "Touch was enabled on TS-1.");
   EXPECT_FALSE(repeat.isHidden());

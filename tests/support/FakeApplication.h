@@ -30,12 +30,22 @@ class FakeAlerts final : public Alerts {
     std::string button;
     bool operator==(const Panel&) const = default;
   };
-  void show(std::string_view title, std::string_view message, std::string_view button) override {
+  void show(std::string_view title, std::string_view message, std::string_view button,
+            std::string_view advice) override {
     panels.push_back({std::string(title), std::string(message), std::string(button)});
+    advices.emplace_back(advice);
     if (onShow) onShow();
+  }
+  bool ask(std::string_view, std::string_view question, std::string_view, std::string_view,
+           std::string_view) override {
+    questions.emplace_back(question);
+    return answer;
   }
 
   std::vector<Panel> panels;
+  std::vector<std::string> advices;  ///< one for each panel
+  std::vector<std::string> questions;
+  bool answer = false;
   std::function<void()> onShow;  ///< what happens while the panel is up
 };
 

@@ -5,8 +5,8 @@
 
 namespace touchpanel::files {
 
-/// No file of ours has more than one level, a dozen values and two kilobytes; these leave room for anything
-/// added by hand. What fits is decoded within a quarter of a second, whatever it is made of.
+/// The largest file of ours is a full history of calibrations: three levels, some 300 values and 50 kilobytes.
+/// These leave room for anything added by hand. What fits is decoded within a quarter of a second, whatever it is made of.
 inline constexpr std::size_t kMaximumFileSize = 1U << 18U;
 inline constexpr std::size_t kMaximumDepth = 64;
 inline constexpr std::size_t kMaximumValues = 10000;

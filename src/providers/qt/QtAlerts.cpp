@@ -48,16 +48,44 @@ QWidget* windowInView() {
 
 }  // namespace
 
-void QtAlerts::show(std::string_view title, std::string_view message, std::string_view button) {
+void QtAlerts::show(std::string_view title, std::string_view message, std::string_view button,
+                    std::string_view advice) {
   const CallbackGate::Closed closed(gate_);
   const QtCursor::Plain plain(cursor_);
   QMessageBox box(windowInView());
+  prepare(box, title, message, advice);
+  addButton(box, button, QMessageBox::AcceptRole);
+  const InFrontOfShield inFront(box);
+  box.exec();
+}
+
+bool QtAlerts::ask(std::string_view title, std::string_view question, std::string_view advice,
+                   std::string_view yes, std::string_view no) {
+  const CallbackGate::Closed closed(gate_);
+  const QtCursor::Plain plain(cursor_);
+  QMessageBox box(windowInView());
+  prepare(box, title, question, advice);
+  const auto* const accepting = addButton(box, yes, QMessageBox::AcceptRole);
+  auto* const refusing = addButton(box, no, QMessageBox::RejectRole);
+  box.setDefaultButton(refusing);
+  box.setEscapeButton(refusing);
+  const InFrontOfShield inFront(box);
+  box.exec();
+  return box.clickedButton() == accepting;
+}
+
+void QtAlerts::prepare(QMessageBox& box, std::string_view title, std::string_view message,
+                       std::string_view advice) const {
   box.setIcon(QMessageBox::Warning);
   box.setWindowTitle(translated_(title));
   box.setText(translated_(message));
-  box.addButton(translated_(button), QMessageBox::AcceptRole)->setMinimumSize(96, 40);  // a finger's width
-  const InFrontOfShield inFront(box);
-  box.exec();
+  if (!advice.empty()) box.setInformativeText(translated_(advice));
+}
+
+QPushButton* QtAlerts::addButton(QMessageBox& box, std::string_view text, int role) const {
+  auto* const button = box.addButton(translated_(text), static_cast<QMessageBox::ButtonRole>(role));
+  button->setMinimumSize(96, 40);  // a finger's width
+  return button;
 }
 
 }  // namespace touchpanel

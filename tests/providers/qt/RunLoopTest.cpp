@@ -70,7 +70,7 @@ TEST_F(QtRunLoopTest, ServesNothingWhileAnAlertIsUpAndATimerUntilItInvalidatesIt
     EXPECT_EQ(ticks, 0);
     QApplication::activeModalWidget()->close();
   });
-  alerts.show("Warning", "Not found touch device.", "OK");
+  alerts.show("Warning", "Not found touch device.", "OK", "");
   EXPECT_TRUE(QTest::qWaitFor([&] { return source.performed == 2 && ticks == 3; }));
   QTest::qWait(20);
   EXPECT_EQ(ticks, 3) << "it goes on once it is invalidated";
