@@ -29,7 +29,7 @@ std::string listDevices(Stage& stage) {
   stage.untilShown("SimulatorWindow");
   const auto* rows = stage.the<QTableView>("deviceTableView").model();
   stage.until([&] { return rows->rowCount() == 3; }, "three rows in the table");
-  stage.pictures().take("main-window");
+  stage.pictures().takeInEveryTheme("main-window", stage.widget("KeyWindow"));
   std::string outcome;
   for (const auto& touchscreen : stage.demo().machine().all()) {
     const auto entry = stage.demo().entryOf(*touchscreen);

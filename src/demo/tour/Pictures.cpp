@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QPixmap>
 #include <QScreen>
-#include <QWidget>
 
 #include "demo/tour/StepFailed.h"
 #include "panel/Themes.h"
@@ -25,11 +24,28 @@ void Pictures::takeInBothThemes(const std::string& name) {
   QApplication::setPalette(before);
 }
 
+void Pictures::takeInEveryTheme(const std::string& name, QWidget& window) {
+  takeInBothThemes(name);
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(highContrastPalette());
+  take(name + "-contrast");
+  QApplication::setPalette(before);
+  QPixmap twice(window.size() * 2);
+  twice.setDevicePixelRatio(2);
+  window.render(&twice);
+  const QString file = nextFile(name + "-2x");
+  if (!twice.save(file)) throw StepFailed("cannot write " + file.toStdString());
+}
+
+QString Pictures::nextFile(const std::string& name) {
+  return QStringLiteral("%1/%2-%3.png")
+      .arg(directory_)
+      .arg(++taken_, 2, 10, QLatin1Char('0'))
+      .arg(QString::fromStdString(name));
+}
+
 void Pictures::takeAsItIs(const std::string& name) {
-  const QString file = QStringLiteral("%1/%2-%3.png")
-                           .arg(directory_)
-                           .arg(++taken_, 2, 10, QLatin1Char('0'))
-                           .arg(QString::fromStdString(name));
+  const QString file = nextFile(name);
   if (!QGuiApplication::primaryScreen()->grabWindow(0).save(file))
     throw StepFailed("cannot write " + file.toStdString());
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QWidget>
 #include <string>
 
 namespace touchpanel::demo {
@@ -16,10 +17,14 @@ class Pictures {
   void take(const std::string& name);
   /// The same twice, as NAME-light and NAME-dark.
   void takeInBothThemes(const std::string& name);
+  /// The same as NAME-light, NAME-dark and NAME-contrast; and of `window` alone at double density, as NAME-2x.
+  void takeInEveryTheme(const std::string& name, QWidget& window);
   /// The same as take() without serving any event, for while the program blocks.
   void takeAsItIs(const std::string& name);
 
  private:
+  QString nextFile(const std::string& name);
+
   QString directory_;
   int taken_ = 0;
 };

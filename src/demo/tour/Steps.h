@@ -21,6 +21,8 @@ std::string applySettings(Stage& stage);
 std::string tryOutBeforeCalibration(Stage& stage);
 /// The same once it is calibrated: it hits them.
 std::string tryOutAfterCalibration(Stage& stage);
+/// The same on the whole screen, to its edges and corners.
+std::string tryOutOnTheWholeScreen(Stage& stage);
 /// Calibrates by touches alone, OK included, and compares how well the touchscreen hits before and after, on
 /// points that were no targets.
 std::string calibrateInfraredWith25Targets(Stage& stage);

@@ -26,6 +26,7 @@ constexpr Step kSteps[] = {
     {"try out the infrared one", tryOutBeforeCalibration},
     {"calibrate the infrared one with 25 targets", calibrateInfraredWith25Targets},
     {"try out the infrared one again", tryOutAfterCalibration},
+    {"try it out on the whole screen", tryOutOnTheWholeScreen},
     {"calibrate the optical one with 4 targets", calibrateOpticalWith4Targets},
     {"calibrate the configuration-only one in a region", calibrateConfigurationOnlyInRegion},
     {"be refused by the infrared one, and write again", writeARefusedCalibrationAgain},
