@@ -8,16 +8,12 @@ namespace touchpanel {
 /// The main window's page without touchscreens, in the user's language.
 class EmptyPage final : public EmptyListPage {
  public:
-  explicit EmptyPage(MainWindowWidget& window);
+  explicit EmptyPage(MainWindowWidget& window) : window_(window) {}
   void show(const ListNotice& notice) override;
-  void clear() override;
+  void clear() override { window_.setNotice({}, {}); }
 
  private:
-  void setTexts(const QString& title, const QString& hint);
-
   MainWindowWidget& window_;
-  QString title_;  ///< the invitation, as the interface description has it
-  QString hint_;
 };
 
 }  // namespace touchpanel

@@ -34,11 +34,17 @@ void MainWindowWidget::showWait(const QString& text) {
   ui_->emptyPage->repaint();
 }
 
+void MainWindowWidget::setNotice(const QString& title, const QString& hint) {
+  notice_ = {title, hint};
+  describeEmptyList(state_);
+  if (ui_->emptyPage->isVisible()) ui_->emptyPage->repaint();
+}
+
 void MainWindowWidget::describeEmptyList(ListState state, const QString& wait) {
-  struct Words {
-    QString title, hint;
-  };
+  const bool hasNotice = state != ListState::Waiting && !notice_.title.isEmpty();
+  if (hasNotice && state == ListState::Empty) state = ListState::Refused;
   const auto words = [&]() -> Words {
+    if (hasNotice) return notice_;
     switch (state) {
       case ListState::Waiting:
         return {Texts::tr("One moment"), wait};

@@ -24,6 +24,8 @@ class MainWindowWidget final : public QMainWindow {
   void showRows(int count, ListState state = ListState::Empty);
   /// Has that page say what is being waited for, drawn at once; an empty text ends the wait.
   void showWait(const QString& text);
+  /// What that page says besides waiting: why a touchscreen is not listed, and what to do. Empty texts end it.
+  void setNotice(const QString& title, const QString& hint);
   /// Asked when the user closes the window; false keeps it open.
   std::function<bool()> mayClose;
 
@@ -31,10 +33,14 @@ class MainWindowWidget final : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  struct Words {
+    QString title, hint;
+  };
   void describeEmptyList(ListState state, const QString& wait = {});
 
   std::unique_ptr<Ui::MainWindow> ui_;
   ListState state_ = ListState::Empty;
+  Words notice_;
 };
 
 }  // namespace touchpanel
