@@ -18,9 +18,9 @@ class Emulator:
         pathlib.Path(self.path).unlink(missing_ok=True)
         self.process = subprocess.Popen([program, "--socket", self.path], stdin=subprocess.DEVNULL,
                                         stdout=subprocess.DEVNULL, stderr=log.open("w"))
-        eventually(lambda: pathlib.Path(self.path).exists(), "the emulator's socket")
         self.connection = socket.socket(socket.AF_UNIX)
-        self.connection.connect(self.path)
+        # A socket that is bound refuses connections until it listens.
+        eventually(lambda: self.connection.connect_ex(self.path) == 0, "the emulator's socket")
         self.lines = self.connection.makefile("rw")
 
     def tell(self, command: str) -> str:
