@@ -1,9 +1,13 @@
+#include <QMenu>
+#include <QMenuBar>
 #include <QTableView>
 #include <cstdio>
 
 #include "contract/DriverProperties.h"
 #include "demo/measure/AccuracyProbe.h"
 #include "demo/tour/Steps.h"
+#include "panel/MainWindowWidget.h"
+#include "panel/Translations.h"
 
 namespace touchpanel::demo {
 namespace {
@@ -41,10 +45,34 @@ std::string listDevices(Stage& stage) {
   return outcome;
 }
 
-void chooseFromDeviceMenu(Stage& stage, const char* key) {
-  stage.input().tapKey("d", "Alt_L");
+void chooseFromDeviceMenu(Stage& stage, const char* action) {
+  const auto& bar = stage.the<QMenuBar>("menuBar");
+  stage.click(bar.mapToGlobal(bar.actionGeometry(bar.actions().first()).center()));
   stage.untilShown("menuDevice");
-  stage.input().tapKey(key);
+  const auto& menu = stage.the<QMenu>("menuDevice");
+  auto* entry = stage.widget("KeyWindow").findChild<QAction*>(QString::fromUtf8(action));
+  require(entry != nullptr && entry->isEnabled(), std::string(action) + " cannot be chosen");
+  stage.click(menu.mapToGlobal(menu.actionGeometry(entry).center()));
+}
+
+std::string showEmptyLists(Stage& stage) {
+  auto& window = dynamic_cast<MainWindowWidget&>(stage.widget("KeyWindow"));
+  const auto listed = static_cast<int>(stage.demo().state().deviceListArray.size());
+  const std::pair<const char*, ListState> states[] = {
+      {"list-empty", ListState::Empty},
+      {"list-waiting", ListState::Waiting},
+      {"list-refused", ListState::Refused},
+      {"list-service-down", ListState::ServiceDown},
+  };
+  for (const auto& [name, state] : states) {
+    window.showRows(0, state == ListState::Waiting ? ListState::Empty : state);
+    if (state == ListState::Waiting)
+      window.showWait(translatedCount("WaitNotice", "Reading the touchscreen's parameters...", 0));
+    stage.pictures().takeInEveryTheme(name, window);
+    if (state == ListState::Waiting) window.showWait({});
+  }
+  window.showRows(listed);
+  return "empty, waiting, refused, service down";
 }
 
 std::string resetInfrared(Stage& stage) {
@@ -58,7 +86,7 @@ std::string resetInfrared(Stage& stage) {
   const auto calibration = imageOf(infrared.firmware().stored().calibParams);
   stage.click("btnReset");
   untilCalibrated(entry_key::kNo);
-  chooseFromDeviceMenu(stage, "u");
+  chooseFromDeviceMenu(stage, "actionUndoReset");
   untilCalibrated(entry_key::kYes);
   require(imageOf(infrared.firmware().stored().calibParams) == calibration,
           "the device does not hold again what the reset discarded");

@@ -60,7 +60,7 @@ std::string writeARefusedCalibrationAgain(Stage& stage) {
 std::string restoreAnEarlierCalibration(Stage& stage) {
   auto& infrared = selectInfrared(stage);
   const auto before = storedIn(infrared);
-  chooseFromDeviceMenu(stage, "e");
+  chooseFromDeviceMenu(stage, "actionHistory");
   stage.untilShown("HistoryWindow");
   auto& table = stage.the<QTableWidget>("historyTable");
   require(table.rowCount() >= 3, "the history does not hold what was calibrated");

@@ -38,12 +38,14 @@ std::string restoreAnEarlierCalibration(Stage& stage);
 std::string replugOptical(Stage& stage);
 /// Resets the infrared touchscreen's calibration, undoes that, and resets it for good.
 std::string resetInfrared(Stage& stage);
+/// Pictures of what stands in the place of the list, whose states the demo's machine does not come to.
+std::string showEmptyLists(Stage& stage);
 /// Unplugs one after the other; with the last one the panel ends.
 std::string unplugAll(Stage& stage);
 
 /// Opens the settings sheet, chooses a grid of `targets`, 4 or 25, and accepts. A part of other steps.
 void chooseCalibrationMode(Stage& stage, int targets);
-/// Chooses an entry of the Device menu by its key, in English. A part of other steps.
-void chooseFromDeviceMenu(Stage& stage, const char* key);
+/// Chooses the entry of the Device menu that performs `action`. A part of other steps.
+void chooseFromDeviceMenu(Stage& stage, const char* action);
 
 }  // namespace touchpanel::demo

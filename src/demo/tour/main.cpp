@@ -33,6 +33,7 @@ constexpr Step kSteps[] = {
     {"put an earlier calibration of the infrared one back", restoreAnEarlierCalibration},
     {"unplug the optical one and plug it in again", replugOptical},
     {"reset the infrared one", resetInfrared},
+    {"show what stands in the place of an empty list", showEmptyLists},
     {"unplug all", unplugAll},
 };
 
