@@ -1,7 +1,6 @@
 #include "app/EarlierCalibrations.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "history/TouchscreenKey.h"
 #include "platform/HexText.h"
@@ -11,9 +10,8 @@ namespace {
 
 template <typename Predicate>
 const CalibrationRecord* newest(const std::vector<CalibrationRecord>& records, const Predicate& holds) {
-  const auto reversed = records | std::views::reverse;
-  const auto found = std::ranges::find_if(reversed, holds);
-  return found == reversed.end() ? nullptr : &*found;
+  const auto found = std::find_if(records.rbegin(), records.rend(), holds);
+  return found == records.rend() ? nullptr : &*found;
 }
 
 }  // namespace

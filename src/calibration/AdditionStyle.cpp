@@ -25,7 +25,7 @@ AdditionStyle AdditionStyle::of(const Size& size, const SurfaceScale& scale) {
   const auto& mm = scale.millimetres;
   const bool known = mm && mm->perPointX > 0 && mm->perPointY > 0;
   const double perX = known ? mm->perPointX : 1, perY = known ? mm->perPointY : 1;
-  const double width = static_cast<double>(size.width), height = static_cast<double>(size.height);
+  const auto width = static_cast<double>(size.width), height = static_cast<double>(size.height);
   const double share = std::hypot(width * perX, height * perY) * kOfDiagonal / perY;
   const double text = std::max(share, known ? kLeastTextMillimetres / perY : kLeastTextPoints);
   const double most = std::max(std::min(width, height) * kMostRing, kLeastRingPoints);

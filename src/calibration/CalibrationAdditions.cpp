@@ -68,6 +68,8 @@ StyledText errorsOf(const FitReport& report, const AdditionStyle& style) {
 
 std::vector<Rect> targetsOf(std::int32_t mode, const Size& box, float radius) {
   std::vector<Rect> targets;
+  if (mode != kFourTargets && mode != kTwentyFiveTargets) return targets;
+  targets.reserve(static_cast<std::size_t>(mode));
   for (std::int32_t k = 0; k < mode; ++k)
     targets.push_back(rectAround(
         mode == kFourTargets ? fourPointTarget(k, box) : gridTarget(1 + k / 5, k % 5, box), radius));

@@ -1,5 +1,6 @@
 #include "calibration/FitMarks.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -16,8 +17,10 @@ float distance(const Point& a, const Point& b) { return std::hypot(a.x - b.x, a.
 bool isClear(const Point& from, const Point& to, float radius, const FreeSpace& space) {
   const float length = distance(from, to);
   if (!std::isfinite(length)) return false;
-  for (float way = radius; way < length; way += radius) {
-    const float part = way / length;
+  // Not more steps than the longest line on a large screen has.
+  const auto steps = static_cast<int>(std::min(length / radius, 10'000.0F));
+  for (int step = 1; step <= steps; ++step) {
+    const float part = static_cast<float>(step) * radius / length;
     if (!space.isFree(
             rectAround({from.x + (to.x - from.x) * part, from.y + (to.y - from.y) * part}, radius / 2)))
       return false;

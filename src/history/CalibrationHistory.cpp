@@ -23,9 +23,10 @@ std::optional<Array> recordsIn(const Dictionary& file, const std::string& key) {
 }
 
 std::optional<CalibrationRecord> newestOf(const Array& stored) {
-  for (auto record = stored.rbegin(); record != stored.rend(); ++record)
-    if (auto decoded = decodedRecord(*record)) return decoded;
-  return std::nullopt;
+  std::optional<CalibrationRecord> newest;
+  for (const auto& record : stored)
+    if (auto decoded = decodedRecord(record)) newest = std::move(decoded);
+  return newest;
 }
 
 bool isAsFound(const Value& stored) {

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <cstring>
 #include <optional>
 #include <vector>
 
@@ -47,8 +46,8 @@ struct CalibrationRecord {
 
 /// Whether two contexts agree in all that a touchscreen is sent: configuration and both polynomials.
 inline bool isSameCalibration(const _DEVICT_CONTEXT& a, const _DEVICT_CONTEXT& b) {
-  return std::memcmp(&a.DeviceConfig, &b.DeviceConfig, sizeof a.DeviceConfig) == 0 &&
-         std::memcmp(&a.CalibParams, &b.CalibParams, sizeof a.CalibParams) == 0;
+  return imageOf(a.DeviceConfig) == imageOf(b.DeviceConfig) &&
+         imageOf(a.CalibParams) == imageOf(b.CalibParams);
 }
 
 }  // namespace touchpanel
