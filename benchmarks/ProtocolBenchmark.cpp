@@ -82,7 +82,7 @@ void BM_OneCommandInMemory(benchmark::State& state) {
 }
 BENCHMARK(BM_OneCommandInMemory);
 
-using Read = int (*)(UsbDeviceInterface&, _DEVICT_CONTEXT&, const ExchangePorts&);
+using Read = decltype(&getIrTucParam);
 
 /// `overhead_percent` is the time above the sum of the delays that the exchange gives the device.
 void readWhole(benchmark::State& state, DeviceKind kind, Read read, std::chrono::duration<double> delays) {
@@ -93,7 +93,7 @@ void readWhole(benchmark::State& state, DeviceKind kind, Read read, std::chrono:
   for (auto _ : state) {
     _DEVICT_CONTEXT context{};
     const auto start = std::chrono::steady_clock::now();
-    const int result = read(attached.device(), context, {clock, diagnostics});
+    const int result = read(attached.device(), context, {clock, diagnostics}, nullptr);
     total += std::chrono::steady_clock::now() - start;
     if (result != 1 || diagnostics.lines != 0) return state.SkipWithError("the read failed");
   }
