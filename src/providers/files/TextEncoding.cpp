@@ -1,5 +1,7 @@
 #include "providers/files/TextEncoding.h"
 
+#include <cstdint>
+
 #include <iconv.h>
 
 namespace touchpanel::files {
@@ -24,7 +26,7 @@ const char* takeEncoding(std::string_view& text) {
 
 std::optional<std::string> utf8Of(std::string_view text) {
   const auto converter = ::iconv_open("UTF-8", takeEncoding(text));
-  if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt;
+  if (reinterpret_cast<std::intptr_t>(converter) == -1) return std::nullopt;
   // One UTF-16 unit of two bytes becomes three at the most.
   std::string converted(text.size() * 3 / 2 + 1, '\0');
   auto* from = const_cast<char*>(text.data());  // the function's signature; it does not write there

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <utility>
 
 #include <TouchDriverProxy.h>
@@ -174,8 +173,8 @@ void DriverServiceClient::loseRun() {
 
 std::vector<sdbus::ObjectPath> DriverServiceClient::learn(const Call& call, const std::string& owner) {
   if (owner != owner_) loseRun();
-  const auto drivers = RegistryProxy(call.connection(), owner, bus_name::kRootPath)
-                           .InstancesOf(bus_name::kInterfaceVersion, class_name::kTouchDriver);
+  auto drivers = RegistryProxy(call.connection(), owner, bus_name::kRootPath)
+                     .InstancesOf(bus_name::kInterfaceVersion, class_name::kTouchDriver);
   for (const auto& driver : drivers)
     if (!paths_.contains(driver)) learnInstance(call, owner, driver);
   owner_ = owner;
@@ -207,9 +206,8 @@ void DriverServiceClient::add(const std::string& path, std::string className,
            place.className == className;
   };
   // The newest first: an older handle of the same place belongs to a touchscreen that was replugged.
-  auto newestFirst = places_ | std::views::reverse;
-  const auto lost = std::ranges::find_if(newestFirst, isAtThisPlace);
-  if (lost != newestFirst.end()) {
+  const auto lost = std::find_if(places_.rbegin(), places_.rend(), isAtThisPlace);
+  if (lost != places_.rend()) {
     lost->second.state = State::Present;
     lost->second.path = path;
     lost->second.isNewRun = true;
