@@ -63,7 +63,9 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
   QApplication::setQuitOnLastWindowClosed(false);  // the controller says when the program ends
   controls_.deviceTableView.setSource(controller_);
   controls_.deviceTableView.onReload = [this](int rows) {
-    mainWindow_.showRows(rows, stateOfEmptyList(platform_.registry.availability()));
+    // Asking the service can block, so a list that holds something does not.
+    mainWindow_.showRows(rows,
+                         rows > 0 ? ListState::Empty : stateOfEmptyList(platform_.registry.availability()));
   };
   statusArea_.onWait = [this](const QString& text) { mainWindow_.showWait(text); };
   connectMainWindow();

@@ -10,7 +10,7 @@ class EmptyPage final : public EmptyListPage {
  public:
   explicit EmptyPage(MainWindowWidget& window) : window_(window) {}
   void show(const ListNotice& notice) override;
-  void clear() override { window_.setNotice({}, {}); }
+  void clear() override { window_.setNotice(ListState::Empty, {}, {}); }
 
  private:
   MainWindowWidget& window_;

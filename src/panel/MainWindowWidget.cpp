@@ -34,7 +34,8 @@ void MainWindowWidget::showWait(const QString& text) {
   ui_->emptyPage->repaint();
 }
 
-void MainWindowWidget::setNotice(const QString& title, const QString& hint) {
+void MainWindowWidget::setNotice(ListState state, const QString& title, const QString& hint) {
+  noticeState_ = state;
   notice_ = {title, hint};
   describeEmptyList(state_);
   if (ui_->emptyPage->isVisible()) ui_->emptyPage->repaint();
@@ -42,7 +43,7 @@ void MainWindowWidget::setNotice(const QString& title, const QString& hint) {
 
 void MainWindowWidget::describeEmptyList(ListState state, const QString& wait) {
   const bool hasNotice = state != ListState::Waiting && !notice_.title.isEmpty();
-  if (hasNotice && state == ListState::Empty) state = ListState::Refused;
+  if (hasNotice) state = noticeState_;
   const auto words = [&]() -> Words {
     if (hasNotice) return notice_;
     switch (state) {

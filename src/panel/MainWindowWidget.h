@@ -24,8 +24,8 @@ class MainWindowWidget final : public QMainWindow {
   void showRows(int count, ListState state = ListState::Empty);
   /// Has that page say what is being waited for, drawn at once; an empty text ends the wait.
   void showWait(const QString& text);
-  /// What that page says besides waiting: why a touchscreen is not listed, and what to do. Empty texts end it.
-  void setNotice(const QString& title, const QString& hint);
+  /// What that page says and draws instead: why a touchscreen is not listed, and what to do. Empty texts end it.
+  void setNotice(ListState state, const QString& title, const QString& hint);
   /// Asked when the user closes the window; false keeps it open.
   std::function<bool()> mayClose;
 
@@ -40,6 +40,7 @@ class MainWindowWidget final : public QMainWindow {
 
   std::unique_ptr<Ui::MainWindow> ui_;
   ListState state_ = ListState::Empty;
+  ListState noticeState_ = ListState::Empty;
   Words notice_;
 };
 
