@@ -1,5 +1,6 @@
 #include "touchdriverd/BusObject.h"
 
+#include "contract/DriverProperties.h"
 #include "providers/linux/dbus/BusNames.h"
 #include "providers/linux/dbus/BusValue.h"
 
@@ -36,8 +37,9 @@ std::string busPathOf(RegistryObject object) {
   return std::string(bus_name::kObjectsPath) + "/" + std::to_string(object);
 }
 
-BusObject::BusObject(sdbus::IConnection& connection, DriverService& service, RegistryObject object)
-    : AdaptorInterfaces(connection, busPathOf(object)), service_(service), handle_(object) {
+BusObject::BusObject(sdbus::IConnection& connection, DriverService& service, BusRoot& root,
+                     RegistryObject object)
+    : AdaptorInterfaces(connection, busPathOf(object)), service_(service), root_(root), handle_(object) {
   registerAdaptor();
 }
 
@@ -62,6 +64,9 @@ void BusObject::SetProperty(const std::string& name, const sdbus::Variant& value
   if (!known) throwUnless(kErrorBadArgument, name);
   const auto client = getObject().getCurrentlyProcessedMessage()->getSender();
   throwUnless(service_.setProperty(handle_, name, *known, client), name);
+  const auto* written = known->get<Dictionary>();
+  const bool isProbe = written != nullptr && written->empty();
+  if (name != property::kCalibration && !isProbe) root_.announceChange();
 }
 
 std::string BusObject::ClassName() { return std::string(service_.registry().classOf(handle_)); }
@@ -81,6 +86,14 @@ std::vector<sdbus::ObjectPath> BusRoot::InstancesOf(const std::uint32_t& interfa
                            std::to_string(bus_name::kInterfaceVersion) + ", the caller version " +
                            std::to_string(interfaceVersion) + ". Install both from the same release.");
   return pathsOf(service_.registry().instancesOf(className));
+}
+
+void BusRoot::announceChange() {
+  try {
+    emitChanged();
+  } catch (const sdbus::Error&) {
+    // Whoever serves the connection notices that it is gone.
+  }
 }
 
 std::uint32_t BusRoot::InterfaceVersion() { return bus_name::kInterfaceVersion; }

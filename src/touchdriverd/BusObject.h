@@ -14,10 +14,13 @@ namespace touchpanel::driver {
 /// The D-Bus path of the object with handle `object`.
 std::string busPathOf(RegistryObject object);
 
+class BusRoot;
+
 /// One object of the service's registry on D-Bus, published for this object's lifetime.
 class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Object_adaptor> {
  public:
-  BusObject(sdbus::IConnection& connection, DriverService& service, RegistryObject object);
+  /// `root` announces what is written; like `service` it is not owned and must live as long.
+  BusObject(sdbus::IConnection& connection, DriverService& service, BusRoot& root, RegistryObject object);
   ~BusObject();
   BusObject(const BusObject&) = delete;
   BusObject& operator=(const BusObject&) = delete;
@@ -30,6 +33,7 @@ class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDrive
   std::string ClassName() override;
 
   DriverService& service_;
+  BusRoot& root_;
   RegistryObject handle_;
 };
 
@@ -40,6 +44,9 @@ class BusRoot final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1
   ~BusRoot();
   BusRoot(const BusRoot&) = delete;
   BusRoot& operator=(const BusRoot&) = delete;
+
+  /// Sends the signal Changed, unless the bus is being lost.
+  void announceChange();
 
  private:
   std::vector<sdbus::ObjectPath> InstancesOf(const std::uint32_t& interfaceVersion,

@@ -66,7 +66,13 @@ bool BusService::process() {
 }
 
 void BusService::published(RegistryObject object) {
-  objects_.emplace(object, std::make_unique<BusObject>(*connection_, service_, object));
+  objects_.emplace(object, std::make_unique<BusObject>(*connection_, service_, *registry_, object));
+  registry_->announceChange();
+}
+
+void BusService::withdrawn(RegistryObject object) {
+  objects_.erase(object);
+  registry_->announceChange();
 }
 
 }  // namespace touchpanel::driver

@@ -34,7 +34,7 @@ class BusService final : private ObjectListener {
 
  private:
   void published(RegistryObject object) override;
-  void withdrawn(RegistryObject object) override { objects_.erase(object); }
+  void withdrawn(RegistryObject object) override;
   void publishAll();
   void disconnect();
 

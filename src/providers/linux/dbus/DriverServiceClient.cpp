@@ -18,18 +18,16 @@ constexpr char kNoServer[] = "org.freedesktop.DBus.Error.NoServer";
 constexpr char kServiceUnknown[] = "org.freedesktop.DBus.Error.ServiceUnknown";
 constexpr char kNameHasNoOwner[] = "org.freedesktop.DBus.Error.NameHasNoOwner";
 
+/// Calls only: it is never registered, so its signals are not subscribed to.
 template <typename Interface>
 class Proxy : public sdbus::ProxyInterfaces<Interface> {
  public:
-  Proxy(sdbus::IConnection& connection, const std::string& owner, const std::string& path)
-      : sdbus::ProxyInterfaces<Interface>(connection, owner, path) {
-    this->registerProxy();
-  }
-  ~Proxy() { this->unregisterProxy(); }
-  Proxy(const Proxy&) = delete;
-  Proxy& operator=(const Proxy&) = delete;
+  using sdbus::ProxyInterfaces<Interface>::ProxyInterfaces;
 };
-using RegistryProxy = Proxy<com::VARNEXO::TouchDriver1::Registry_proxy>;
+class RegistryProxy final : public Proxy<com::VARNEXO::TouchDriver1::Registry_proxy> {
+  using Proxy::Proxy;
+  void onChanged() override {}
+};
 
 struct Meaning {
   std::string_view error;

@@ -293,6 +293,32 @@ TEST_F(DriverServiceClientTest, EndsTheCaptureOfAClientThatVanishes) {
   EXPECT_TRUE(happens([&] { return !captures(object); }));
 }
 
+TEST_F(DriverServiceClientTest, AnnouncesWhoComesAndGoesAndWhatIsWrittenButNoProbe) {
+  const auto connection = sdbus::createSessionBusConnection();
+  const auto proxy = sdbus::createProxy(*connection, bus_name::kDevelopmentService, bus_name::kRootPath);
+  int changes = 0;
+  proxy->uponSignal("Changed").onInterface("com.VARNEXO.TouchDriver1.Registry").call([&] { ++changes; });
+  proxy->finishRegistration();
+  const auto heardSoFar = [&] {
+    // Whatever was sent before this answer has arrived before it.
+    proxy->callMethod("InstancesOf")
+        .onInterface("com.VARNEXO.TouchDriver1.Registry")
+        .withArguments(std::uint32_t{1}, std::string(class_name::kTouchDriver));
+    while (connection->processPendingRequest()) {
+    }
+    return std::exchange(changes, 0);
+  };
+  const auto object = published(kHere);
+  EXPECT_GE(heardSoFar(), 1);
+  EXPECT_EQ(probe(object), kSuccess);
+  EXPECT_EQ(registry.setProperty(object, property::kConfigration, Dictionary()), kSuccess);
+  EXPECT_EQ(heardSoFar(), 0) << "a run probes with each draw";
+  registry.setProperty(object, property::kConfigration, Dictionary{{configration_key::kMode, 3}});
+  EXPECT_EQ(heardSoFar(), 1);
+  served->pullOut(kHere);
+  EXPECT_GE(heardSoFar(), 1);
+}
+
 TEST_F(DriverServiceClientTest, RefusesByNameWhateverClientsOfOtherMakesAndVersionsSend) {
   served->plugIn(kHere);
   const auto connection = sdbus::createSessionBusConnection();
