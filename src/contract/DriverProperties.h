@@ -17,6 +17,7 @@ inline constexpr char kUsbDevice[] = "IOUSBDevice";
 namespace property {
 inline constexpr char kCalibration[] = "calibration";
 inline constexpr char kConfigration[] = "configration";
+inline constexpr char kMonitor[] = "monitor";  ///< see MonitorPlacement.h
 inline constexpr char kLocationID[] = "LocationID";
 inline constexpr char kHidParameters[] = "HIDParameters";
 inline constexpr char kHidClickTime[] = "HIDClickTime";    ///< int32 written, int64 read: nanoseconds

@@ -9,28 +9,22 @@ namespace touchpanel::driver {
 namespace {
 using Field = PropertyField<CalibrationSettings, std::int32_t, bool, _CALIB_PARAMS>;
 
-constexpr std::array kFieldArray = {
+constexpr std::array kFields = {
     Field{calibration_key::kCalibrateStatus, &CalibrationSettings::calibrateStatus},
     Field{calibration_key::kCalibParams, &CalibrationSettings::params},
     Field{calibration_key::kMinX, &CalibrationSettings::minX, {0, kLogicalMaximum}},
     Field{calibration_key::kMinY, &CalibrationSettings::minY, {0, kLogicalMaximum}},
     Field{calibration_key::kMaxX, &CalibrationSettings::maxX, {0, kLogicalMaximum}},
     Field{calibration_key::kMaxY, &CalibrationSettings::maxY, {0, kLogicalMaximum}}};
-constexpr std::span<const Field> kFields = kFieldArray;
 
 using CaptureField = PropertyField<CaptureRequest, std::int32_t, bool>;
 constexpr CaptureField kStatCalibrateField{calibration_key::kStatCalibrate, &CaptureRequest::statCalibrate};
 constexpr CaptureField kPointIdField{
     calibration_key::kPointId, &CaptureRequest::pointId, {0, calibration_limit::kMaximumPointId}};
 
-bool hasArea(const CalibrationSettings& settings) {
-  return settings.minX < settings.maxX && settings.minY < settings.maxY;
-}
-
 bool writeOne(CalibrationSettings& settings, std::string_view key, const Value& value) {
-  const auto* field =
-      fieldFor(kFields, key == calibration_key::kCalibParam ? calibration_key::kCalibParams : key);
-  return field && field->write(settings, value);
+  return writeField(kFields, settings,
+                    key == calibration_key::kCalibParam ? calibration_key::kCalibParams : key, value);
 }
 }  // namespace
 
@@ -48,7 +42,7 @@ Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dicti
     if (!taken) return kErrorBadArgument;
   }
   // Judged as a whole: a new lower bound may be valid only together with the new upper bound.
-  if (!hasArea(candidate)) return kErrorBadArgument;
+  if (!hasExtent(candidate)) return kErrorBadArgument;
   settings = candidate;
   capture = request;
   return kSuccess;
@@ -58,7 +52,7 @@ bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary
   bool all = true;
   auto candidate = settings;
   for (const auto& [key, value] : dictionary) all = writeOne(candidate, key, value) && all;
-  if (!hasArea(candidate)) {
+  if (!hasExtent(candidate)) {
     candidate.minX = settings.minX;
     candidate.minY = settings.minY;
     candidate.maxX = settings.maxX;

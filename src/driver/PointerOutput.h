@@ -2,15 +2,25 @@
 
 #include <functional>
 
+#include "contract/MonitorPlacement.h"
 #include "driver/Point.h"
 #include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 
-/// The last stage: remembers the last frame and outputs changes only.
+/// The last stage: takes places on the glass to where its monitor lies on the desktop, remembers the last
+/// frame and outputs changes only.
 class PointerOutput {
  public:
   explicit PointerOutput(std::function<void(const OutputFrame&)> sink) : sink_(std::move(sink)) {}
+
+  /// Where the glass lies for a pointer and for contacts. Returns whether that is anywhere new.
+  bool place(const DesktopPart& pointer, const DesktopPart& touch) {
+    const bool isNew = pointer != pointerPart_ || touch != touchPart_;
+    pointerPart_ = pointer;
+    touchPart_ = touch;
+    return isNew;
+  }
 
   void moveTo(Point point) { emit(pointer(point, last_.left, last_.right)); }
   void pressLeft(Point point) { emit(pointer(point, true, false)); }
@@ -22,18 +32,12 @@ class PointerOutput {
   void releaseAll();
 
  private:
-  static OutputFrame pointer(Point point, bool left, bool right) {
-    OutputFrame frame;
-    frame.hasPosition = true;
-    frame.x = point.x;
-    frame.y = point.y;
-    frame.left = left;
-    frame.right = right;
-    return frame;
-  }
+  OutputFrame pointer(Point point, bool left, bool right) const;
   void emit(const OutputFrame& frame);
 
   std::function<void(const OutputFrame&)> sink_;
+  DesktopPart pointerPart_;
+  DesktopPart touchPart_;
   OutputFrame last_;
 };
 

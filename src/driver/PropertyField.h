@@ -2,7 +2,7 @@
 
 #include <cstdint>
 #include <limits>
-#include <span>
+#include <string>
 #include <string_view>
 #include <variant>
 
@@ -12,7 +12,7 @@
 
 namespace touchpanel::driver {
 
-/// The integers that a field takes, bounds included.
+/// The integers that a field takes, bounds included; of a text its length in bytes.
 struct FieldRange {
   std::int32_t minimum = 0;
   std::int32_t maximum = std::numeric_limits<std::int32_t>::max();
@@ -32,6 +32,12 @@ inline bool writeMember(bool& member, const Value& value, FieldRange) {
   if (boolean) member = *boolean;
   return boolean;
 }
+inline bool writeMember(std::string& member, const Value& value, FieldRange range) {
+  const auto* text = value.get<std::string>();
+  if (!text || text->size() > static_cast<std::size_t>(range.maximum)) return false;
+  member = *text;
+  return true;
+}
 inline bool writeMember(_CALIB_PARAMS& member, const Value& value, FieldRange) {
   const auto* bytes = value.get<Bytes>();
   if (!bytes || bytes->size() != kCalibParamsSize) return false;
@@ -41,6 +47,7 @@ inline bool writeMember(_CALIB_PARAMS& member, const Value& value, FieldRange) {
 
 inline Value readMember(std::int32_t member) { return member; }
 inline Value readMember(bool member) { return member; }
+inline Value readMember(const std::string& member) { return member; }
 inline Value readMember(const _CALIB_PARAMS& member) {
   const auto image = imageOf(member);
   return Bytes(image.begin(), image.end());
@@ -62,11 +69,18 @@ struct PropertyField {
   }
 };
 
-template <typename Field>
-const Field* fieldFor(std::span<const Field> fields, std::string_view key) {
+/// Whether a record's area has an extent on both axes.
+template <typename Area>
+bool hasExtent(const Area& area) {
+  return area.minX < area.maxX && area.minY < area.maxY;
+}
+
+/// Writes the field that `key` names; false when there is none or it does not take `value`.
+template <typename Fields, typename Record>
+bool writeField(const Fields& fields, Record& record, std::string_view key, const Value& value) {
   for (const auto& field : fields)
-    if (field.key == key) return &field;
-  return nullptr;
+    if (field.key == key) return field.write(record, value);
+  return false;
 }
 
 }  // namespace touchpanel::driver

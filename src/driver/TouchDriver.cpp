@@ -16,9 +16,11 @@ TouchDriver::~TouchDriver() = default;
 
 Status TouchDriver::setProperty(std::string_view name, const Value& value) {
   const bool isCalibration = name == property::kCalibration;
-  if (!isCalibration && name != property::kConfigration) return kErrorUnsupported;
+  const bool isMonitor = name == property::kMonitor;
+  if (!isCalibration && !isMonitor && name != property::kConfigration) return kErrorUnsupported;
   const auto* dictionary = value.get<Dictionary>();
   if (!dictionary) return kErrorBadArgument;
+  if (isMonitor) return writeMonitor(*dictionary);
   return isCalibration ? writeCalibration(*dictionary) : writeConfigration(*dictionary);
 }
 
@@ -42,6 +44,12 @@ Status TouchDriver::writeConfigration(const Dictionary& dictionary) {
   return kSuccess;
 }
 
+Status TouchDriver::writeMonitor(const Dictionary& dictionary) {
+  if (const auto status = write(monitor_, dictionary); status != kSuccess) return status;
+  pipeline_->configure(monitor_);
+  return kSuccess;
+}
+
 Dictionary TouchDriver::properties() const {
   auto calibration = toDictionary(calibration_);
   const auto& captured = pipeline_->capture().last();
@@ -50,7 +58,8 @@ Dictionary TouchDriver::properties() const {
   calibration.set(calibration_key::kY, captured.y);
   calibration.set(calibration_key::kPointId, captured.pointId);
   return {{property::kCalibration, std::move(calibration)},
-          {property::kConfigration, toDictionary(settings_)}};
+          {property::kConfigration, toDictionary(settings_)},
+          {property::kMonitor, toDictionary(monitor_)}};
 }
 
 void TouchDriver::process(const RawFrame& frame) { pipeline_->process(frame); }
@@ -72,7 +81,8 @@ bool TouchDriver::capturing() const { return pipeline_->capture().active(); }
 
 Dictionary TouchDriver::state() const {
   return {{property::kCalibration, toDictionary(calibration_)},
-          {property::kConfigration, toDictionary(settings_)}};
+          {property::kConfigration, toDictionary(settings_)},
+          {property::kMonitor, toDictionary(monitor_)}};
 }
 
 bool TouchDriver::restore(const Dictionary& state) {
@@ -83,11 +93,14 @@ bool TouchDriver::restore(const Dictionary& state) {
       all = writeAcceptable(calibration_, *dictionary) && all;
     else if (dictionary && name == property::kConfigration)
       all = writeAcceptable(settings_, *dictionary) && all;
+    else if (dictionary && name == property::kMonitor)
+      all = writeAcceptable(monitor_, *dictionary) && all;
     else
       all = false;
   }
   pipeline_->configure(calibration_);
   pipeline_->configure(settings_);
+  pipeline_->configure(monitor_);
   return all;
 }
 

@@ -8,6 +8,7 @@
 
 #include "contract/ProductId.h"
 #include "driver/CalibrationSettings.h"
+#include "driver/MonitorProperty.h"
 #include "driver/SettingsProperty.h"
 #include "platform/Status.h"
 #include "platform/TouchFrames.h"
@@ -35,17 +36,17 @@ class TouchDriver {
   TouchDriver(const TouchDriver&) = delete;
   TouchDriver& operator=(const TouchDriver&) = delete;
 
-  /// The property write of a control panel: "calibration" or "configration" with a dictionary; absent keys
-  /// stay as they are, an empty dictionary changes nothing. Another key, type, size or range:
+  /// The property write of a client: "calibration", "configration" or "monitor" with a dictionary; absent
+  /// keys stay as they are, an empty dictionary changes nothing. Another key, type, size or range:
   /// kErrorBadArgument and nothing is changed. kErrorUnsupported for a property that does not exist.
   ///
-  /// A written "mode", "enableTouch", "enableRightClick" or "statCalibrate" that changes something ends a
-  /// touch that is under way: buttons and contacts are let go at once, its fingers count again when all have
-  /// left.
+  /// A written "mode", "enableTouch", "enableRightClick", "statCalibrate" or part of the desktop that changes
+  /// something ends a touch that is under way: buttons and contacts are let go at once, its fingers count
+  /// again when all have left.
   Status setProperty(std::string_view name, const Value& value);
 
   /// All properties as a control panel reads them: "calibration" (with "x", "y", "pointId" of the last
-  /// captured touch beside what was written) and "configration".
+  /// captured touch beside what was written), "configration" and "monitor".
   Dictionary properties() const;
 
   /// Takes one frame. No allocation.
@@ -65,11 +66,12 @@ class TouchDriver {
 
   const CalibrationSettings& calibration() const { return calibration_; }
   const TouchSettings& settings() const { return settings_; }
+  const MonitorPlacement& monitor() const { return monitor_; }
   /// Whether a calibration run has capture on.
   bool capturing() const;
 
-  /// Settings and calibration as a dictionary that restore() takes back after a restart. Capture state and
-  /// the last touch are not part of it.
+  /// Settings, calibration and monitor as a dictionary that restore() takes back after a restart. Capture
+  /// state and the last touch are not part of it.
   Dictionary state() const;
   /// Takes what is valid of `state` and leaves the rest as it is; returns false when anything was refused.
   bool restore(const Dictionary& state);
@@ -77,9 +79,11 @@ class TouchDriver {
  private:
   Status writeCalibration(const Dictionary& dictionary);
   Status writeConfigration(const Dictionary& dictionary);
+  Status writeMonitor(const Dictionary& dictionary);
 
   CalibrationSettings calibration_;
   TouchSettings settings_;
+  MonitorPlacement monitor_;
   std::unique_ptr<TouchPipeline> pipeline_;
 };
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 
+#include "contract/MonitorPlacement.h"
 #include "contract/ProductId.h"
 #include "driver/CalibrationCurve.h"
 #include "driver/Capture.h"
@@ -22,7 +23,9 @@ namespace touchpanel::driver {
 ///                |                                                    +--> contacts, mode 3
 ///                +-- while a calibration runs: raw, plain press and release
 ///
-/// A change that would leave a touch half old and half new (mode, right click, touch on or off, capture) ends
+/// all of which is on the glass; what goes out is turned and scaled to where the monitor lies on the desktop.
+///
+/// A change that would leave a touch half old and half new (mode, right click, touch on or off, capture, part of the desktop) ends
 /// it: every button and contact is let go, and nothing counts until all fingers have left the glass.
 class TouchPipeline {
  public:
@@ -31,6 +34,10 @@ class TouchPipeline {
 
   void configure(const TouchSettings& settings);
   void configure(const CalibrationSettings& settings) { curve_.configure(settings); }
+  /// A changed part of the desktop ends a touch that is under way.
+  void configure(const MonitorPlacement& placement) {
+    if (output_.place(placement.pointer, placement.touch)) endTouch();
+  }
   void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) {
     pointer_.setDoubleClick(time, area);
   }

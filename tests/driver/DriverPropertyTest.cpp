@@ -26,20 +26,33 @@ TEST(DriverProperties, TakeEachMessageOfAControlPanelAndKeepAbsentKeys) {
                              {"touchSensitivityArea", 5},
                              {"smoothness", 1},
                              {"enableTouch", true}};
+  Dictionary monitor = {{"identity", ""},     {"name", ""},     {"widthMm", 0},   {"heightMm", 0},
+                        {"minX", 0},          {"minY", 0},      {"maxX", 32767},  {"maxY", 32767},
+                        {"turn", 0},          {"touchMinX", 0}, {"touchMinY", 0}, {"touchMaxX", 32767},
+                        {"touchMaxY", 32767}, {"touchTurn", 0}};
   const auto expectRead = [&] {
-    EXPECT_EQ(glass.driver.properties(),
-              (Dictionary{{"calibration", calibration}, {"configration", configration}}));
+    EXPECT_EQ(
+        glass.driver.properties(),
+        (Dictionary{{"calibration", calibration}, {"configration", configration}, {"monitor", monitor}}));
+    driver::TouchDriver restored([](const OutputFrame&) {});
+    EXPECT_TRUE(restored.restore(glass.driver.state()));
+    EXPECT_EQ(restored.state(), glass.driver.state());
   };
   expectRead();
   const std::vector<std::pair<const char*, Dictionary>> messages = {
       {"calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 9)}, {"maxX", 32000}}},
       {"configration", {{"mode", 1}, {"clickRange", 1000}, {"rightClickTime", 60000}}},
       {"configration", {{"enableTouch", false}}},
+      {"monitor", {{"identity", "ABC 1 2"}, {"name", "Left"}, {"minX", 100}, {"maxX", 200}, {"turn", 3}}},
+      {"monitor", {{"minX", 300}, {"maxX", 301}, {"touchMaxY", 1}, {"touchTurn", 2}, {"widthMm", 20000}}},
       {"configration", {}}};
   for (const auto& [name, message] : messages) {
     EXPECT_EQ(glass.driver.setProperty(name, message), kSuccess);
     for (const auto& [key, value] : message)
-      (name == std::string("calibration") ? calibration : configration).set(key, value);
+      (name == std::string("calibration") ? calibration
+       : name == std::string("monitor")   ? monitor
+                                          : configration)
+          .set(key, value);
     expectRead();
   }
   EXPECT_EQ(glass.calibrate({{"calibParam", Bytes(116, 1)}}), kSuccess);
@@ -69,6 +82,13 @@ TEST(DriverProperties, RefuseABadMessageWhole) {
       {"calibration", Dictionary{{"calibrateStatus", true}, {"maxX", 32768}}},
       {"calibration", Dictionary{{"calibrateStatus", true}, {"minY", 32767}}},
       {"calibration", Dictionary{{"calibrateStatus", true}, {"minX", 32767}}},
+      {"monitor", Dictionary{{"name", "other"}, {"minX", 32767}}},
+      {"monitor", Dictionary{{"name", "other"}, {"touchMaxY", 0}}},
+      {"monitor", Dictionary{{"name", "other"}, {"maxY", 32768}}},
+      {"monitor", Dictionary{{"name", "other"}, {"turn", 4}}},
+      {"monitor", Dictionary{{"name", "other"}, {"heightMm", -1}}},
+      {"monitor", Dictionary{{"name", "other"}, {"identity", std::string(256, 'a')}}},
+      {"monitor", Dictionary{{"name", "other"}, {"identity", 5}}},
       {"calibration", Dictionary{{"statCalibrate", true}, {"pointId", -1}}},
       {"calibration", Dictionary{{"statCalibrate", true}, {"x", 5}}},
       {"calibration", Dictionary{{"pointId", 3}, {"statCalibrate", 1}}}};

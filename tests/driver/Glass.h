@@ -32,6 +32,8 @@ class Glass {
     return driver.setProperty(property::kConfigration, settings);
   }
 
+  Status place(const Dictionary& monitor) { return driver.setProperty(property::kMonitor, monitor); }
+
   /// Plays `script` and returns what was heard of it.
   std::string play(const std::string& script) {
     heard_.clear();

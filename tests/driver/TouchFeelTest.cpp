@@ -137,6 +137,36 @@ TEST(TouchFeel, ATouchAfterAChangedSettingOwesNothingToTheOneBefore) {
       "; 100: 5100,5000; 108: -");
 }
 
+TEST(TouchFeel, ATouchLandsWhereItsMonitorLiesHoweverThatIsTurned) {
+  const Dictionary right = {{"minX", 16384}, {"minY", 8192}, {"maxX", 32767}, {"maxY", 24575}};
+  struct Row {
+    const char* key;
+    int turn;
+    const char* script;
+    const char* heard;
+  };
+  for (const auto& [key, turn, script, heard] :
+       {Row{"turn", 0, "0: 0; 8: 32767,1000; 16: -", "left 16384,8192; drag 32767,8692; up"},
+        Row{"turn", 1, "0: 0; 8: 32767,1000; 16: -", "left 16384,24575; drag 16884,8192; up"},
+        Row{"turn", 2, "0: 0; 8: 32767,1000; 16: -", "left 32767,24575; drag 16384,24075; up"},
+        Row{"turn", 3, "0: 0; 8: 32767,1000; 16: -", "left 32767,8192; drag 32267,24575; up"},
+        Row{"turn", 1, "statCalibrate=yes; 0: 0; 8: -", "left 16384,24575; up"},
+        Row{"touchTurn", 1, "mode=3; 0: 2@30,40; 8: -", "fingers 2@40,32737; fingers -"}}) {
+    SCOPED_TRACE(turn);
+    Glass glass;
+    glass.play("smoothness=0 enableTouchSensitivity=no enableRightClick=no");
+    EXPECT_EQ(glass.place(right), kSuccess);
+    EXPECT_EQ(glass.place({{key, turn}}), kSuccess);
+    EXPECT_EQ(glass.play(script), heard);
+  }
+  Glass glass;
+  EXPECT_EQ(glass.play("enableRightClick=no smoothness=0; 0: 1000"), "left 1000");
+  glass.place({{"name", "another name ends no touch"}});
+  EXPECT_EQ(glass.play("8: 9000"), "drag 9000");
+  glass.place(right);
+  EXPECT_EQ(glass.play("16: 9100; 24: -; 32: 0"), "left 16384,8192") << "let go where it was, then elsewhere";
+}
+
 TEST(TouchFeel, TheFiltersAreForOpticalTouchscreensOnly) {
   Glass glass(DeviceKind::Infrared);
   EXPECT_EQ(glass.play("smoothness=9 touchSensitivityArea=100 enableRightClick=no; 0: 100; 8: 200; 16: -"),
