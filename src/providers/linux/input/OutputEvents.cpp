@@ -8,11 +8,20 @@ constexpr std::int32_t kLastTrackingId = 0xFFFF;
 
 std::span<const input_event> PointerEvents::next(const OutputFrame& frame) {
   batch_.clear();
-  if (frame.hasPosition && frame.x != x_) batch_.add(EV_ABS, ABS_X, x_ = frame.x);
-  if (frame.hasPosition && frame.y != y_) batch_.add(EV_ABS, ABS_Y, y_ = frame.y);
+  const bool press = (frame.left && !left_) || (frame.right && !right_);
+  if (frame.hasPosition) {
+    axis(ABS_X, frame.x, x_, press);
+    axis(ABS_Y, frame.y, y_, press);
+  }
   if (frame.left != left_) batch_.add(EV_KEY, BTN_LEFT, left_ = frame.left);
   if (frame.right != right_) batch_.add(EV_KEY, BTN_RIGHT, right_ = frame.right);
   return batch_.finish();
+}
+
+void PointerEvents::axis(int code, std::int32_t value, std::int32_t& last, bool press) {
+  if (value == last && !press) return;
+  if (value == last) batch_.add(EV_ABS, code, value ^ 1);
+  batch_.add(EV_ABS, code, last = value);
 }
 
 std::span<const input_event> ContactEvents::next(const OutputFrame& frame) {

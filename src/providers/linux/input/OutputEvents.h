@@ -33,17 +33,22 @@ class EventBatch {
 };
 
 /// The events that take an absolute pointer with a left and a right button from one output frame to the next.
+///
+/// A press always states both axes: another pointer may have moved the desktop's cursor meanwhile. The kernel
+/// drops a value that the device has already, so an unchanged axis goes one unit aside and back in that report.
 class PointerEvents {
  public:
   /// Valid until the next call.
   std::span<const input_event> next(const OutputFrame& frame);
 
  private:
-  std::int32_t x_ = -1;
-  std::int32_t y_ = -1;
+  void axis(int code, std::int32_t value, std::int32_t& last, bool press);
+
+  std::int32_t x_ = 0;  // as the axes of a new device
+  std::int32_t y_ = 0;
   bool left_ = false;
   bool right_ = false;
-  EventBatch<5> batch_;
+  EventBatch<7> batch_;
 };
 
 /// The same for a multi-touch device: a slot per contact id, a fresh tracking id per landing, and the single

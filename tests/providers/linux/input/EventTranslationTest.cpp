@@ -79,12 +79,15 @@ std::string told(std::span<const input_event> events) {
   return text.str();
 }
 
-TEST(PointerEvents, TellOnlyChangesInOneReport) {
+TEST(PointerEvents, TellOnlyChangesInOneReportButBothAxesAtAPress) {
   PointerEvents events;
-  EXPECT_EQ(told(events.next({true, 0, 5, true, false, 0, {}})), "3/0=0 3/1=5 1/272=1 0/0=0");
+  EXPECT_EQ(told(events.next({true, 0, 5, true, false, 0, {}})), "3/0=1 3/0=0 3/1=5 1/272=1 0/0=0")
+      << "0 is what a new device has";
   EXPECT_EQ(told(events.next({true, 7, 5, true, false, 0, {}})), "3/0=7 0/0=0");
   EXPECT_EQ(told(events.next({true, 7, 5, true, false, 0, {}})), "");
-  EXPECT_EQ(told(events.next({false, 0, 0, false, true, 0, {}})), "1/272=0 1/273=1 0/0=0");
+  EXPECT_EQ(told(events.next({true, 7, 5, false, true, 0, {}})),
+            "3/0=6 3/0=7 3/1=4 3/1=5 1/272=0 1/273=1 0/0=0");
+  EXPECT_EQ(told(events.next({})), "1/273=0 0/0=0");
 }
 
 TEST(ContactEvents, GiveEachLandingASlotAndAFreshTrackingId) {
