@@ -24,9 +24,13 @@ void Capture::start() {
 
 void Capture::observe(const RawFrame& frame) {
   if (!active_) return;
-  const auto [event, contact] = finger_.follow(frame);
-  if (event == PrimaryFinger::Event::Down) landing_ = contact;
-  if (event != PrimaryFinger::Event::Up || isDrag(landing_, contact)) return;
+  finger_.follow(frame, [this](PrimaryFinger::Event event, const Contact& contact) {
+    if (event == PrimaryFinger::Event::Down) landing_ = contact;
+    if (event == PrimaryFinger::Event::Up && !isDrag(landing_, contact)) publish(contact);
+  });
+}
+
+void Capture::publish(const Contact& contact) {
   // A reader takes a 0 for "no touch yet"; a touch at the very edge moves by one unit instead of being lost.
   last_ = {std::max(contact.x, 1), std::max(contact.y, 1), expected_};
   expected_ = std::min(expected_ + 1, calibration_limit::kMaximumPointId);

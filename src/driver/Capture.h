@@ -36,6 +36,8 @@ class Capture {
   const CapturedPoint& last() const { return last_; }
 
  private:
+  void publish(const Contact& contact);
+
   bool active_ = false;
   std::int32_t expected_ = 0;
   CapturedPoint last_;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <cstdint>
 
+#include "driver/ContactIds.h"
 #include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
@@ -15,23 +15,21 @@ class ContactSet {
   /// other one. Both may change the contact.
   template <typename Land, typename Move>
   void follow(RawFrame& frame, Land land, Move move) {
-    std::uint32_t down = 0;
     for (std::size_t i = 0; i < frame.count; ++i) {
       auto& contact = frame.contacts[i];
-      const auto id = static_cast<std::size_t>(contact.id);
-      down |= 1U << id;
-      if (down_ & (1U << id))
-        move(states_[id], contact);
+      auto& state = states_[static_cast<std::size_t>(contact.id)];
+      if (down_ & idOf(contact))
+        move(state, contact);
       else
-        land(states_[id], contact);
+        land(state, contact);
     }
-    down_ = down;
+    down_ = idsOf(frame);
   }
   void reset() { down_ = 0; }
 
  private:
   std::array<State, kMaximumContacts> states_{};
-  std::uint32_t down_ = 0;
+  ContactIds down_ = 0;
 };
 
 }  // namespace touchpanel::driver

@@ -1,52 +1,86 @@
 #pragma once
 
-#include <optional>
+#include <chrono>
+#include <cstdint>
 
+#include "driver/ContactIds.h"
+#include "driver/Point.h"
 #include "platform/TouchFrames.h"
 
 namespace touchpanel::driver {
 
-/// Reduces all fingers to the one that leads a single pointer: the first that lands on an empty glass. It
-/// leads until it leaves; fingers that stay behind never take over, so the pointer cannot jump to them.
+/// Reduces all fingers to the one that leads a single pointer: one that lands while none leads. It leads until
+/// it leaves; fingers that were there beside it are ignored until they leave, so the pointer cannot jump to
+/// them. One that lands in the frame in which the leader leaves was not there beside it, and leads.
 ///
-///     state    | first finger lands | it moves | it leaves, none left | it leaves, others stay | last one
-///     leaves
-///     ---------+--------------------+----------+----------------------+------------------------+----------------
-///     empty    | -> leading, Down   |          |                      |                        |
-///     leading  |                    | Move     | -> empty, Up         | -> leftovers, Up       |
-///     leftovers| None               | None     |                      |                        | -> empty,
-///     None
+/// A contact that has not moved for a long time may be dirt on the frame: as soon as another finger lands, that
+/// one leads, and the old one is ignored until it leaves.
+///
+///     state   | a finger lands                        | the leader moves | the leader leaves
+///     --------+---------------------------------------+------------------+---------------------------------
+///     none    | Down -> leading, others ignored       |                  |
+///     leading | ignored; if the leader is still since | Move             | Up -> none, or Up and Down when
+///             | kStillness: Drop, Down of the new one |                  | one lands in the same frame
 class PrimaryFinger {
  public:
-  enum class Event { None, Down, Move, Up };
-  struct Step {
-    Event event = Event::None;
-    Contact contact;  ///< where the finger is, or for Up where it last was
-  };
+  enum class Event { Down, Move, Up, Drop };
+  /// How long, and within how many logical units to each side, a contact must have stayed to count as dirt. No
+  /// finger is held as still as that: 2.5 mm on a 24-inch screen.
+  static constexpr std::chrono::seconds kStillness{10};
+  static constexpr std::int32_t kReach = logicalFromArea(5);
 
-  Step follow(const RawFrame& frame) {
-    if (leading_) {
-      for (std::size_t i = 0; i < frame.count; ++i)
-        if (frame.contacts[i].id == finger_.id) {
-          finger_ = frame.contacts[i];
-          return {Event::Move, finger_};
-        }
-      leading_ = false;
-      leftovers_ = frame.count > 0;
-      return {Event::Up, finger_};
+  /// Calls `handle(event, contact)` for what the frame means, in order. `contact` is where the finger is, or for
+  /// Up and Drop where it last was.
+  template <typename Handle>
+  void follow(const RawFrame& frame, Handle handle) {
+    const Contact* leader = nullptr;
+    const Contact* landed = nullptr;
+    for (std::size_t i = 0; i < frame.count; ++i) {
+      const auto& contact = frame.contacts[i];
+      if (leading_ && contact.id == finger_.id)
+        leader = &contact;
+      else if (!landed && !(known_ & idOf(contact)))
+        landed = &contact;
     }
-    if (frame.count == 0) leftovers_ = false;
-    if (frame.count == 0 || leftovers_) return {};
-    leading_ = true;
-    finger_ = frame.contacts[0];
-    return {Event::Down, finger_};
+    known_ = idsOf(frame);
+    if (leader) move(*leader, frame.time, handle);
+    if (leading_ && (!leader || (landed && isStill(frame.time)))) {
+      leading_ = false;
+      handle(leader ? Event::Drop : Event::Up, finger_);
+    }
+    if (!leading_ && landed) land(*landed, frame.time, handle);
   }
-  void reset() { leading_ = leftovers_ = false; }
+  /// Forgets all fingers; those that are there count as landing in the next frame.
+  void reset() {
+    leading_ = false;
+    known_ = 0;
+  }
 
  private:
+  bool isStill(std::chrono::microseconds now) const { return now - since_ >= kStillness; }
+  void rest(std::chrono::microseconds now) {
+    anchor_ = {finger_.x, finger_.y};
+    since_ = now;
+  }
+  template <typename Handle>
+  void move(const Contact& contact, std::chrono::microseconds now, Handle& handle) {
+    finger_ = contact;
+    if (!isWithin({contact.x, contact.y}, anchor_, kReach)) rest(now);
+    handle(Event::Move, finger_);
+  }
+  template <typename Handle>
+  void land(const Contact& contact, std::chrono::microseconds now, Handle& handle) {
+    leading_ = true;
+    finger_ = contact;
+    rest(now);
+    handle(Event::Down, finger_);
+  }
+
   bool leading_ = false;
-  bool leftovers_ = false;
+  ContactIds known_ = 0;  ///< in the last frame
   Contact finger_;
+  Point anchor_;
+  std::chrono::microseconds since_{0};
 };
 
 }  // namespace touchpanel::driver

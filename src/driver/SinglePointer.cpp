@@ -5,7 +5,7 @@
 namespace touchpanel::driver {
 
 SinglePointer::SinglePointer(PointerOutput& output)
-    : clickOnTouch_(output), clickOnRelease_(output), dragAndHold_(output) {
+    : output_(output), clickOnTouch_(output), clickOnRelease_(output), dragAndHold_(output) {
   choose();
 }
 
@@ -36,18 +36,24 @@ void SinglePointer::reset() {
 }
 
 void SinglePointer::process(const RawFrame& frame) {
-  const auto [event, contact] = finger_.follow(frame);
-  const Point point{contact.x, contact.y};
+  finger_.follow(frame, [&](PrimaryFinger::Event event, const Contact& contact) {
+    handle(event, {contact.x, contact.y}, frame.time);
+  });
+}
+
+void SinglePointer::handle(PrimaryFinger::Event event, Point point, std::chrono::microseconds now) {
   switch (event) {
-    case PrimaryFinger::Event::None:
-      return;
     case PrimaryFinger::Event::Down:
-      return land(point, frame.time);
+      return land(point, now);
     case PrimaryFinger::Event::Move:
       return move(point);
     case PrimaryFinger::Event::Up:
-      if (!plain_) doubleTap_.leave(frame.time);
+      if (!plain_) doubleTap_.leave(now);
       return mode_->leave();
+    case PrimaryFinger::Event::Drop:
+      output_.releaseAll();
+      doubleTap_.reset();
+      return mode_->reset();
   }
 }
 

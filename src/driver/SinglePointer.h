@@ -15,6 +15,8 @@ namespace touchpanel::driver {
 class SinglePointer {
  public:
   explicit SinglePointer(PointerOutput& output);
+  SinglePointer(const SinglePointer&) = delete;
+  SinglePointer& operator=(const SinglePointer&) = delete;
 
   void configure(const TouchSettings& settings);
   void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) { doubleTap_.configure(time, area); }
@@ -30,9 +32,11 @@ class SinglePointer {
 
  private:
   void choose();
+  void handle(PrimaryFinger::Event event, Point point, std::chrono::microseconds now);
   void land(Point point, std::chrono::microseconds now);
   void move(Point point);
 
+  PointerOutput& output_;
   TouchSettings settings_;
   bool plain_ = false;
   PrimaryFinger finger_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 
 #include "contract/TouchSettings.h"
 #include "driver/ContactSet.h"
@@ -10,12 +11,20 @@ namespace touchpanel::driver {
 
 /// Draws a trembling line smooth: each finger is followed by a first-order low-pass whose time constant is 4
 /// ms per smoothing level, whatever the rate of the frames. Level 0 follows exactly; a finger lands
-/// unfiltered.
+/// unfiltered. One that stops, of which no frame speaks any more, is followed further at deadlines until it is
+/// reached.
 class Smoothing {
  public:
   void configure(const TouchSettings& settings);
   void apply(RawFrame& frame);
-  void reset() { fingers_.reset(); }
+  /// When settled() is due; none while every finger is reached.
+  std::optional<std::chrono::microseconds> deadline() const;
+  /// The last frame, followed further up to `now`.
+  RawFrame settled(std::chrono::microseconds now);
+  /// Call with each frame before apply(): when a finger has left that was not reached yet, the frame in which
+  /// it is.
+  std::optional<RawFrame> ending(const RawFrame& frame) const;
+  void reset();
 
  private:
   struct Finger {
@@ -23,8 +32,9 @@ class Smoothing {
     double y = 0;
   };
   std::chrono::microseconds timeConstant_{0};
-  std::chrono::microseconds last_{0};
   ContactSet<Finger> fingers_;
+  RawFrame aim_;       ///< where the fingers are
+  RawFrame followed_;  ///< where they are reported
 };
 
 }  // namespace touchpanel::driver

@@ -41,8 +41,8 @@ class TouchDriver {
   /// kErrorBadArgument and nothing is changed. kErrorUnsupported for a property that does not exist.
   ///
   /// A written "mode", "enableTouch", "enableRightClick", "statCalibrate" or part of the desktop that changes
-  /// something ends a touch that is under way: buttons and contacts are let go at once, its fingers count
-  /// again when all have left.
+  /// something ends a touch that is under way: buttons and contacts are let go at once, a finger
+  /// counts again when it has left.
   Status setProperty(std::string_view name, const Value& value);
 
   /// All properties as a control panel reads them: "calibration" (with "x", "y", "pointId" of the last

@@ -5,17 +5,19 @@
 namespace touchpanel::driver {
 
 namespace {
-/// What the later stages rely on: known ids, each once, and coordinates inside the range.
-RawFrame checked(const RawFrame& input) {
+/// What the later stages rely on: known ids, each once, and coordinates inside the range. Sets `down` to all of
+/// them and leaves out those of `ignored`.
+RawFrame checked(const RawFrame& input, ContactIds ignored, ContactIds& down) {
   RawFrame frame;
   frame.time = input.time;
-  std::uint32_t seen = 0;
+  down = 0;
   const auto count = std::min<std::size_t>(input.count, kMaximumContacts);
   for (std::size_t i = 0; i < count; ++i) {
     const auto& contact = input.contacts[i];
     if (contact.id < 0 || contact.id >= static_cast<std::int32_t>(kMaximumContacts)) continue;
-    if (seen & (1U << contact.id)) continue;
-    seen |= 1U << contact.id;
+    if (down & idOf(contact)) continue;
+    down |= idOf(contact);
+    if (ignored & idOf(contact)) continue;
     frame.contacts[frame.count++] = {contact.id, std::clamp(contact.x, 0, kLogicalMaximum),
                                      std::clamp(contact.y, 0, kLogicalMaximum)};
   }
@@ -60,22 +62,18 @@ void TouchPipeline::endTouch() {
   capture_.dropTouch();
   sensitivity_.reset();
   smoothing_.reset();
-  waitingForEmptyGlass_ = fingersDown_;
+  ignored_ = down_;
 }
 
 void TouchPipeline::releaseAll() {
-  fingersDown_ = false;
+  down_ = 0;
   endTouch();
 }
 
 void TouchPipeline::process(const RawFrame& input) {
-  tick(input.time);
-  auto frame = checked(input);
-  fingersDown_ = frame.count > 0;
-  if (waitingForEmptyGlass_) {
-    waitingForEmptyGlass_ = fingersDown_;
-    return;
-  }
+  elapse(input.time);
+  auto frame = checked(input, ignored_, down_);
+  ignored_ &= down_;
   if (!settings_.enableTouch) return;
   if (capture_.active()) {
     capture_.observe(frame);
@@ -84,14 +82,33 @@ void TouchPipeline::process(const RawFrame& input) {
   }
   if (hasFilters_) sensitivity_.apply(frame);
   curve_.apply(frame);
-  if (hasFilters_) smoothing_.apply(frame);
+  if (hasFilters_) {
+    if (const auto end = smoothing_.ending(frame)) act(*end);
+    smoothing_.apply(frame);
+  }
+  act(frame);
+}
+
+void TouchPipeline::act(const RawFrame& frame) {
   if (settings_.mode == kMultiTouch)
     output_.contacts(frame);
   else
     pointer_.process(frame);
 }
 
+std::optional<std::chrono::microseconds> TouchPipeline::nextDeadline() const {
+  const auto hold = pointer_.deadline();
+  const auto settling = smoothing_.deadline();
+  return hold && settling ? std::min(hold, settling) : hold ? hold : settling;
+}
+
 void TouchPipeline::tick(std::chrono::microseconds now) {
+  const auto settling = smoothing_.deadline();
+  if (settling && now >= *settling) act(smoothing_.settled(now));
+  elapse(now);
+}
+
+void TouchPipeline::elapse(std::chrono::microseconds now) {
   const auto due = pointer_.deadline();
   if (due && now >= *due) pointer_.elapsed();
 }

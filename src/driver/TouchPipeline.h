@@ -8,6 +8,7 @@
 #include "contract/ProductId.h"
 #include "driver/CalibrationCurve.h"
 #include "driver/Capture.h"
+#include "driver/ContactIds.h"
 #include "driver/PointerOutput.h"
 #include "driver/SensitivityFilter.h"
 #include "driver/SinglePointer.h"
@@ -25,8 +26,9 @@ namespace touchpanel::driver {
 ///
 /// all of which is on the glass; what goes out is turned and scaled to where the monitor lies on the desktop.
 ///
-/// A change that would leave a touch half old and half new (mode, right click, touch on or off, capture, part of the desktop) ends
-/// it: every button and contact is let go, and nothing counts until all fingers have left the glass.
+/// A change that would leave a touch half old and half new (mode, right click, touch on or off, capture, part
+/// of the desktop) ends it: every button and contact is let go, and its fingers count again once they have
+/// left the glass, each by itself: dirt never does.
 class TouchPipeline {
  public:
   /// The sensitivity filter and smoothing exist on optical touchscreens only.
@@ -47,18 +49,21 @@ class TouchPipeline {
   const Capture& capture() const { return capture_; }
 
   void process(const RawFrame& input);
-  std::optional<std::chrono::microseconds> nextDeadline() const { return pointer_.deadline(); }
+  /// Of a finger that holds still (a right click is due) or that smoothing has not reached yet.
+  std::optional<std::chrono::microseconds> nextDeadline() const;
   void tick(std::chrono::microseconds now);
   /// All fingers are gone without having left.
   void releaseAll();
 
  private:
   void endTouch();
+  void act(const RawFrame& frame);
+  void elapse(std::chrono::microseconds now);
 
   bool hasFilters_;
   TouchSettings settings_;
-  bool fingersDown_ = false;
-  bool waitingForEmptyGlass_ = false;
+  ContactIds down_ = 0;     ///< in the last frame
+  ContactIds ignored_ = 0;  ///< of these, those of a touch that a change has ended
   Capture capture_;
   SensitivityFilter sensitivity_;
   CalibrationCurve curve_;

@@ -47,8 +47,9 @@ TEST(Capture, PublishesEachFingerUpForTheTargetThatIsExpected) {
            {"600: 0@500,600; 608: 0@500,600 1@9000; 616: 1@9000; 624: -", "500,600 of 1", "two fingers"},
            {"700: 0@9000; mode=0; 708: -; 716: 1@700,800; 724: -", "700,800 of 2",
             "not the one that a change ended"},
-           {"750: 1000; 758: 9500,1000; 766: -", "700,800 of 2", "dragged, not aimed"},
-           {"statCalibrate=no; 800: 9000; statCalibrate=yes; 808: 9000; 816: -", "0,0 of 0",
+           {"730: 1@500; 10730: 1@500 0@9000,800; 10738: 1@500", "9000,800 of 3", "dirt is no touch"},
+           {"10746: -; 10750: 1000; 10758: 9500,1000; 10766: -", "9000,800 of 3", "dragged, not aimed"},
+           {"statCalibrate=no; 10800: 9000; statCalibrate=yes; 10808: 9000; 10816: -", "0,0 of 0",
             "down before the run"}}) {
     glass.play(script);
     EXPECT_EQ(read(glass.driver), published) << why;
