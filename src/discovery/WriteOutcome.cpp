@@ -68,6 +68,8 @@ std::string_view reasonOfDriver(Status status) {
       return TRANSLATABLE_TEXT("StatusLine", "the touch driver service has no such touchscreen any more");
     case kErrorNotPermitted:
       return TRANSLATABLE_TEXT("StatusLine", "you are not permitted to change settings of touchscreens");
+    case kErrorExclusiveAccess:
+      return TRANSLATABLE_TEXT("StatusLine", "another program is using it");
     case kErrorBadArgument:
       return TRANSLATABLE_TEXT("StatusLine", "the touch driver service refused it");
     case kErrorNotResponding:

@@ -27,6 +27,8 @@ void throwUnless(Status status, const std::string& name) {
                          "This object has no property \"" + name + "\" to write.");
     case kErrorNoDevice:
       throw sdbus::Error(bus_name::kNoDeviceError, "The touchscreen is gone.");
+    case kErrorExclusiveAccess:
+      throw sdbus::Error(bus_name::kBusyError, "Another program captures touches of this touchscreen.");
     default:
       throw sdbus::Error(bus_name::kFailedError, "Property \"" + name + "\" could not be written.");
   }
@@ -54,7 +56,7 @@ bool BusObject::ConformsTo(const std::string& className) {
 }
 
 std::map<std::string, sdbus::Variant> BusObject::Properties() {
-  const auto properties = service_.registry().properties(handle_);
+  const auto properties = service_.properties(handle_, client());
   if (!properties) throwUnless(kErrorNoDevice, "");
   return toBus(*properties);
 }
@@ -62,12 +64,13 @@ std::map<std::string, sdbus::Variant> BusObject::Properties() {
 void BusObject::SetProperty(const std::string& name, const sdbus::Variant& value) {
   const auto known = fromBus(value);
   if (!known) throwUnless(kErrorBadArgument, name);
-  const auto client = getObject().getCurrentlyProcessedMessage()->getSender();
-  throwUnless(service_.setProperty(handle_, name, *known, client), name);
+  throwUnless(service_.setProperty(handle_, name, *known, client()), name);
   const auto* written = known->get<Dictionary>();
   const bool isProbe = written != nullptr && written->empty();
   if (name != property::kCalibration && !isProbe) root_.announceChange();
 }
+
+std::string BusObject::client() { return getObject().getCurrentlyProcessedMessage()->getSender(); }
 
 std::string BusObject::ClassName() { return std::string(service_.registry().classOf(handle_)); }
 

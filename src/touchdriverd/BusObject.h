@@ -31,6 +31,8 @@ class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDrive
   std::map<std::string, sdbus::Variant> Properties() override;
   void SetProperty(const std::string& name, const sdbus::Variant& value) override;
   std::string ClassName() override;
+  /// Who sent the request that is being answered.
+  std::string client();
 
   DriverService& service_;
   BusRoot& root_;

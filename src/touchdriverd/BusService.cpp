@@ -46,6 +46,7 @@ void BusService::publishAll() {
 
 void BusService::disconnect() {
   service_.setObjectListener(nullptr);
+  service_.allClientsLeft();
   objects_.clear();
   registry_.reset();
   clients_.reset();

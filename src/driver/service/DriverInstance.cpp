@@ -47,6 +47,7 @@ void DriverInstance::settingsChanged() {
 }
 
 void DriverInstance::frame(const RawFrame& frame) {
+  lastFrame_ = frame.time;
   driver_.process(frame);
   armDeadline();
 }

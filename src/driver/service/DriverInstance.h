@@ -31,6 +31,8 @@ class DriverInstance final : public PublishedInstance, private FrameListener {
 
   /// Whether a calibration run has capture on.
   bool capturing() const { return driver_.capturing(); }
+  /// When the touchscreen last reported something, in the clock of the timers; 0 before it did.
+  std::chrono::microseconds lastFrame() const { return lastFrame_; }
 
  private:
   void frame(const RawFrame& frame) override;
@@ -45,6 +47,7 @@ class DriverInstance final : public PublishedInstance, private FrameListener {
   TouchDriver driver_;
   Dictionary saved_;
   bool wroteCalibration_ = false;
+  std::chrono::microseconds lastFrame_{0};
   TouchscreenDevices devices_;
   std::unique_ptr<Timer> deadline_;
   std::unique_ptr<PendingRead> reading_;

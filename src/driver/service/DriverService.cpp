@@ -4,7 +4,8 @@
 
 namespace touchpanel::driver {
 
-DriverService::DriverService(const ServicePorts& ports, StateStore& store) : ports_(ports), store_(store) {
+DriverService::DriverService(const ServicePorts& ports, StateStore& store)
+    : ports_(ports), store_(store), captures_(ports.timers) {
   store_.load(hidSystem_);
   registry_.setDoubleClickListener([this] { store_.save(hidSystem_); });
 }
@@ -23,7 +24,7 @@ void DriverService::touchscreenLeft(const std::string& device) {
   if (found == instances_.end()) return;
   forEachObject(*found->second, &ObjectListener::withdrawn);
   registry_.withdraw(*found->second);
-  calibrating_.erase(found->second.get());
+  captures_.withdraw(*found->second);
   std::erase_if(nodes_, [&](const auto& node) { return node.second == device; });
   instances_.erase(found);
 }
@@ -52,26 +53,30 @@ void DriverService::forEachObject(const DriverInstance& instance,
   for (const auto object : registry_.objectsOf(instance)) (listener_->*report)(object);
 }
 
-Status DriverService::setProperty(RegistryObject object, std::string_view name, const Value& value,
-                                  const std::string& client) {
-  const auto status = registry_.setProperty(object, name, value);
-  if (status != kSuccess) return status;
-  for (const auto& [device, instance] : instances_) {
-    if (!instance->capturing())
-      calibrating_.erase(instance.get());
-    else
-      calibrating_.emplace(instance.get(), client);
-  }
-  return kSuccess;
+DriverInstance* DriverService::instanceOf(RegistryObject object) const {
+  for (const auto& [device, instance] : instances_)
+    if (registry_.objectsOf(*instance).front() == object) return instance.get();
+  return nullptr;
 }
 
-void DriverService::clientLeft(const std::string& client) {
-  for (const auto& [device, instance] : instances_) {
-    const auto run = calibrating_.find(instance.get());
-    if (run == calibrating_.end() || run->second != client) continue;
-    calibrating_.erase(run);
-    instance->setProperty(property::kCalibration, Dictionary{{calibration_key::kStatCalibrate, false}});
-  }
+std::optional<Dictionary> DriverService::properties(RegistryObject object, const std::string& client) {
+  auto properties = registry_.properties(object);
+  auto* instance = instanceOf(object);
+  if (!properties || !instance || captures_.owns(client, *instance)) return properties;
+  auto calibration = *properties->dictionary(property::kCalibration);
+  for (const auto* key : {calibration_key::kX, calibration_key::kY, calibration_key::kPointId})
+    calibration.set(key, 0);
+  properties->set(property::kCalibration, std::move(calibration));
+  return properties;
+}
+
+Status DriverService::setProperty(RegistryObject object, std::string_view name, const Value& value,
+                                  const std::string& client) {
+  auto* instance = instanceOf(object);
+  if (instance && captures_.refuses(client, *instance, name, value)) return kErrorExclusiveAccess;
+  const auto status = registry_.setProperty(object, name, value);
+  if (status == kSuccess && instance) captures_.written(client, *instance);
+  return status;
 }
 
 }  // namespace touchpanel::driver

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "driver/PublishedInstances.h"
+#include "driver/service/CaptureOwners.h"
 #include "driver/service/DriverInstance.h"
 #include "platform/TouchscreenListener.h"
 
@@ -34,13 +35,21 @@ class DriverService final : public TouchscreenListener {
   /// `listener` may be null; the objects that are already there are reported, too.
   void setObjectListener(ObjectListener* listener);
 
-  /// A property write by the client `client`, a name that no other client ever has.
+  /// The properties of `object` as `client` may see them, a name that no other client ever has: captured points
+  /// only where the capture is its own. Nothing when the object is gone.
+  std::optional<Dictionary> properties(RegistryObject object, const std::string& client);
+  /// A property write by `client`. Beside the errors of the registry: kErrorExclusiveAccess for the capture of
+  /// another client.
   Status setProperty(RegistryObject object, std::string_view name, const Value& value,
                      const std::string& client);
   /// The client is gone: ends its calibration run.
-  void clientLeft(const std::string& client);
+  void clientLeft(const std::string& client) { captures_.clientLeft(client); }
+  /// Clients cannot be told apart from those before any more.
+  void allClientsLeft() { captures_.allClientsLeft(); }
 
  private:
+  /// The touchscreen whose driver object `object` is; null for any other.
+  DriverInstance* instanceOf(RegistryObject object) const;
   void forEachObject(const DriverInstance& instance, void (ObjectListener::*report)(RegistryObject));
 
   ServicePorts ports_;
@@ -49,7 +58,7 @@ class DriverService final : public TouchscreenListener {
   PublishedInstances registry_{hidSystem_};
   std::map<std::string, std::unique_ptr<DriverInstance>> instances_;
   std::map<std::string, std::string> nodes_;  ///< node to device
-  std::map<const DriverInstance*, std::string> calibrating_;
+  CaptureOwners captures_;
   ObjectListener* listener_ = nullptr;
 };
 

@@ -237,17 +237,48 @@ TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
   EXPECT_TRUE(reader.underWay.empty()) << "this kind holds nothing to read";
 }
 
-TEST_F(Service, EndsTheCalibrationRunOfAPanelThatDied) {
+TEST_F(Service, KeepsACaptureForTheClientThatAskedForItUntilItLeaves) {
   plug();
+  const auto pointsOf = [&](const std::string& client) {
+    const auto calibration = *service->properties(object(), client)->dictionary("calibration");
+    return std::vector{calibration.integer("x"), calibration.integer("y"), calibration.integer("pointId")};
+  };
+  const std::vector none{0, 0, 0};
   write("calibration", {{"statCalibrate", true}}, ":1.7");
-  write("calibration", {{"pointId", 1}}, ":1.8");
+  for (const char* key : {"pointId", "statCalibrate"})
+    for (const auto& value : {Value(1), Value(false), Value(true)})
+      EXPECT_EQ(write("calibration", {{key, value}}, ":1.8"), kErrorExclusiveAccess) << key;
+  EXPECT_EQ(write("calibration", {{"calibrateStatus", false}}, ":1.8"), kSuccess);
+  EXPECT_EQ(write("calibration", {{"pointId", 3}}, ":1.7"), kSuccess);
+  touch(0ms, 100, 200);
+  lift(10ms);
+  EXPECT_EQ(pointsOf(":1.7"), (std::vector{100, 200, 3}));
+  EXPECT_EQ(pointsOf(":1.8"), none);
   service->clientLeft(":1.8");
   EXPECT_TRUE(read("calibration").boolean("statCalibrate"));
   service->clientLeft(":1.7");
   EXPECT_FALSE(read("calibration").boolean("statCalibrate"));
-  write("calibration", {{"statCalibrate", true}}, ":1.8");
+  EXPECT_EQ(pointsOf(":1.7"), none);
+  EXPECT_EQ(write("calibration", {{"statCalibrate", true}}, ":1.8"), kSuccess);
   service->clientLeft(":1.7");
   EXPECT_TRUE(read("calibration").boolean("statCalibrate"));
+  service->allClientsLeft();
+  EXPECT_FALSE(read("calibration").boolean("statCalibrate"));
+}
+
+TEST_F(Service, EndsACaptureThatNobodyTouchesForAMinute) {
+  plug();
+  write("calibration", {{"statCalibrate", true}});
+  timers.advance(50s);
+  touch(50s, 1, 1);
+  lift(51s);
+  timers.advance(59s);
+  EXPECT_TRUE(read("calibration").boolean("statCalibrate"));
+  timers.advance(1s);
+  EXPECT_FALSE(read("calibration").boolean("statCalibrate"));
+  write("calibration", {{"statCalibrate", true}});
+  service->touchscreenLeft(kUsb);
+  timers.advance(2min);
 }
 
 TEST_F(Service, SharesTheDoubleClickSettingsAndKeepsThem) {

@@ -18,6 +18,7 @@ inline constexpr char kInterfaceVersionError[] = "com.VARNEXO.TouchDriver1.Error
 inline constexpr char kBadArgumentError[] = "com.VARNEXO.TouchDriver1.Error.BadArgument";
 inline constexpr char kUnsupportedError[] = "com.VARNEXO.TouchDriver1.Error.Unsupported";
 inline constexpr char kNoDeviceError[] = "com.VARNEXO.TouchDriver1.Error.NoDevice";
+inline constexpr char kBusyError[] = "com.VARNEXO.TouchDriver1.Error.Busy";
 inline constexpr char kFailedError[] = "com.VARNEXO.TouchDriver1.Error.Failed";
 
 }  // namespace touchpanel::bus_name
