@@ -27,6 +27,7 @@ class NoFiles final : public PropertyListFiles {
     return {};
   }
   Status writeAtomically(const std::string&, const Dictionary&) override { return kErrorNotFound; }
+  Status move(const std::string&, const std::string&) override { return kErrorNotFound; }
 };
 class NoReports final : public Clock, public Diagnostics, public WaitNotice {
  public:

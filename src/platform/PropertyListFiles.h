@@ -31,6 +31,10 @@ class PropertyListFiles {
   /// kErrorNotFound without the directory, kErrorNotPermitted, kErrorNoSpace, kErrorInputOutput;
   /// kErrorUnsupported when what is there cannot be kept.
   virtual Status writeAtomically(const std::string& path, const Dictionary& contents) = 0;
+
+  /// Gives the file at `from` the name `to`, in the same directory, and takes away a file of that name. Errors are
+  /// those of writing; kErrorNotFound also when there is no such file.
+  virtual Status move(const std::string& from, const std::string& to) = 0;
 };
 
 }  // namespace touchpanel

@@ -1,5 +1,8 @@
 #include "touchdriverd/BusObject.h"
 
+#include <functional>
+#include <utility>
+
 #include "contract/DriverProperties.h"
 #include "providers/linux/dbus/BusNames.h"
 #include "providers/linux/dbus/BusValue.h"
@@ -13,26 +16,6 @@ std::vector<sdbus::ObjectPath> pathsOf(const std::vector<RegistryObject>& object
   for (const auto object : objects) paths.emplace_back(busPathOf(object));
   return paths;
 }
-
-void throwUnless(Status status, const std::string& name) {
-  switch (status) {
-    case kSuccess:
-      return;
-    case kErrorBadArgument:
-      throw sdbus::Error(
-          bus_name::kBadArgumentError,
-          "Property \"" + name + "\" was refused: a type, size, range or key is wrong. Nothing is changed.");
-    case kErrorUnsupported:
-      throw sdbus::Error(bus_name::kUnsupportedError,
-                         "This object has no property \"" + name + "\" to write.");
-    case kErrorNoDevice:
-      throw sdbus::Error(bus_name::kNoDeviceError, "The touchscreen is gone.");
-    case kErrorExclusiveAccess:
-      throw sdbus::Error(bus_name::kBusyError, "Another program captures touches of this touchscreen.");
-    default:
-      throw sdbus::Error(bus_name::kFailedError, "Property \"" + name + "\" could not be written.");
-  }
-}
 }  // namespace
 
 std::string busPathOf(RegistryObject object) {
@@ -40,8 +23,12 @@ std::string busPathOf(RegistryObject object) {
 }
 
 BusObject::BusObject(sdbus::IConnection& connection, DriverService& service, BusRoot& root,
-                     RegistryObject object)
-    : AdaptorInterfaces(connection, busPathOf(object)), service_(service), root_(root), handle_(object) {
+                     OpenReplies& replies, RegistryObject object)
+    : AdaptorInterfaces(connection, busPathOf(object)),
+      service_(service),
+      root_(root),
+      replies_(replies),
+      handle_(object) {
   registerAdaptor();
 }
 
@@ -57,17 +44,19 @@ bool BusObject::ConformsTo(const std::string& className) {
 
 std::map<std::string, sdbus::Variant> BusObject::Properties() {
   const auto properties = service_.properties(handle_, client());
-  if (!properties) throwUnless(kErrorNoDevice, "");
+  if (!properties) throw sdbus::Error(bus_name::kNoDeviceError, "The touchscreen is gone.");
   return toBus(*properties);
 }
 
-void BusObject::SetProperty(const std::string& name, const sdbus::Variant& value) {
+void BusObject::SetProperty(sdbus::Result<>&& result, std::string name, sdbus::Variant value) {
   const auto known = fromBus(value);
-  if (!known) throwUnless(kErrorBadArgument, name);
-  throwUnless(service_.setProperty(handle_, name, *known, client()), name);
-  const auto* written = known->get<Dictionary>();
+  const auto* written = known ? known->get<Dictionary>() : nullptr;
   const bool isProbe = written != nullptr && written->empty();
-  if (name != property::kCalibration && !isProbe) root_.announceChange();
+  const auto taken = name == property::kCalibration || isProbe ? std::function<void()>()
+                                                               : [&root = root_] { root.announceChange(); };
+  const auto answer = replies_.answering(std::move(result), name, taken);
+  if (!known) return answer(kErrorBadArgument);
+  service_.setProperty(handle_, name, *known, client(), answer);
 }
 
 std::string BusObject::client() { return getObject().getCurrentlyProcessedMessage()->getSender(); }

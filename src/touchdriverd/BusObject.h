@@ -8,6 +8,7 @@
 #include <sdbus-c++/sdbus-c++.h>
 
 #include "driver/service/DriverService.h"
+#include "touchdriverd/OpenReplies.h"
 
 namespace touchpanel::driver {
 
@@ -19,8 +20,9 @@ class BusRoot;
 /// One object of the service's registry on D-Bus, published for this object's lifetime.
 class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Object_adaptor> {
  public:
-  /// `root` announces what is written; like `service` it is not owned and must live as long.
-  BusObject(sdbus::IConnection& connection, DriverService& service, BusRoot& root, RegistryObject object);
+  /// `root` announces what is written; like the others it is not owned and must live as long.
+  BusObject(sdbus::IConnection& connection, DriverService& service, BusRoot& root, OpenReplies& replies,
+            RegistryObject object);
   ~BusObject();
   BusObject(const BusObject&) = delete;
   BusObject& operator=(const BusObject&) = delete;
@@ -29,13 +31,14 @@ class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDrive
   std::vector<sdbus::ObjectPath> Children() override;
   bool ConformsTo(const std::string& className) override;
   std::map<std::string, sdbus::Variant> Properties() override;
-  void SetProperty(const std::string& name, const sdbus::Variant& value) override;
+  void SetProperty(sdbus::Result<>&& result, std::string name, sdbus::Variant value) override;
   std::string ClassName() override;
   /// Who sent the request that is being answered.
   std::string client();
 
   DriverService& service_;
   BusRoot& root_;
+  OpenReplies& replies_;
   RegistryObject handle_;
 };
 

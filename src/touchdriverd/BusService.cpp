@@ -40,6 +40,7 @@ void BusService::publishAll() {
     message >> client;
     service_.clientLeft(client);
   });
+  replies_ = std::make_unique<OpenReplies>();
   registry_ = std::make_unique<BusRoot>(*connection_, service_);
   service_.setObjectListener(this);
 }
@@ -49,6 +50,7 @@ void BusService::disconnect() {
   service_.allClientsLeft();
   objects_.clear();
   registry_.reset();
+  replies_.reset();
   clients_.reset();
   connection_.reset();
 }
@@ -67,7 +69,8 @@ bool BusService::process() {
 }
 
 void BusService::published(RegistryObject object) {
-  objects_.emplace(object, std::make_unique<BusObject>(*connection_, service_, *registry_, object));
+  objects_.emplace(object,
+                   std::make_unique<BusObject>(*connection_, service_, *registry_, *replies_, object));
   registry_->announceChange();
 }
 

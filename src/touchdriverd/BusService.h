@@ -10,6 +10,7 @@
 #include "platform/OutageReport.h"
 #include "providers/linux/dbus/BusConnection.h"
 #include "touchdriverd/BusObject.h"
+#include "touchdriverd/OpenReplies.h"
 
 namespace touchpanel::driver {
 
@@ -44,6 +45,7 @@ class BusService final : private ObjectListener {
   OutageReport outage_;
   std::unique_ptr<sdbus::IConnection> connection_;
   sdbus::Slot clients_;
+  std::unique_ptr<OpenReplies> replies_;
   std::unique_ptr<BusRoot> registry_;
   std::map<RegistryObject, std::unique_ptr<BusObject>> objects_;
 };

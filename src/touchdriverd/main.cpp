@@ -15,6 +15,7 @@
 #include "providers/linux/input/UdevTouchscreens.h"
 #include "providers/linux/input/UinputDevices.h"
 #include "providers/linux/loop/EventLoop.h"
+#include "providers/linux/loop/ThreadedFileWorker.h"
 #include "touchdriverd/BusLoop.h"
 #include "touchdriverd/BusService.h"
 #include "touchdriverd/Options.h"
@@ -47,7 +48,8 @@ int serve(const Options& options) {
   EventLoop loop;
   loop.stopOn({SIGTERM, SIGINT});
   files::LibplistFiles files;
-  StateStore store(files, options.stateDirectory, diagnostics);
+  ThreadedFileWorker worker(loop);
+  StateStore store(files, worker, options.stateDirectory, diagnostics);
   EvdevInputs inputs(loop, diagnostics);
   UinputDevices pointers;
   UsbCalibrationReader calibrations(loop, details);

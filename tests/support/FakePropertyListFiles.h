@@ -24,6 +24,12 @@ class FakePropertyListFiles final : public PropertyListFiles {
     if (writeStatus == kSuccess) files[path] = contents;
     return writeStatus;
   }
+  Status move(const std::string& from, const std::string& to) override {
+    auto file = files.extract(from);
+    if (file.empty()) return kErrorNotFound;
+    files[to] = std::move(file.mapped());
+    return kSuccess;
+  }
 
   std::map<std::string, Dictionary> files;  ///< readable files by path
   Status readStatus = kErrorNotFound;       ///< of all other files

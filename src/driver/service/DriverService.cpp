@@ -1,5 +1,7 @@
 #include "driver/service/DriverService.h"
 
+#include <utility>
+
 #include "contract/DriverProperties.h"
 
 namespace touchpanel::driver {
@@ -70,13 +72,16 @@ std::optional<Dictionary> DriverService::properties(RegistryObject object, const
   return properties;
 }
 
-Status DriverService::setProperty(RegistryObject object, std::string_view name, const Value& value,
-                                  const std::string& client) {
+void DriverService::setProperty(RegistryObject object, std::string_view name, const Value& value,
+                                const std::string& client, StateStore::Done done) {
   auto* instance = instanceOf(object);
-  if (instance && captures_.refuses(client, *instance, name, value)) return kErrorExclusiveAccess;
+  if (instance && captures_.refuses(client, *instance, name, value)) return done(kErrorExclusiveAccess);
+  const auto savesBefore = store_.saves();
   const auto status = registry_.setProperty(object, name, value);
-  if (status == kSuccess && instance) captures_.written(client, *instance);
-  return status;
+  if (status != kSuccess) return done(status);
+  if (instance) captures_.written(client, *instance);
+  if (store_.saves() == savesBefore) return done(kSuccess);
+  store_.whenDurable(std::move(done));
 }
 
 }  // namespace touchpanel::driver

@@ -38,10 +38,11 @@ class DriverService final : public TouchscreenListener {
   /// The properties of `object` as `client` may see them, a name that no other client ever has: captured points
   /// only where the capture is its own. Nothing when the object is gone.
   std::optional<Dictionary> properties(RegistryObject object, const std::string& client);
-  /// A property write by `client`. Beside the errors of the registry: kErrorExclusiveAccess for the capture of
-  /// another client.
-  Status setProperty(RegistryObject object, std::string_view name, const Value& value,
-                     const std::string& client);
+  /// A property write by `client`. `done` gets the status of a refused write, and of one that is to be kept once it
+  /// is on disk. Beside the errors of the registry: kErrorExclusiveAccess for the capture of another client;
+  /// kErrorNoSpace, kErrorNotPermitted, kErrorInputOutput or kErrorNotFound when it is in force, but not saved.
+  void setProperty(RegistryObject object, std::string_view name, const Value& value,
+                   const std::string& client, StateStore::Done done);
   /// The client is gone: ends its calibration run.
   void clientLeft(const std::string& client) { captures_.clientLeft(client); }
   /// Clients cannot be told apart from those before any more.

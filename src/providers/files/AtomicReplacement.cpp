@@ -11,7 +11,8 @@ namespace touchpanel::files {
 
 namespace {
 
-constexpr mode_t kPermissionBits = 07777;
+/// A file of data never runs, and for nobody else than it did.
+constexpr mode_t kPermissionBits = 0666;
 
 std::string directoryOf(const std::string& path) {
   const auto slash = path.rfind('/');

@@ -9,8 +9,8 @@
 namespace touchpanel::files {
 
 /// Replaces the file at `path` by one that holds `contents`, so that a reader sees the old or the new file
-/// and never a mixture, also after a power cut. Keeps the permissions of an existing file; a new one gets
-/// those of the process's umask. Blocks until the disk has the data. When any step failed the old
+/// and never a mixture, also after a power cut. Keeps who may read and write
+/// an existing file, and no other mode bit; a new one gets the permissions of the process's umask. Blocks until the disk has the data. When any step failed the old
 /// file, or none, is there, and the temporary file is gone. Only a process killed in the middle can
 /// leave one behind, as ".<name>.<process id>.<n>.tmp" in the same directory.
 ///

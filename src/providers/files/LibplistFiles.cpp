@@ -5,6 +5,7 @@
 #include "providers/files/AtomicReplacement.h"
 #include "providers/files/BoundedRead.h"
 #include "providers/files/DecodingLimits.h"
+#include "providers/files/FileStatus.h"
 #include "providers/files/PropertyListCoding.h"
 #include "providers/files/UnreadableBackup.h"
 
@@ -37,6 +38,10 @@ Status LibplistFiles::writeAtomically(const std::string& path, const Dictionary&
   const auto written = replaceAtomically(path, encodePropertyList(contents), calls_);
   if (written == kSuccess) backup.keep();
   return written;
+}
+
+Status LibplistFiles::move(const std::string& from, const std::string& to) {
+  return calls_.rename(from, to) == 0 ? kSuccess : statusOfErrno();
 }
 
 }  // namespace touchpanel::files

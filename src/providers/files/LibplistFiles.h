@@ -23,6 +23,7 @@ class LibplistFiles final : public PropertyListFiles {
   using PropertyListFiles::read;
   std::optional<Dictionary> read(const std::string& path, Status& status) override;
   Status writeAtomically(const std::string& path, const Dictionary& contents) override;
+  Status move(const std::string& from, const std::string& to) override;
 
  private:
   FileCalls ownCalls_;

@@ -16,6 +16,7 @@ class OwnDirectoryFiles final : public PropertyListFiles {
     return files_.read(path, status);
   }
   Status writeAtomically(const std::string& path, const Dictionary& contents) override;
+  Status move(const std::string& from, const std::string& to) override { return files_.move(from, to); }
 
  private:
   PropertyListFiles& files_;

@@ -9,7 +9,7 @@ namespace touchpanel::files {
 
 namespace {
 constexpr std::size_t kLargestCopy = 1U << 26U;
-constexpr mode_t kPermissionBits = 0777;
+constexpr mode_t kPermissionBits = 0666;
 }  // namespace
 
 UnreadableBackup::UnreadableBackup(const std::string& path, FileCalls& calls) : status_(copy(path, calls)) {}

@@ -3,6 +3,7 @@
 
 #include "contract/DriverProperties.h"
 #include "driver/service/DriverService.h"
+#include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
 #include "support/RecordingDiagnostics.h"
@@ -23,7 +24,7 @@ class Service : public ::testing::Test {
   /// The process ends without a word, and another one starts.
   void start() {
     service.reset();
-    store = std::make_unique<driver::StateStore>(files, "/state", diagnostics);
+    store = std::make_unique<driver::StateStore>(files, worker, "/state", diagnostics);
     service = std::make_unique<driver::DriverService>(
         driver::ServicePorts{inputs, pointers, timers, reader, diagnostics}, *store);
   }
@@ -33,7 +34,13 @@ class Service : public ::testing::Test {
   }
   RegistryObject object() { return service->registry().instancesOf(class_name::kTouchDriver).at(0); }
   Status write(std::string_view name, Dictionary value, const std::string& client = ":1.1") {
-    return service->setProperty(object(), name, std::move(value), client);
+    return write(object(), name, std::move(value), client);
+  }
+  Status write(RegistryObject to, std::string_view name, const Value& value, const std::string& client) {
+    std::optional<Status> answer;
+    service->setProperty(to, name, value, client, [&](Status status) { answer = status; });
+    worker.finish();
+    return answer.value();
   }
   Dictionary read(const char* name) { return *service->registry().properties(object())->dictionary(name); }
   void touch(std::chrono::milliseconds at, std::int32_t x, std::int32_t y) {
@@ -52,6 +59,7 @@ class Service : public ::testing::Test {
   FakeCalibrationReader reader;
   RecordingDiagnostics diagnostics;
   FakePropertyListFiles files;
+  FakeFileWorker worker;
   std::unique_ptr<driver::StateStore> store;
   std::unique_ptr<driver::DriverService> service;
 };
@@ -62,7 +70,7 @@ TEST_F(Service, LetsGoOfATouchscreenThatLeavesAndNeverReusesAHandle) {
   EXPECT_EQ(object(), 256U);
   service->touchscreenLeft(kUsb);
   service->touchscreenLeft(kUsb);
-  EXPECT_EQ(service->setProperty(256, "calibration", Dictionary{}, ":1.1"), kErrorNoDevice);
+  EXPECT_EQ(write(256, "calibration", Dictionary{}, ":1.1"), kErrorNoDevice);
   EXPECT_FALSE(inputs.nodes[kNode].held);
   EXPECT_FALSE(pointer().exists);
   plug();
@@ -179,7 +187,7 @@ TEST_F(Service, SavesWhatChangesAndSaysOnceThatItCannot) {
       {kErrorNoSpace, 1}, {kErrorNoSpace, 1}, {kSuccess, 2}, {kSuccess, 2}, {kErrorNoSpace, 3}};
   for (const auto& [status, lines] : attempts) {
     files.writeStatus = status;
-    EXPECT_EQ(write("configration", {{"mode", files.writeAttempts % 2}}), kSuccess);
+    EXPECT_EQ(write("configration", {{"mode", files.writeAttempts % 2}}), status);
     EXPECT_EQ(diagnostics.lines.size(), lines);
   }
   EXPECT_EQ(files.writeAttempts, 5);
@@ -287,7 +295,7 @@ TEST_F(Service, SharesTheDoubleClickSettingsAndKeepsThem) {
   const auto systems = service->registry().instancesOf(class_name::kHidSystem);
   ASSERT_EQ(systems.size(), 2U);
   const auto set = [&](RegistryObject system, const char* name, const Value& value) {
-    return service->setProperty(system, name, value, ":1.1");
+    return write(system, name, value, ":1.1");
   };
   const auto parameters = [&] {
     return *service->registry().properties(object() + 2)->dictionary("HIDParameters");

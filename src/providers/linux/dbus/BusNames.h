@@ -19,6 +19,7 @@ inline constexpr char kBadArgumentError[] = "com.VARNEXO.TouchDriver1.Error.BadA
 inline constexpr char kUnsupportedError[] = "com.VARNEXO.TouchDriver1.Error.Unsupported";
 inline constexpr char kNoDeviceError[] = "com.VARNEXO.TouchDriver1.Error.NoDevice";
 inline constexpr char kBusyError[] = "com.VARNEXO.TouchDriver1.Error.Busy";
+inline constexpr char kNotSavedError[] = "com.VARNEXO.TouchDriver1.Error.NotSaved";
 inline constexpr char kFailedError[] = "com.VARNEXO.TouchDriver1.Error.Failed";
 
 }  // namespace touchpanel::bus_name

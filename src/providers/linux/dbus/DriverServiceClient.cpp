@@ -41,6 +41,7 @@ constexpr std::array kMeanings = {
     Meaning{bus_name::kUnsupportedError, kErrorUnsupported},
     Meaning{bus_name::kNoDeviceError, kErrorNoDevice},
     Meaning{bus_name::kBusyError, kErrorExclusiveAccess},
+    Meaning{bus_name::kNotSavedError, kErrorNoSpace},
     Meaning{bus_name::kInterfaceVersionError, kErrorUnsupported},
     Meaning{"org.freedesktop.DBus.Error.UnknownObject", kErrorNoDevice},
     Meaning{"org.freedesktop.DBus.Error.UnknownInterface", kErrorUnsupported},

@@ -13,6 +13,7 @@
 #include "driver/service/DriverService.h"
 #include "providers/linux/dbus/DriverServiceClient.h"
 #include "providers/linux/loop/FileDescriptor.h"
+#include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
 #include "support/PrivateBus.h"
@@ -67,6 +68,7 @@ class ServedDrivers {
       {
         const std::lock_guard lock(mutex_);
         connected_ = connected_ && bus_.process();
+        worker_.finish();
         if (connected_) {
           const auto data = bus_.pollData();
           waited[1] = {data.fd, data.events, 0};
@@ -84,7 +86,8 @@ class ServedDrivers {
   FakeTimers timers_;
   FakeCalibrationReader reader_;
   FakePropertyListFiles files_;
-  driver::StateStore store_{files_, "/state", diagnostics};
+  FakeFileWorker worker_;
+  driver::StateStore store_{files_, worker_, "/state", diagnostics};
   DriverService service_{{inputs_, pointers_, timers_, reader_, diagnostics}, store_};
   driver::BusService bus_{service_, Bus::Session, bus_name::kDevelopmentService, diagnostics};
   FileDescriptor wake_{::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};

@@ -6,6 +6,7 @@
 #include "driver/service/DriverService.h"
 #include "providers/linux/input/UdevTouchscreens.h"
 #include "providers/linux/loop/EventLoop.h"
+#include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
 #include "support/MockUsbBus.h"
@@ -36,7 +37,8 @@ TEST(TouchscreensOnMockBus, ArePublishedAtOnceReadOutAndWithdrawnUnlessOfAnother
   FakePointerDevices pointers;
   RecordingDiagnostics diagnostics;
   FakePropertyListFiles files;
-  driver::StateStore store{files, "/state", diagnostics};
+  FakeFileWorker worker;
+  driver::StateStore store{files, worker, "/state", diagnostics};
   RecordingDiagnostics details;
   driver::UsbCalibrationReader reader{loop, details};
   driver::DriverService service{{inputs, pointers, loop, reader, diagnostics}, store};
