@@ -76,7 +76,7 @@ void UdevTouchscreens::enumerate() {
 void UdevTouchscreens::withdrawAllBut(const std::set<std::string>& present) {
   for (const auto& [node, place] : std::map(nodes_))
     if (!present.contains(place)) nodeLeft(node);
-  for (const auto& [place, number] : std::map(touchscreens_))
+  for (const auto& [place, stay] : std::map(touchscreens_))
     if (!present.contains(place)) touchscreenLeft(place);
 }
 
@@ -110,11 +110,11 @@ void UdevTouchscreens::touchscreenArrived(udev_device* device) {
   const auto location = locationIdFromKernelName(text(udev_device_get_sysname(device)));
   if (!location) return;
   const std::string place = udev_device_get_syspath(device);
-  const auto number = udev_device_get_devnum(device);
-  if (const auto [known, isNew] = touchscreens_.emplace(place, number); !isNew) {
-    if (known->second == number) return;
+  const std::string stay(text(udev_device_get_devnode(device)));
+  if (const auto [known, isNew] = touchscreens_.emplace(place, stay); !isNew) {
+    if (known->second == stay) return;
     touchscreenLeft(place);
-    touchscreens_[place] = number;
+    touchscreens_[place] = stay;
   }
   diagnostics_.line("Touchscreen at " + place);
   listener_.touchscreenArrived(
@@ -138,10 +138,10 @@ void UdevTouchscreens::nodeArrived(udev_device* device) {
 void UdevTouchscreens::left(udev_device* device) {
   // An event of a device whose place or node another one has taken meanwhile says nothing about that one.
   const std::string place = udev_device_get_syspath(device);
+  const std::string deviceNode(text(udev_device_get_devnode(device)));
   const auto touchscreen = touchscreens_.find(place);
-  if (touchscreen != touchscreens_.end() && touchscreen->second == udev_device_get_devnum(device))
-    touchscreenLeft(place);
-  const auto node = nodes_.find(std::string(text(udev_device_get_devnode(device))));
+  if (touchscreen != touchscreens_.end() && touchscreen->second == deviceNode) touchscreenLeft(place);
+  const auto node = nodes_.find(deviceNode);
   if (node != nodes_.end() && node->second == place) nodeLeft(std::string(node->first));
 }
 

@@ -5,8 +5,6 @@
 #include <set>
 #include <string>
 
-#include <sys/types.h>
-
 #include "platform/Diagnostics.h"
 #include "platform/TouchscreenListener.h"
 #include "providers/linux/loop/EventLoop.h"
@@ -48,8 +46,9 @@ class UdevTouchscreens {
     void operator()(udev_enumerate* enumeration) const;
     void operator()(udev_device* device) const;
   };
-  std::map<std::string, dev_t> touchscreens_;  ///< reported: place in the device tree, device number
-  std::map<std::string, std::string> nodes_;   ///< reported: node, its own place in the device tree
+  std::map<std::string, std::string>
+      touchscreens_;                          ///< reported: place in the device tree, USB node of this stay
+  std::map<std::string, std::string> nodes_;  ///< reported: input node, its own place in the device tree
   std::unique_ptr<udev, Unref> udev_;
   std::unique_ptr<udev_monitor, Unref> monitor_;
   std::unique_ptr<EventLoop::Watch> watch_;

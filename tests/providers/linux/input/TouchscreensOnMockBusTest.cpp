@@ -1,5 +1,10 @@
 // udev and libusb for real, on a mock USB bus with the firmware model behind it.
+#include <cerrno>
+#include <set>
+
+#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 
 #include "contract/DriverProperties.h"
 #include "contract/LocationId.h"
@@ -12,6 +17,19 @@
 #include "support/MockUsbBus.h"
 #include "support/RecordingDiagnostics.h"
 #include "touchdriverd/UsbCalibrationReader.h"
+
+namespace {
+/// While true, udev's events get lost as when their socket is full.
+bool eventsAreLost = false;
+}  // namespace
+
+extern "C" ssize_t recvmsg(int socket, msghdr* message, int flags) {
+  static const auto real = reinterpret_cast<decltype(&recvmsg)>(dlsym(RTLD_NEXT, "recvmsg"));
+  const auto received = real(socket, message, flags);
+  if (received < 0 || !eventsAreLost) return received;
+  errno = ENOBUFS;
+  return -1;
+}
 
 namespace touchpanel::testing {
 namespace {
@@ -67,6 +85,42 @@ TEST(TouchscreensOnMockBus, ArePublishedAtOnceReadOutAndWithdrawnUnlessOfAnother
   EXPECT_TRUE(diagnostics.lines.empty());
   bus.unplug("1-2");
   EXPECT_TRUE(happens([&] { return drivers().size() == 1; }));
+}
+
+/// Keeps which touchscreens are there, by the end of their place.
+struct Attendance final : TouchscreenListener {
+  void touchscreenArrived(const std::string& device, const TouchscreenIdentity&) override {
+    ++arrivals;
+    EXPECT_TRUE(there.insert(device.substr(device.rfind('/') + 1)).second);
+  }
+  void touchscreenLeft(const std::string& device) override {
+    EXPECT_EQ(there.erase(device.substr(device.rfind('/') + 1)), 1U);
+  }
+  void nodeArrived(const std::string&, const std::string&) override {}
+  void nodeLeft(const std::string&) override {}
+
+  std::set<std::string> there;
+  int arrivals = 0;
+};
+
+TEST(TouchscreensOnMockBus, AreFoundAndMissedThoughUdevLostTheEvents) {
+  MockUsbBus bus;
+  Firmware firmware(firmware::exampleDevice(DeviceKind::Infrared));
+  for (const char* socket : {"1-1", "1-2", "1-3"}) bus.plugIn(socket, firmware);
+  EventLoop loop;
+  Attendance attendance;
+  RecordingDiagnostics details;
+  const UdevTouchscreens touchscreens{loop, attendance, details};
+  bus.unplug("1-1");
+  bus.unplug("1-2");
+  bus.plugIn("1-2", firmware);
+  bus.plugIn("1-4", firmware);
+  eventsAreLost = true;
+  const auto end = loop.now() + std::chrono::seconds(20);
+  while (attendance.arrivals < 5 && loop.now() < end) loop.runOnce(std::chrono::milliseconds(100));
+  eventsAreLost = false;
+  EXPECT_EQ(attendance.there, (std::set<std::string>{"1-2", "1-3", "1-4"}));
+  EXPECT_EQ(attendance.arrivals, 5) << "the second one is another touchscreen in the same place";
 }
 
 }  // namespace
