@@ -47,6 +47,9 @@ class Validated(unittest.TestCase):
     def test_metainfo(self):
         self.accepted("appstreamcli", "validate", "--no-net", PACKAGING / "com.varnexo.touchpanel.metainfo.xml")
 
+    def test_quirks(self):
+        self.accepted("libinput", "quirks", "validate", "--data-dir", PACKAGING / "quirks")
+
     def test_unit_is_sound_and_hardened(self):
         with tempfile.TemporaryDirectory() as directory:
             unit = pathlib.Path(directory) / "touchdriverd.service"
