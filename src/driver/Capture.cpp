@@ -8,6 +8,11 @@
 namespace touchpanel::driver {
 namespace {
 
+std::uint64_t packed(const CapturedPoint& point) {
+  return static_cast<std::uint64_t>(point.pointId) << 32U | static_cast<std::uint64_t>(point.y) << 16U |
+         static_cast<std::uint64_t>(point.x);
+}
+
 bool isDrag(const Contact& from, const Contact& to) {
   constexpr std::int32_t kReach = kLogicalMaximum / 4;
   return std::abs(to.x - from.x) > kReach || std::abs(to.y - from.y) > kReach;
@@ -18,7 +23,7 @@ bool isDrag(const Contact& from, const Contact& to) {
 void Capture::start() {
   active_ = true;
   expected_ = 0;
-  last_ = {};
+  last_.store(0, std::memory_order_release);
   finger_.reset();
 }
 
@@ -32,7 +37,7 @@ void Capture::observe(const RawFrame& frame) {
 
 void Capture::publish(const Contact& contact) {
   // A reader takes a 0 for "no touch yet"; a touch at the very edge moves by one unit instead of being lost.
-  last_ = {std::max(contact.x, 1), std::max(contact.y, 1), expected_};
+  last_.store(packed({std::max(contact.x, 1), std::max(contact.y, 1), expected_}), std::memory_order_release);
   expected_ = std::min(expected_ + 1, calibration_limit::kMaximumPointId);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 
 #include "driver/PrimaryFinger.h"
@@ -33,14 +34,19 @@ class Capture {
   /// Ignores the fingers that are down now.
   void dropTouch() { finger_.reset(); }
 
-  const CapturedPoint& last() const { return last_; }
+  /// Safe from any thread.
+  CapturedPoint last() const {
+    const auto packed = last_.load(std::memory_order_acquire);
+    return {static_cast<std::int32_t>(packed & 0xFFFFU), static_cast<std::int32_t>(packed >> 16U & 0xFFFFU),
+            static_cast<std::int32_t>(packed >> 32U)};
+  }
 
  private:
   void publish(const Contact& contact);
 
   bool active_ = false;
   std::int32_t expected_ = 0;
-  CapturedPoint last_;
+  std::atomic<std::uint64_t> last_ = 0;  ///< x, y and pointId from the lowest bit up: 16, 16 and 32 bits
   PrimaryFinger finger_;
   Contact landing_;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "contract/DriverProperties.h"
+
 namespace touchpanel::driver {
 
 namespace {
@@ -41,6 +43,11 @@ void TouchPipeline::configure(const TouchSettings& settings) {
   sensitivity_.configure(settings);
   smoothing_.configure(settings);
   pointer_.configure(settings);
+}
+
+void TouchPipeline::setDoubleClick(std::chrono::milliseconds time, std::int32_t area) {
+  pointer_.setDoubleClick(std::max(time, std::chrono::milliseconds(0)),
+                          std::clamp(area, 0, configration_limit::kMaximumArea));
 }
 
 void TouchPipeline::startCapture() {

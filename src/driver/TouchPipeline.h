@@ -40,9 +40,8 @@ class TouchPipeline {
   void configure(const MonitorPlacement& placement) {
     if (output_.place(placement.pointer, placement.touch)) endTouch();
   }
-  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) {
-    pointer_.setDoubleClick(time, area);
-  }
+  /// Values out of range act as the nearest within.
+  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area);
   void startCapture();
   void stopCapture();
   void expectPoint(std::int32_t pointId) { capture_.expect(pointId); }

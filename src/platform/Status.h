@@ -25,5 +25,7 @@ inline constexpr Status kErrorInputOutput = static_cast<Status>(0xE000000CU);
 /// What serves an object does not answer; the object may well be there.
 inline constexpr Status kErrorNotResponding = static_cast<Status>(0xE000000DU);
 inline constexpr Status kErrorNoSpace = static_cast<Status>(0xE000000EU);
+/// In use just now, and free again by itself.
+inline constexpr Status kErrorBusy = static_cast<Status>(0xE000000FU);
 
 }  // namespace touchpanel

@@ -16,6 +16,7 @@
 #include "providers/linux/input/UinputDevices.h"
 #include "providers/linux/loop/EventLoop.h"
 #include "providers/linux/loop/ThreadedFileWorker.h"
+#include "providers/linux/loop/TouchLoop.h"
 #include "touchdriverd/BusLoop.h"
 #include "touchdriverd/BusService.h"
 #include "touchdriverd/Options.h"
@@ -50,10 +51,11 @@ int serve(const Options& options) {
   files::LibplistFiles files;
   ThreadedFileWorker worker(loop);
   StateStore store(files, worker, options.stateDirectory, diagnostics);
-  EvdevInputs inputs(loop, diagnostics);
-  UinputDevices pointers;
+  TouchLoop touches;
+  EvdevInputs inputs(touches, loop, diagnostics);
+  UinputDevices outputs;
   UsbCalibrationReader calibrations(loop, details);
-  DriverService service({inputs, pointers, loop, calibrations, diagnostics}, store);
+  DriverService service({touches, inputs, outputs, loop, loop, calibrations, diagnostics}, store);
   UdevTouchscreens touchscreens(loop, service, details);
   BusService bus(service, options.bus,
                  options.bus == Bus::System ? bus_name::kService : bus_name::kDevelopmentService,

@@ -8,19 +8,42 @@
 #include <gtest/gtest.h>
 
 #include "driver/service/CalibrationReader.h"
-#include "platform/PointerDevices.h"
+#include "platform/Notices.h"
+#include "platform/OutputDevices.h"
 #include "platform/Timers.h"
 #include "platform/TouchInputs.h"
+#include "platform/TouchThread.h"
 
 // Doubles of the ports that the driver service stands on.
 namespace touchpanel::testing {
+
+/// The touch thread is the test's own.
+class FakeTouchThread final : public TouchThread {
+ public:
+  void run(const std::function<void()>& call) override { call(); }
+};
+
+/// Notices that are given at once.
+class FakeNotices final : public Notices {
+ public:
+  std::unique_ptr<Notice> createNotice(std::function<void()> callback) override {
+    return std::make_unique<Immediate>(std::move(callback));
+  }
+
+ private:
+  struct Immediate final : Notice {
+    explicit Immediate(std::function<void()> call) : callback(std::move(call)) {}
+    void give() override { callback(); }
+    std::function<void()> callback;
+  };
+};
 
 /// Input nodes by path, whose touches the test makes up.
 class FakeTouchInputs final : public TouchInputs {
  public:
   struct Node {
     Status openResult = kSuccess;
-    bool touches = true;
+    InputReports reports = InputReports::MultiTouchB;
     bool held = false;
     int attempts = 0;
     FrameListener* listener = nullptr;
@@ -33,7 +56,14 @@ class FakeTouchInputs final : public TouchInputs {
     return node.openResult;
   }
   void touch(const std::string& path, const RawFrame& frame) {
+    tick(frame.time);
     if (nodes[path].listener) nodes[path].listener->frame(frame);
+  }
+  /// What is due by then happens.
+  void tick(std::chrono::microseconds now) {
+    for (auto& [path, node] : nodes)
+      while (node.listener && node.listener->nextDeadline() && *node.listener->nextDeadline() <= now)
+        node.listener->tick(*node.listener->nextDeadline());
   }
 
   std::map<std::string, Node> nodes;
@@ -45,43 +75,51 @@ class FakeTouchInputs final : public TouchInputs {
       node.held = false;
       node.listener = nullptr;
     }
-    bool reportsTouches() const override { return node.touches; }
-    void listen(FrameListener& listener) override { node.listener = &listener; }
+    InputReports reports() const override { return node.reports; }
+    void listen(FrameListener* listener) override { node.listener = listener; }
     Node& node;
   };
 };
 
-/// Pointer devices by location, with what was written to each.
-class FakePointerDevices final : public PointerDevices {
+/// Devices for the desktop by location, with what was written to each kind.
+class FakeOutputDevices final : public OutputDevices {
  public:
   struct Device {
-    bool exists = false;
-    bool multiTouch = false;
+    bool pointer = false;
+    bool touch = false;
+    OutputDescription description;  ///< of the one made last
     Status writeResult = kSuccess;
-    std::vector<OutputFrame> frames;
+    std::vector<OutputFrame> frames;   ///< to the pointer
+    std::vector<OutputFrame> touches;  ///< to the touch device
   };
 
-  Status create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) override {
-    if (createResult == kSuccess) device = std::make_unique<Pointer>(devices[identity.locationId]);
-    return createResult;
+  Status create(const OutputDescription& description, std::unique_ptr<OutputDevice>& device) override {
+    if (createResult != kSuccess) return createResult;
+    auto& of = devices[description.touchscreen.locationId];
+    of.description = description;
+    if (description.kind == OutputKind::Pointer)
+      device = std::make_unique<Output>(of, of.pointer, of.frames);
+    else
+      device = std::make_unique<Output>(of, of.touch, of.touches);
+    return kSuccess;
   }
 
   Status createResult = kSuccess;
   std::map<std::uint32_t, Device> devices;
 
  private:
-  struct Pointer final : PointerDevice {
-    explicit Pointer(Device& of) : device(of) { device.exists = true; }
-    ~Pointer() override { device.exists = device.multiTouch = false; }
+  struct Output final : OutputDevice {
+    Output(Device& of, bool& there, std::vector<OutputFrame>& to) : device(of), exists(there), frames(to) {
+      exists = true;
+    }
+    ~Output() override { exists = false; }
     Status write(const OutputFrame& frame) override {
-      if (device.writeResult == kSuccess) device.frames.push_back(frame);
+      if (device.writeResult == kSuccess) frames.push_back(frame);
       return device.writeResult;
     }
-    Status setMultiTouch(bool wanted) override {
-      device.multiTouch = wanted;
-      return kSuccess;
-    }
     Device& device;
+    bool& exists;
+    std::vector<OutputFrame>& frames;
   };
 };
 

@@ -1,6 +1,8 @@
 #include "driver/service/TouchscreenDevices.h"
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "platform/HexText.h"
 
@@ -8,6 +10,8 @@ namespace touchpanel::driver {
 
 namespace {
 constexpr std::chrono::seconds kRetryInterval{1};
+/// In which every desktop has taken a new device up.
+constexpr std::chrono::seconds kTakingUp{1};
 
 std::string describe(Status status) {
   switch (status) {
@@ -24,106 +28,118 @@ std::string describe(Status status) {
 
 }  // namespace
 
-TouchscreenDevices::TouchscreenDevices(const TouchscreenIdentity& identity, TouchInputs& inputs,
-                                       PointerDevices& pointers, Timers& timers, Diagnostics& diagnostics,
-                                       FrameListener& frames)
+TouchscreenDevices::TouchscreenDevices(const TouchscreenIdentity& identity, const ServicePorts& ports,
+                                       TouchChain& chain, std::function<void()> settled)
     : identity_(identity),
-      inputs_(inputs),
-      pointers_(pointers),
-      timers_(timers),
-      frames_(frames),
-      pointerOutage_(diagnostics),
-      grabOutage_(diagnostics),
-      retry_(timers.create([this] { attach(); })) {
-  attach();
-}
+      ports_(ports),
+      chain_(chain),
+      settled_(std::move(settled)),
+      outputOutage_(ports.diagnostics),
+      grabOutage_(ports.diagnostics),
+      pointer_(OutputKind::Pointer, ports.outputs, chain),
+      touch_(OutputKind::Touch, ports.outputs, chain),
+      retry_(ports.timers.create([this] { attach(); })),
+      settling_(ports.timers.create([this] { settle(); })) {}
+
+std::string TouchscreenDevices::name() const { return "Touchscreen " + hexText(identity_.locationId); }
 
 void TouchscreenDevices::addNode(const std::string& path) {
   nodes_.push_back({path, false, nullptr});
   attach();
 }
 
-bool TouchscreenDevices::removeNode(const std::string& path) {
+void TouchscreenDevices::removeNode(const std::string& path) {
   const auto found =
       std::find_if(nodes_.begin(), nodes_.end(), [&](const Node& node) { return node.path == path; });
-  if (found == nodes_.end()) return false;
-  const bool wasSource = source_ && found->input.get() == source_;
+  if (found == nodes_.end()) return;
+  if (found->input && found->input.get() == source_) dropSource();
   nodes_.erase(found);
-  if (!wasSource) return false;
-  source_ = nullptr;
   chooseSource();
-  return true;
 }
 
-void TouchscreenDevices::setMultiTouch(bool wanted) {
-  multiTouch_ = wanted;
-  if (!pointer_) return;
-  if (const auto status = pointer_->setMultiTouch(wanted); status != kSuccess) pointerFailed(status);
+void TouchscreenDevices::want(const WantedDevices& wanted) {
+  const auto describe = [&](OutputKind kind, AxisResolution resolution) {
+    return OutputDescription{identity_, kind, resolution};
+  };
+  pointer_.want(wanted.pointer ? std::optional(describe(OutputKind::Pointer, wanted.pointerResolution))
+                               : std::nullopt);
+  touch_.want(wanted.touch ? std::optional(describe(OutputKind::Touch, wanted.touchResolution)) : std::nullopt);
+  attach();
 }
 
-void TouchscreenDevices::write(const OutputFrame& frame) {
-  if (!pointer_ || pointerBroken_) return;
-  if (const auto status = pointer_->write(frame); status != kSuccess) pointerFailed(status);
-}
+void TouchscreenDevices::deviceFailed() { retry_->arm(ports_.timers.now() + kRetryInterval); }
 
-void TouchscreenDevices::pointerFailed(Status status) {
-  // Called from inside a frame of an input that must not be closed now: the retry makes a new device.
-  pointerBroken_ = true;
-  pointerOutage_.begin("Touchscreen " + hexText(identity_.locationId) + ": the pointer device fails, " +
-                       describe(status) + ".");
-  retry_->arm(timers_.now() + kRetryInterval);
+void TouchscreenDevices::settle() {
+  pointer_.settle();
+  touch_.settle();
+  settled_();
 }
 
 void TouchscreenDevices::attach() {
-  bool all = makePointer();
+  bool all = makeOutputs();
   if (all)
     for (auto& node : nodes_) all = grab(node) && all;
-  if (all) grabOutage_.end("Touchscreen " + hexText(identity_.locationId) + ": its input is ours again.");
+  if (all) grabOutage_.end(name() + ": its input is ours again.");
   chooseSource();
   if (all)
     retry_->disarm();
   else
-    retry_->arm(timers_.now() + kRetryInterval);
+    retry_->arm(ports_.timers.now() + kRetryInterval);
+  if (areSettled())
+    settling_->disarm();
+  else
+    settling_->arm(ports_.timers.now() + kTakingUp);
 }
 
-bool TouchscreenDevices::makePointer() {
-  if (pointerBroken_) pointer_.reset();
-  pointerBroken_ = false;
-  if (pointer_) return true;
-  auto status = pointers_.create(identity_, pointer_);
-  if (status == kSuccess) status = pointer_->setMultiTouch(multiTouch_);
-  if (status == kSuccess) {
-    pointerOutage_.end("Touchscreen " + hexText(identity_.locationId) + ": the pointer device is there now.");
-    return true;
+bool TouchscreenDevices::makeOutputs() {
+  for (auto* slot : std::array{&pointer_, &touch_}) {
+    const auto status = slot->prepare();
+    if (status == kSuccess) continue;
+    dropSource();
+    for (auto& node : nodes_) node.input.reset();
+    pointer_.clear();
+    touch_.clear();
+    outputOutage_.begin(name() + ": no device for the desktop can be made, " + describe(status) +
+                        ". Its touches stay raw.");
+    return false;
   }
-  pointer_.reset();
-  source_ = nullptr;
-  for (auto& node : nodes_) node.input.reset();
-  pointerOutage_.begin("Touchscreen " + hexText(identity_.locationId) + ": no pointer device can be made, " +
-                       describe(status) + ". Its touches stay raw.");
-  return false;
+  outputOutage_.end(name() + ": its device for the desktop is there now.");
+  return true;
 }
 
 bool TouchscreenDevices::grab(Node& node) {
   if (node.input || node.refused) return true;
-  const auto status = inputs_.open(node.path, node.input);
+  const auto status = ports_.inputs.open(node.path, node.input);
   if (status == kSuccess) return true;
   node.input.reset();
   node.refused = status == kErrorUnsupported;
-  if (node.refused) return true;
-  grabOutage_.begin("Touchscreen " + hexText(identity_.locationId) + ": " + node.path + " cannot be taken, " +
-                    describe(status) + ".");
+  if (node.refused) {
+    ports_.diagnostics.line(name() + ": " + node.path +
+                            " is nothing to touch with and is left to the desktop.");
+    return true;
+  }
+  if (status != kErrorBusy)
+    grabOutage_.begin(name() + ": " + node.path + " cannot be taken, " + describe(status) + ".");
   return false;
 }
 
 void TouchscreenDevices::chooseSource() {
-  if (source_) return;
-  for (const auto& node : nodes_) {
-    if (!node.input || !node.input->reportsTouches()) continue;
-    source_ = node.input.get();
-    node.input->listen(frames_);
-    return;
-  }
+  TouchInput* best = nullptr;
+  for (const auto& node : nodes_)
+    if (node.input && node.input->reports() != InputReports::Nothing &&
+        (!best || node.input->reports() > best->reports()))
+      best = node.input.get();
+  if (best == source_) return;
+  dropSource();
+  source_ = best;
+  source_->listen(&chain_);
+}
+
+void TouchscreenDevices::dropSource() {
+  if (!source_) return;
+  source_->listen(nullptr);
+  source_ = nullptr;
+  chain_.change([](TouchPipeline& pipeline) { pipeline.releaseAll(); });
 }
 
 }  // namespace touchpanel::driver

@@ -26,7 +26,7 @@ class Service : public ::testing::Test {
     service.reset();
     store = std::make_unique<driver::StateStore>(files, worker, "/state", diagnostics);
     service = std::make_unique<driver::DriverService>(
-        driver::ServicePorts{inputs, pointers, timers, reader, diagnostics}, *store);
+        driver::ServicePorts{touches, inputs, outputs, timers, notices, reader, diagnostics}, *store);
   }
   void plug(std::uint16_t product = kProductConfigurationOnly) {
     service->touchscreenArrived(kUsb, {kHere, product});
@@ -51,11 +51,13 @@ class Service : public ::testing::Test {
     timers.time = at;
     inputs.touch(kNode, {at, 0, {}});
   }
-  FakePointerDevices::Device& pointer() { return pointers.devices[kHere]; }
+  FakeOutputDevices::Device& output() { return outputs.devices[kHere]; }
 
+  FakeTouchThread touches;
   FakeTouchInputs inputs;
-  FakePointerDevices pointers;
+  FakeOutputDevices outputs;
   FakeTimers timers;
+  FakeNotices notices;
   FakeCalibrationReader reader;
   RecordingDiagnostics diagnostics;
   FakePropertyListFiles files;
@@ -72,7 +74,7 @@ TEST_F(Service, LetsGoOfATouchscreenThatLeavesAndNeverReusesAHandle) {
   service->touchscreenLeft(kUsb);
   EXPECT_EQ(write(256, "calibration", Dictionary{}, ":1.1"), kErrorNoDevice);
   EXPECT_FALSE(inputs.nodes[kNode].held);
-  EXPECT_FALSE(pointer().exists);
+  EXPECT_FALSE(output().pointer);
   plug();
   EXPECT_EQ(object(), 259U);
 }
@@ -82,35 +84,75 @@ TEST_F(Service, CarriesTouchesFromTheNodeToThePointerAndLetsGoWhenTheNodeVanishe
   EXPECT_FALSE(inputs.nodes[kNode].held) << "not ours as long as no touchscreen is known for it";
   plug();
   touch(0ms, 100, 200);
-  timers.advance(1500ms);
-  ASSERT_EQ(pointer().frames.size(), 3U);
-  EXPECT_EQ(pointer().frames[0].x, 100);
-  EXPECT_TRUE(pointer().frames[1].right) << "of a finger that reports nothing more";
+  inputs.tick(1500ms);
+  ASSERT_EQ(output().frames.size(), 3U);
+  EXPECT_EQ(output().frames[0].x, 100);
+  EXPECT_TRUE(output().frames[1].right) << "of a finger that reports nothing more";
   write("configration", {{"enableRightClick", false}});
   lift(1600ms);
   for (const auto at : {2000ms, 3000ms}) {
     touch(at, 300, 200);
-    EXPECT_TRUE(pointer().frames.back().left);
+    EXPECT_TRUE(output().frames.back().left);
     service->nodeLeft(kNode);
-    EXPECT_FALSE(pointer().frames.back().left);
+    EXPECT_FALSE(output().frames.back().left);
     service->nodeArrived(kUsb, kNode);
   }
 }
 
-TEST_F(Service, HoldsEveryPointingNodeButListensToTheFirstThatReportsTouches) {
-  inputs.nodes["/dev/input/event1"].touches = false;
-  inputs.nodes["/dev/input/event2"].openResult = kErrorUnsupported;
+TEST_F(Service, HoldsEveryPointingNodeButListensToTheOneThatCanDoMost) {
+  const std::string keyboard = "/dev/input/event1", mouse = "/dev/input/event2", single = "/dev/input/event4";
+  inputs.nodes[keyboard].openResult = kErrorUnsupported;
+  inputs.nodes[mouse].reports = InputReports::Nothing;
+  inputs.nodes[single].reports = InputReports::SingleTouch;
   service->touchscreenArrived(kUsb, {kHere, kProductConfigurationOnly});
-  for (const char* node : {"/dev/input/event1", "/dev/input/event2", kNode, "/dev/input/event4"})
-    service->nodeArrived(kUsb, node);
-  EXPECT_TRUE(inputs.nodes["/dev/input/event1"].held);
-  EXPECT_TRUE(inputs.nodes["/dev/input/event4"].held);
+  for (const auto& node : {keyboard, mouse, single}) service->nodeArrived(kUsb, node);
+  EXPECT_TRUE(inputs.nodes[mouse].held);
+  inputs.touch(single, {1ms, 1, {{{0, 1, 1}}}});
+  write("configration", {{"enableRightClick", false}});
+  inputs.touch(single, {2ms, 0, {}});
+  inputs.touch(single, {3ms, 1, {{{0, 1, 1}}}});
+  EXPECT_TRUE(output().frames.back().left);
+  service->nodeArrived(kUsb, kNode);
+  EXPECT_FALSE(output().frames.back().left) << "the finger of the one before is let go";
   EXPECT_TRUE(inputs.nodes[kNode].listener);
-  EXPECT_FALSE(inputs.nodes["/dev/input/event4"].listener);
+  EXPECT_FALSE(inputs.nodes[single].listener);
+  EXPECT_TRUE(inputs.nodes[single].held);
   timers.advance(10s);
-  EXPECT_EQ(inputs.nodes["/dev/input/event2"].attempts, 1) << "a keyboard stays one";
+  EXPECT_EQ(inputs.nodes[keyboard].attempts, 1) << "a keyboard stays one";
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
   service->nodeLeft(kNode);
-  EXPECT_TRUE(inputs.nodes["/dev/input/event4"].listener) << "the next one takes its place";
+  EXPECT_TRUE(inputs.nodes[single].listener) << "the next one takes its place";
+}
+
+TEST_F(Service, TakesNoNodeUnderAFinger) {
+  inputs.nodes[kNode].openResult = kErrorBusy;
+  plug();
+  timers.advance(2s);
+  EXPECT_TRUE(diagnostics.lines.empty());
+  inputs.nodes[kNode].openResult = kSuccess;
+  timers.advance(1s);
+  EXPECT_TRUE(inputs.nodes[kNode].listener);
+}
+
+TEST_F(Service, LosesNoTouchWhenTheKindOfDeviceChanges) {
+  plug();
+  const auto kinds = [&] { return std::pair(output().pointer, output().touch); };
+  EXPECT_EQ(kinds(), std::pair(true, false));
+  write("configration", {{"mode", 3}});
+  EXPECT_EQ(kinds(), std::pair(true, true));
+  touch(0ms, 5, 5);
+  lift(1ms);
+  EXPECT_EQ(output().frames.size(), 3U) << "by the device that the desktop knows";
+  timers.advance(1s);
+  EXPECT_EQ(kinds(), std::pair(false, true));
+  touch(2000ms, 5, 5);
+  EXPECT_EQ(output().touches.back().count, 1);
+  lift(2001ms);
+  write("calibration", {{"statCalibrate", true}});
+  EXPECT_EQ(kinds(), std::pair(true, true)) << "a calibration is touched with a pointer";
+  write("calibration", {{"statCalibrate", false}});
+  timers.advance(1s);
+  EXPECT_EQ(kinds(), std::pair(false, true));
 }
 
 TEST_F(Service, KeepsTryingARefusedGrabAndSaysSoOnce) {
@@ -130,36 +172,36 @@ TEST_F(Service, KeepsTryingARefusedGrabAndSaysSoOnce) {
 }
 
 TEST_F(Service, LeavesTheDesktopItsRawTouchesWhileThereIsNoPointerDevice) {
-  pointers.createResult = kErrorNotFound;
+  outputs.createResult = kErrorNotFound;
   plug();
   EXPECT_FALSE(inputs.nodes[kNode].held);
   EXPECT_EQ(write("configration", {{"mode", 3}}), kSuccess) << "settings are taken all the same";
   timers.advance(5s);
   EXPECT_EQ(diagnostics.lines.size(), 1U);
-  pointers.createResult = kSuccess;
+  outputs.createResult = kSuccess;
   timers.advance(1s);
-  EXPECT_TRUE(pointer().multiTouch);
+  EXPECT_TRUE(output().touch);
   EXPECT_EQ(diagnostics.lines.size(), 2U);
-  pointer().writeResult = kErrorNoDevice;
+  output().writeResult = kErrorNoDevice;
   touch(6000ms, 1, 1);
   lift(6010ms);
   EXPECT_EQ(diagnostics.lines.size(), 3U);
-  pointer().writeResult = kSuccess;
-  pointers.createResult = kErrorNotFound;
+  output().writeResult = kSuccess;
+  outputs.createResult = kErrorNotFound;
   timers.advance(2s);
   EXPECT_FALSE(inputs.nodes[kNode].held) << "nor while it has to be made anew";
-  pointers.createResult = kSuccess;
+  outputs.createResult = kSuccess;
   timers.advance(1s);
   touch(10000ms, 5, 5);
-  EXPECT_EQ(pointer().frames.back().contacts[0].x, 5);
+  EXPECT_EQ(output().touches.back().contacts[0].x, 5);
 }
 
 TEST_F(Service, KeepsSettingsThroughRestartAndReplugAndMultiTouchWithThem) {
   plug();
-  EXPECT_FALSE(pointer().multiTouch);
+  EXPECT_FALSE(output().touch);
   write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}, {"statCalibrate", true}});
   write("configration", {{"smoothness", 9}, {"mode", 3}});
-  EXPECT_TRUE(pointer().multiTouch);
+  EXPECT_TRUE(output().touch);
   const auto configration = read("configration");
   auto calibration = read("calibration");
   calibration.set("statCalibrate", false);
@@ -171,10 +213,11 @@ TEST_F(Service, KeepsSettingsThroughRestartAndReplugAndMultiTouchWithThem) {
     plug();
     EXPECT_EQ(read("configration"), configration);
     EXPECT_EQ(read("calibration"), calibration);
-    EXPECT_TRUE(pointer().multiTouch);
+    EXPECT_TRUE(output().touch);
   }
   write("configration", {{"mode", 2}});
-  EXPECT_FALSE(pointer().multiTouch);
+  timers.advance(1s);
+  EXPECT_FALSE(output().touch);
 }
 
 TEST_F(Service, SavesWhatChangesAndSaysOnceThatItCannot) {
@@ -223,7 +266,7 @@ TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
   EXPECT_EQ(imageOf(reader.underWay.at(kHere).known.params)[5], 7);
   write("calibration", {});
   touch(0ms, 100, 100);
-  EXPECT_EQ(pointer().frames.size(), 1U) << "touches do not wait for the reading";
+  EXPECT_EQ(output().frames.size(), 1U) << "touches do not wait for the reading";
   driver::HeldCalibration held{true, {}};
   held.params.X.A00 = 50;
   reader.underWay.at(kHere).done(kSuccess, held);
@@ -318,7 +361,7 @@ TEST_F(Service, SharesTheDoubleClickSettingsAndKeepsThem) {
   touch(0ms, 5000, 5000);
   lift(10ms);
   touch(600ms, 5250, 5000);
-  EXPECT_EQ(pointer().frames.back().x, 5000);
+  EXPECT_EQ(output().frames.back().x, 5000);
 }
 
 }  // namespace

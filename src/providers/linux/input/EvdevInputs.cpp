@@ -1,17 +1,22 @@
 #include "providers/linux/input/EvdevInputs.h"
 
+#include <array>
 #include <cerrno>
 #include <ctime>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <libevdev/libevdev.h>
+#include <linux/input.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 #include "providers/linux/input/FrameAssembler.h"
 #include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
+#include "providers/linux/loop/MonotonicTime.h"
 
 namespace touchpanel {
 
@@ -37,6 +42,11 @@ bool isMouse(const libevdev* device) {
          (libevdev_has_event_code(device, EV_REL, REL_X) || libevdev_has_event_code(device, EV_ABS, ABS_X));
 }
 
+InputReports reportsOf(const libevdev* device) {
+  if (hasSlots(device)) return InputReports::MultiTouchB;
+  return hasSingleTouch(device) ? InputReports::SingleTouch : InputReports::Nothing;
+}
+
 AxisRange rangeOf(const libevdev* device, unsigned axis) {
   return {libevdev_get_abs_minimum(device, axis), libevdev_get_abs_maximum(device, axis)};
 }
@@ -45,90 +55,123 @@ std::chrono::microseconds timeOf(const input_event& event) {
   return std::chrono::seconds(event.input_event_sec) + std::chrono::microseconds(event.input_event_usec);
 }
 
-class EvdevInput final : public TouchInput {
+std::int32_t axisValue(int descriptor, unsigned axis) {
+  input_absinfo info{};
+  return ::ioctl(descriptor, EVIOCGABS(axis), &info) < 0 ? 0 : info.value;
+}
+
+/// Whether a button is held, or a finger is down, on a device that reports that as a button.
+bool isHeld(int descriptor, unsigned button) {
+  std::array<std::uint8_t, KEY_MAX / 8 + 1> keys{};
+  if (::ioctl(descriptor, EVIOCGKEY(sizeof keys), keys.data()) < 0) return false;
+  return (keys[button / 8] >> button % 8 & 1U) != 0;
+}
+bool isTouched(int descriptor) { return isHeld(descriptor, BTN_TOUCH) || isHeld(descriptor, BTN_LEFT); }
+
+class EvdevInput final : public TouchInput, private TouchLoop::Source {
  public:
-  EvdevInput(EventLoop& loop, Diagnostics& diagnostics, FileDescriptor file, Evdev device, std::string node)
-      : loop_(loop),
-        diagnostics_(diagnostics),
+  EvdevInput(TouchLoop& touches, Notices& notices, Diagnostics& diagnostics, FileDescriptor file,
+             const libevdev* device, const std::string& node)
+      : touches_(touches),
         file_(std::move(file)),
-        device_(std::move(device)),
-        node_(std::move(node)),
-        catchUp_(loop.create([this] { feedCurrentState(); })),
-        watch_(loop.watch(file_.get(), [this] { drain(); })) {}
+        reports_(reportsOf(device)),
+        x_(rangeOf(device, hasSlots(device) ? ABS_MT_POSITION_X : ABS_X)),
+        y_(rangeOf(device, hasSlots(device) ? ABS_MT_POSITION_Y : ABS_Y)),
+        slots_(hasSlots(device) ? static_cast<std::size_t>(libevdev_get_num_slots(device)) + 1 : 0),
+        dropped_(notices.createNotice([&diagnostics, node, told = false]() mutable {
+          if (!std::exchange(told, true))
+            diagnostics.line(node + ": touches came faster than they were read; caught up.");
+        })) {
+    touches_.add(*this);
+  }
+  ~EvdevInput() override { touches_.remove(*this); }
+  EvdevInput(const EvdevInput&) = delete;
+  EvdevInput& operator=(const EvdevInput&) = delete;
 
-  bool reportsTouches() const override { return hasSlots(device_.get()) || hasSingleTouch(device_.get()); }
-
-  void listen(FrameListener& listener) override {
-    const bool slots = hasSlots(device_.get());
-    assembler_.emplace(slots, rangeOf(device_.get(), slots ? ABS_MT_POSITION_X : ABS_X),
-                       rangeOf(device_.get(), slots ? ABS_MT_POSITION_Y : ABS_Y),
-                       [&listener](const RawFrame& frame) { listener.frame(frame); });
-    started_ = false;
-    catchUp_->arm(loop_.now());
+  InputReports reports() const override { return reports_; }
+  void listen(FrameListener* listener) override {
+    std::optional<FrameAssembler> assembler;
+    if (listener)
+      assembler.emplace(reports_ == InputReports::MultiTouchB, x_, y_,
+                        [listener](const RawFrame& frame) { listener->frame(frame); });
+    touches_.run([&] {
+      listener_ = listener;
+      assembler_.swap(assembler);
+      if (assembler_) catchUp();
+    });
   }
 
  private:
-  void drain();
-  void feedCurrentState();
+  int descriptor() const override { return file_.get(); }
+  bool read() override;
+  std::optional<std::chrono::microseconds> nextDeadline() const override {
+    return listener_ ? listener_->nextDeadline() : std::nullopt;
+  }
+  void tick(std::chrono::microseconds now) override { listener_->tick(now); }
+  void take(const input_event& event);
+  void catchUp();
+  void feedSlots(std::chrono::microseconds now);
   void feed(unsigned type, unsigned code, int value, std::chrono::microseconds time) {
     assembler_->event(static_cast<std::uint16_t>(type), static_cast<std::uint16_t>(code), value, time);
   }
 
-  EventLoop& loop_;
-  Diagnostics& diagnostics_;
+  TouchLoop& touches_;
   FileDescriptor file_;
-  Evdev device_;
-  std::string node_;
+  InputReports reports_;
+  AxisRange x_;
+  AxisRange y_;
+  std::vector<std::int32_t> slots_;  ///< room for a question about all slots: its code, then a value for each
+  std::unique_ptr<Notice> dropped_;
+  // The touch thread's own.
+  FrameListener* listener_ = nullptr;
   std::optional<FrameAssembler> assembler_;
-  bool started_ = false;
-  bool droppedBefore_ = false;
-  std::unique_ptr<Timer> catchUp_;
-  std::unique_ptr<EventLoop::Watch> watch_;
+  bool skipping_ = false;  ///< until the end of a frame of which events were dropped
+  std::array<input_event, 64> events_{};
 };
 
-/// The kernel reports only changes, so the state from before the first reading is fed in once.
-void EvdevInput::feedCurrentState() {
-  if (started_ || !assembler_) return;
-  started_ = true;
-  const auto now = loop_.now();
-  const int slots = hasSlots(device_.get()) ? libevdev_get_num_slots(device_.get()) : 0;
-  for (int slot = 0; slot < slots; ++slot) {
-    feed(EV_ABS, ABS_MT_SLOT, slot, now);
-    for (const unsigned code : {ABS_MT_TRACKING_ID, ABS_MT_POSITION_X, ABS_MT_POSITION_Y})
-      feed(EV_ABS, code, libevdev_get_slot_value(device_.get(), static_cast<unsigned>(slot), code), now);
+bool EvdevInput::read() {
+  // One call: what it leaves behind keeps the descriptor readable.
+  const auto size = ::read(file_.get(), events_.data(), sizeof events_);
+  if (size < 0) return errno == EAGAIN || errno == EINTR;  // else unplugged: udev will say so
+  for (std::size_t i = 0; i < static_cast<std::size_t>(size) / sizeof(input_event); ++i)
+    if (assembler_) take(events_[i]);
+  return size > 0;
+}
+
+void EvdevInput::take(const input_event& event) {
+  const bool isReport = event.type == EV_SYN && event.code == SYN_REPORT;
+  if (event.type == EV_SYN && event.code == SYN_DROPPED) {
+    skipping_ = true;
+    dropped_->give();
+  } else if (!skipping_) {
+    feed(event.type, event.code, event.value, timeOf(event));
+  } else if (isReport) {
+    skipping_ = false;
+    catchUp();
   }
-  if (slots > 0) feed(EV_ABS, ABS_MT_SLOT, libevdev_get_current_slot(device_.get()), now);
-  for (const unsigned code : {ABS_X, ABS_Y})
-    feed(EV_ABS, code, libevdev_get_event_value(device_.get(), EV_ABS, code), now);
-  feed(EV_KEY, BTN_TOUCH, libevdev_get_event_value(device_.get(), EV_KEY, BTN_TOUCH), now);
+}
+
+/// The kernel reports only changes, so what holds now is asked for and fed in.
+void EvdevInput::catchUp() {
+  const auto now = monotonicTime();
+  feedSlots(now);
+  for (const unsigned axis : {ABS_X, ABS_Y}) feed(EV_ABS, axis, axisValue(file_.get(), axis), now);
+  feed(EV_KEY, BTN_TOUCH, isHeld(file_.get(), BTN_TOUCH), now);
   feed(EV_SYN, SYN_REPORT, 0, now);
 }
 
-void EvdevInput::drain() {
-  feedCurrentState();
-  unsigned mode = LIBEVDEV_READ_FLAG_NORMAL;
-  input_event event{};
-  while (true) {
-    const int result = libevdev_next_event(device_.get(), mode, &event);
-    if (result == -EINTR) continue;
-    if (result == -EAGAIN && mode == LIBEVDEV_READ_FLAG_NORMAL) return;
-    if (result == -EAGAIN) {
-      mode = LIBEVDEV_READ_FLAG_NORMAL;  // caught up
-      continue;
+void EvdevInput::feedSlots(std::chrono::microseconds now) {
+  if (slots_.empty()) return;
+  for (const unsigned code : {ABS_MT_TRACKING_ID, ABS_MT_POSITION_X, ABS_MT_POSITION_Y}) {
+    slots_[0] = static_cast<std::int32_t>(code);
+    const auto size = slots_.size() * sizeof(std::int32_t);
+    if (::ioctl(file_.get(), EVIOCGMTSLOTS(size), slots_.data()) < 0) continue;
+    for (std::size_t slot = 0; slot + 1 < slots_.size(); ++slot) {
+      feed(EV_ABS, ABS_MT_SLOT, static_cast<int>(slot), now);
+      feed(EV_ABS, code, slots_[slot + 1], now);
     }
-    if (result < 0) {
-      // Unplugged: udev will say so. Until then the descriptor stays readable, and would keep the loop busy.
-      watch_->stop();
-      return;
-    }
-    if (result == LIBEVDEV_READ_STATUS_SYNC && mode == LIBEVDEV_READ_FLAG_NORMAL) {
-      mode = LIBEVDEV_READ_FLAG_SYNC;
-      if (!std::exchange(droppedBefore_, true))
-        diagnostics_.line(node_ + ": touches came faster than they were read; caught up.");
-      continue;
-    }
-    if (assembler_) feed(event.type, event.code, event.value, timeOf(event));
   }
+  feed(EV_ABS, ABS_MT_SLOT, axisValue(file_.get(), ABS_MT_SLOT), now);
 }
 }  // namespace
 
@@ -138,12 +181,15 @@ Status EvdevInputs::open(const std::string& node, std::unique_ptr<TouchInput>& i
   libevdev* raw = nullptr;
   if (const int result = libevdev_new_from_fd(file.get(), &raw); result < 0)
     return result == -ENOTTY || result == -EINVAL ? kErrorUnsupported : statusOfErrno(-result);
-  Evdev device(raw);
-  if (!hasSlots(raw) && !hasSingleTouch(raw) && !isMouse(raw)) return kErrorUnsupported;
-  if (const int result = libevdev_grab(raw, LIBEVDEV_GRAB); result < 0) return statusOfErrno(-result);
+  const Evdev device(raw);
+  if (reportsOf(raw) == InputReports::Nothing && !isMouse(raw)) return kErrorUnsupported;
+  if (isTouched(file.get())) return kErrorBusy;
+  if (::ioctl(file.get(), EVIOCGRAB, 1) < 0) return statusOfErrno(errno);
+  // A finger that landed meanwhile was seen by the desktop, too. Closing the node gives it back.
+  if (isTouched(file.get())) return kErrorBusy;
   if (const int result = libevdev_set_clock_id(raw, CLOCK_MONOTONIC); result < 0)
     return statusOfErrno(-result);
-  input = std::make_unique<EvdevInput>(loop_, diagnostics_, std::move(file), std::move(device), node);
+  input = std::make_unique<EvdevInput>(touches_, notices_, diagnostics_, std::move(file), raw, node);
   return kSuccess;
 }
 

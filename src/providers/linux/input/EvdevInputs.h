@@ -1,20 +1,24 @@
 #pragma once
 
 #include "platform/Diagnostics.h"
+#include "platform/Notices.h"
 #include "platform/TouchInputs.h"
-#include "providers/linux/loop/EventLoop.h"
+#include "providers/linux/loop/TouchLoop.h"
 
 namespace touchpanel {
 
-/// Input nodes through libevdev: grabbed, drained on every wake-up, on the monotonic clock, and brought up to
-/// date when the kernel had to drop events.
+/// Input nodes: grabbed, read by the touch thread in one call for each batch of events, on the monotonic clock, and
+/// brought up to date when the kernel had to drop events.
 class EvdevInputs final : public TouchInputs {
  public:
-  EvdevInputs(EventLoop& loop, Diagnostics& diagnostics) : loop_(loop), diagnostics_(diagnostics) {}
+  /// Nothing is owned.
+  EvdevInputs(TouchLoop& touches, Notices& notices, Diagnostics& diagnostics)
+      : touches_(touches), notices_(notices), diagnostics_(diagnostics) {}
   Status open(const std::string& node, std::unique_ptr<TouchInput>& input) override;
 
  private:
-  EventLoop& loop_;
+  TouchLoop& touches_;
+  Notices& notices_;
   Diagnostics& diagnostics_;
 };
 

@@ -30,37 +30,38 @@ struct DestroyUinput {
   void operator()(libevdev_uinput* device) const { libevdev_uinput_destroy(device); }
 };
 
-void enableAxis(libevdev* device, unsigned code, std::int32_t maximum) {
-  const input_absinfo info{0, 0, maximum, 0, 0, 0};
+void enableAxis(libevdev* device, unsigned code, std::int32_t maximum, std::int32_t resolution = 0) {
+  const input_absinfo info{0, 0, maximum, 0, 0, resolution};
   libevdev_enable_event_code(device, EV_ABS, code, &info);
 }
 
-Evdev describe(const TouchscreenIdentity& identity, const char* role) {
+Evdev describe(const OutputDescription& description, const char* role) {
   Evdev device(libevdev_new());
-  libevdev_set_name(device.get(), ("Touchscreen " + hexText(identity.locationId) + ' ' + role).c_str());
+  const auto& touchscreen = description.touchscreen;
+  libevdev_set_name(device.get(), ("Touchscreen " + hexText(touchscreen.locationId) + ' ' + role).c_str());
   libevdev_set_id_bustype(device.get(), BUS_VIRTUAL);
   libevdev_set_id_vendor(device.get(), TOUCH_VENDOR_ID);
-  libevdev_set_id_product(device.get(), identity.productId);
-  enableAxis(device.get(), ABS_X, kLogicalMaximum);
-  enableAxis(device.get(), ABS_Y, kLogicalMaximum);
+  libevdev_set_id_product(device.get(), touchscreen.productId);
+  enableAxis(device.get(), ABS_X, kLogicalMaximum, description.resolution.x);
+  enableAxis(device.get(), ABS_Y, kLogicalMaximum, description.resolution.y);
   return device;
 }
 
-Evdev describePointer(const TouchscreenIdentity& identity) {
-  auto device = describe(identity, "pointer");
+Evdev describePointer(const OutputDescription& description) {
+  auto device = describe(description, "pointer");
   libevdev_enable_event_code(device.get(), EV_KEY, BTN_LEFT, nullptr);
   libevdev_enable_event_code(device.get(), EV_KEY, BTN_RIGHT, nullptr);
   return device;
 }
 
-Evdev describeMultiTouch(const TouchscreenIdentity& identity) {
-  auto device = describe(identity, "multi-touch");
+Evdev describeMultiTouch(const OutputDescription& description) {
+  auto device = describe(description, "multi-touch");
   libevdev_enable_property(device.get(), INPUT_PROP_DIRECT);
   libevdev_enable_event_code(device.get(), EV_KEY, BTN_TOUCH, nullptr);
   enableAxis(device.get(), ABS_MT_SLOT, static_cast<std::int32_t>(kMaximumContacts) - 1);
   enableAxis(device.get(), ABS_MT_TRACKING_ID, 0xFFFF);
-  enableAxis(device.get(), ABS_MT_POSITION_X, kLogicalMaximum);
-  enableAxis(device.get(), ABS_MT_POSITION_Y, kLogicalMaximum);
+  enableAxis(device.get(), ABS_MT_POSITION_X, kLogicalMaximum, description.resolution.x);
+  enableAxis(device.get(), ABS_MT_POSITION_Y, kLogicalMaximum, description.resolution.y);
   return device;
 }
 
@@ -92,38 +93,29 @@ class UinputDevice {
   std::unique_ptr<libevdev_uinput, DestroyUinput> device_;
 };
 
-class UinputPointer final : public PointerDevice {
+/// `Events` makes the events of a frame.
+template <typename Events>
+class UinputOutput final : public OutputDevice {
  public:
-  UinputPointer(const TouchscreenIdentity& identity, UinputDevice pointer)
-      : identity_(identity), pointer_(std::move(pointer)) {}
-
-  Status write(const OutputFrame& frame) override {
-    const auto status = pointer_.write(pointerEvents_.next(frame));
-    if (status != kSuccess || !multiTouch_) return status;
-    return multiTouch_->write(contactEvents_.next(frame));
-  }
-  Status setMultiTouch(bool wanted) override {
-    if (wanted == multiTouch_.has_value()) return kSuccess;
-    contactEvents_ = {};
-    if (wanted) return UinputDevice::create(describeMultiTouch(identity_).get(), multiTouch_);
-    multiTouch_.reset();
-    return kSuccess;
-  }
+  explicit UinputOutput(UinputDevice device) : device_(std::move(device)) {}
+  Status write(const OutputFrame& frame) override { return device_.write(events_.next(frame)); }
 
  private:
-  TouchscreenIdentity identity_;
-  UinputDevice pointer_;
-  PointerEvents pointerEvents_;
-  std::optional<UinputDevice> multiTouch_;
-  ContactEvents contactEvents_;
+  UinputDevice device_;
+  Events events_;
 };
 }  // namespace
 
-Status UinputDevices::create(const TouchscreenIdentity& identity, std::unique_ptr<PointerDevice>& device) {
-  std::optional<UinputDevice> pointer;
-  const auto status = UinputDevice::create(describePointer(identity).get(), pointer);
-  if (status == kSuccess) device = std::make_unique<UinputPointer>(identity, std::move(*pointer));
-  return status;
+Status UinputDevices::create(const OutputDescription& description, std::unique_ptr<OutputDevice>& device) {
+  const bool isPointer = description.kind == OutputKind::Pointer;
+  std::optional<UinputDevice> made;
+  const auto evdev = isPointer ? describePointer(description) : describeMultiTouch(description);
+  if (const auto status = UinputDevice::create(evdev.get(), made); status != kSuccess) return status;
+  if (isPointer)
+    device = std::make_unique<UinputOutput<PointerEvents>>(std::move(*made));
+  else
+    device = std::make_unique<UinputOutput<ContactEvents>>(std::move(*made));
+  return kSuccess;
 }
 
 }  // namespace touchpanel

@@ -2,13 +2,16 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <ctime>
 #include <exception>
 #include <optional>
 #include <system_error>
 
 #include <sys/epoll.h>
+#include <sys/eventfd.h>
 #include <systemd/sd-event.h>
+
+#include "providers/linux/loop/FileDescriptor.h"
+#include "providers/linux/loop/MonotonicTime.h"
 
 namespace touchpanel {
 
@@ -104,20 +107,39 @@ class DescriptorWatch final : public EventLoop::Watch {
   Source deadline_;
   Source source_;
 };
+
+class LoopNotice final : public Notice {
+ public:
+  LoopNotice(EventLoop& loop, std::function<void()> callback)
+      : callback_(std::move(callback)), given_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+    check(given_ ? 0 : -errno, "notice");
+    watch_ = loop.watch(given_.get(), [this] {
+      eventfd_t ignored = 0;
+      ::eventfd_read(given_.get(), &ignored);
+      callback_();
+    });
+  }
+  void give() override { ::eventfd_write(given_.get(), 1); }
+
+ private:
+  std::function<void()> callback_;
+  FileDescriptor given_;
+  std::unique_ptr<EventLoop::Watch> watch_;
+};
 }  // namespace
 
 EventLoop::EventLoop() { check(sd_event_new(&event_), "event loop"); }
 
 EventLoop::~EventLoop() { sd_event_unref(event_); }
 
-std::chrono::microseconds EventLoop::now() const {
-  timespec time{};
-  ::clock_gettime(CLOCK_MONOTONIC, &time);
-  return std::chrono::seconds(time.tv_sec) + std::chrono::microseconds(time.tv_nsec / 1000);
-}
+std::chrono::microseconds EventLoop::now() const { return monotonicTime(); }
 
 std::unique_ptr<Timer> EventLoop::create(std::function<void()> callback) {
   return std::make_unique<LoopTimer>(event_, std::move(callback));
+}
+
+std::unique_ptr<Notice> EventLoop::createNotice(std::function<void()> callback) {
+  return std::make_unique<LoopNotice>(*this, std::move(callback));
 }
 
 std::unique_ptr<EventLoop::Watch> EventLoop::watch(int descriptor, std::function<void()> ready) {

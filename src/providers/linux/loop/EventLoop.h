@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <memory>
 
+#include "platform/Notices.h"
 #include "platform/Timers.h"
 
 struct sd_event;
@@ -15,7 +16,7 @@ namespace touchpanel {
 /// The one loop of a program without a toolkit, made of sd-event. Input is handled before timers, so a finger's lift that is
 /// waiting to be read comes before the time-out that it prevents. Throws std::system_error where the system
 /// refuses.
-class EventLoop final : public Timers {
+class EventLoop final : public Timers, public Notices {
  public:
   /// Something that is waited for. Destroying it ends that, but not from inside its own callback.
   class Watch;
@@ -32,6 +33,7 @@ class EventLoop final : public Timers {
 
   std::chrono::microseconds now() const override;
   std::unique_ptr<Timer> create(std::function<void()> callback) override;
+  std::unique_ptr<Notice> createNotice(std::function<void()> callback) override;
 
   /// Calls `ready` while `descriptor`, which is not owned, is readable or broken.
   std::unique_ptr<Watch> watch(int descriptor, std::function<void()> ready);
