@@ -9,9 +9,9 @@ target_include_directories(touchpanel_rules INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_options(touchpanel_rules INTERFACE -ffp-contract=off -Wall -Wextra -Wconversion -Wshadow
                        $<$<BOOL:${TOUCHPANEL_WERROR}>:-Werror>)
 if(TOUCHPANEL_SANITIZE)
-  target_compile_options(touchpanel_rules INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
-                         -fno-omit-frame-pointer)
-  target_link_options(touchpanel_rules INTERFACE -fsanitize=address,undefined)
+  target_compile_options(touchpanel_rules INTERFACE -fsanitize=${TOUCHPANEL_SANITIZE}
+                         -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(touchpanel_rules INTERFACE -fsanitize=${TOUCHPANEL_SANITIZE})
 endif()
 find_program(TOUCHPANEL_LLD ld.lld)
 if(TOUCHPANEL_LLD)

@@ -55,7 +55,9 @@ class TouchDriver {
 
   /// The system's double-click time and area (in the units above), for the double-tap help; a time of 0, with
   /// which an instance starts, is no help. Negative values act as 0.
-  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area);
+  void setDoubleClick(std::chrono::milliseconds time, std::int32_t area) {
+    pipeline_.setDoubleClick(time, area);
+  }
 
   /// The touchscreen is gone, with whatever fingers were on it: lets go of every button and contact.
   void releaseAll() { pipeline_.releaseAll(); }

@@ -63,7 +63,8 @@ void TouchscreenDevices::want(const WantedDevices& wanted) {
   };
   pointer_.want(wanted.pointer ? std::optional(describe(OutputKind::Pointer, wanted.pointerResolution))
                                : std::nullopt);
-  touch_.want(wanted.touch ? std::optional(describe(OutputKind::Touch, wanted.touchResolution)) : std::nullopt);
+  touch_.want(wanted.touch ? std::optional(describe(OutputKind::Touch, wanted.touchResolution))
+                           : std::nullopt);
   attach();
 }
 

@@ -3,6 +3,7 @@
 
 #include "contract/DriverProperties.h"
 #include "driver/service/DriverService.h"
+#include "support/AllocationCount.h"
 #include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
@@ -77,6 +78,19 @@ TEST_F(Service, LetsGoOfATouchscreenThatLeavesAndNeverReusesAHandle) {
   EXPECT_FALSE(output().pointer);
   plug();
   EXPECT_EQ(object(), 259U);
+}
+
+TEST_F(Service, KeepsNothingOfTouchscreensThatHaveLeft) {
+  std::ptrdiff_t held = 0;
+  for (int round = 0; round < 10'000; ++round) {
+    if (round == 100) held = heldAllocations();
+    plug(round % 2 ? kProductOptical : kProductConfigurationOnly);
+    touch(std::chrono::milliseconds(round), 100, 100);
+    if (round % 3) service->nodeLeft(kNode);
+    service->touchscreenLeft(kUsb);
+    output().frames.clear();
+  }
+  EXPECT_EQ(heldAllocations(), held);
 }
 
 TEST_F(Service, CarriesTouchesFromTheNodeToThePointerAndLetsGoWhenTheNodeVanishes) {
