@@ -68,7 +68,12 @@ void TouchscreenDevices::want(const WantedDevices& wanted) {
   attach();
 }
 
-void TouchscreenDevices::deviceFailed() { retry_->arm(ports_.timers.now() + kRetryInterval); }
+void TouchscreenDevices::deviceFailed() {
+  for (const auto kind : {OutputKind::Pointer, OutputKind::Touch})
+    if (const auto status = chain_.failure(kind); status != kSuccess)
+      outputOutage_.begin(name() + ": its device for the desktop fails, " + describe(status) + ".");
+  retry_->arm(ports_.timers.now() + kRetryInterval);
+}
 
 void TouchscreenDevices::settle() {
   pointer_.settle();
