@@ -135,7 +135,7 @@ TEST(TouchLoop, LetsAServiceBeSteeredWhileItIsTouched) {
                   ->integer(calibration_key::kY),
               9);
     for (int mode = 3; mode >= 0; --mode) {
-      set(property::kConfigration, {{driver_key::kMode, mode}});
+      set(property::kConfigration, {{"mode", mode}});
       timers.advance(1s);
     }
     set(property::kCalibration, {{calibration_key::kStatCalibrate, false}});
