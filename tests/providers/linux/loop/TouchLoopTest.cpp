@@ -6,6 +6,7 @@
 #include "providers/linux/loop/FileDescriptor.h"
 #include "providers/linux/loop/MonotonicTime.h"
 #include "providers/linux/loop/TouchLoop.h"
+#include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
 #include "support/RecordingDiagnostics.h"
@@ -112,14 +113,17 @@ TEST(TouchLoop, LetsAServiceBeSteeredWhileItIsTouched) {
   FakeCalibrationReader reader;
   RecordingDiagnostics diagnostics;
   FakePropertyListFiles files;
-  driver::StateStore store(files, "/state", diagnostics);
+  FakeFileWorker worker;
+  driver::StateStore store(files, worker, "/state", diagnostics);
   driver::DriverService service({loop, inputs, outputs, timers, notices, reader, diagnostics}, store);
   for (int round = 0; round < 20; ++round) {
     service.touchscreenArrived("/usb", {7, kProductConfigurationOnly});
     service.nodeArrived("/usb", "/event1");
     const auto object = service.registry().instancesOf(class_name::kTouchDriver).at(0);
     const auto set = [&](const char* name, Dictionary value) {
-      ASSERT_EQ(service.setProperty(object, name, std::move(value), ":1.1"), kSuccess);
+      service.setProperty(object, name, std::move(value), ":1.1",
+                          [](Status status) { EXPECT_EQ(status, kSuccess); });
+      worker.finish();
     };
     set(property::kCalibration, {{calibration_key::kStatCalibrate, true}});
     const auto captured = [&] {
