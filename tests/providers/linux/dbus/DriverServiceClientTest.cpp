@@ -82,13 +82,15 @@ class ServedDrivers {
   }
 
   FakeTouchInputs inputs_;
-  FakePointerDevices pointers_;
+  FakeTouchThread touches_;
+  FakeNotices notices_;
+  FakeOutputDevices outputs_;
   FakeTimers timers_;
   FakeCalibrationReader reader_;
   FakePropertyListFiles files_;
   FakeFileWorker worker_;
   driver::StateStore store_{files_, worker_, "/state", diagnostics};
-  DriverService service_{{inputs_, pointers_, timers_, reader_, diagnostics}, store_};
+  DriverService service_{{touches_, inputs_, outputs_, timers_, notices_, reader_, diagnostics}, store_};
   driver::BusService bus_{service_, Bus::Session, bus_name::kDevelopmentService, diagnostics};
   FileDescriptor wake_{::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
   std::mutex mutex_;

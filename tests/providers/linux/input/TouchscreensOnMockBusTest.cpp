@@ -52,14 +52,16 @@ TEST(TouchscreensOnMockBus, ArePublishedAtOnceReadOutAndWithdrawnUnlessOfAnother
 
   EventLoop loop;
   FakeTouchInputs inputs;
-  FakePointerDevices pointers;
+  FakeTouchThread touches;
+  FakeNotices notices;
+  FakeOutputDevices outputs;
   RecordingDiagnostics diagnostics;
   FakePropertyListFiles files;
   FakeFileWorker worker;
   driver::StateStore store{files, worker, "/state", diagnostics};
   RecordingDiagnostics details;
   driver::UsbCalibrationReader reader{loop, details};
-  driver::DriverService service{{inputs, pointers, loop, reader, diagnostics}, store};
+  driver::DriverService service{{touches, inputs, outputs, loop, notices, reader, diagnostics}, store};
   const UdevTouchscreens touchscreens{loop, service, details};
   const auto happens = [&](const auto& condition) {
     const auto end = loop.now() + std::chrono::seconds(20);
