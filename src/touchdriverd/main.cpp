@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include <malloc.h>
+#include <sys/resource.h>
 
 #include "driver/service/DriverService.h"
 #include "providers/files/LibplistFiles.h"
@@ -19,6 +20,7 @@
 #include "providers/linux/loop/TouchLoop.h"
 #include "touchdriverd/BusLoop.h"
 #include "touchdriverd/BusService.h"
+#include "touchdriverd/Heartbeat.h"
 #include "touchdriverd/Options.h"
 #include "touchdriverd/StandardError.h"
 #include "touchdriverd/UsbCalibrationReader.h"
@@ -38,6 +40,11 @@ void blockSignals() {
 // them a wall of 16 touchscreens would hold 6 MB more until the service ends.
 void shareOneArena() { ::mallopt(M_ARENA_MAX, 1); }
 
+/// What the service manager gave is for touches; threads that are started from now on have none of it.
+void returnPriority() {
+  if (::getpriority(PRIO_PROCESS, 0) < 0) ::setpriority(PRIO_PROCESS, 0, 0);
+}
+
 int serve(const Options& options) {
   shareOneArena();
   blockSignals();
@@ -46,12 +53,13 @@ int serve(const Options& options) {
 
   StandardError diagnostics(true);
   StandardError details(options.verbose);
+  TouchLoop touches;
+  returnPriority();
   EventLoop loop;
   loop.stopOn({SIGTERM, SIGINT});
   files::LibplistFiles files;
   ThreadedFileWorker worker(loop);
   StateStore store(files, worker, options.stateDirectory, diagnostics);
-  TouchLoop touches;
   EvdevInputs inputs(touches, loop, diagnostics);
   UinputDevices outputs;
   UsbCalibrationReader calibrations(loop, details);
@@ -61,6 +69,7 @@ int serve(const Options& options) {
                  options.bus == Bus::System ? bus_name::kService : bus_name::kDevelopmentService,
                  diagnostics);
   const BusLoop busLoop(loop, bus);
+  const Heartbeat heartbeat(loop, touches);
   details.line("Serving.");
   return loop.run();
 }

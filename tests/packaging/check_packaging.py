@@ -57,7 +57,7 @@ class Validated(unittest.TestCase):
             unit.write_text(re.sub("ExecStart=.*", f"ExecStart={TOUCHDRIVERD}", text))
             self.accepted("systemd-analyze", "verify", "--man=no", unit)
             # Exposure in tenths, of 100; a service with no hardening has 96.
-            self.accepted("systemd-analyze", "security", "--offline=true", "--threshold=20", unit)
+            self.accepted("systemd-analyze", "security", "--offline=true", "--threshold=16", unit)
 
     @unittest.skipUnless(os.geteuid() == 0, "gives a directory to a group")
     def test_the_panels_directory_is_made(self):
