@@ -1,7 +1,10 @@
 #include "driver/CalibrationCurve.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <utility>
 
 namespace touchpanel::driver {
 
@@ -18,7 +21,43 @@ std::int32_t onAxis(double value, std::int32_t raw, std::int32_t minimum, std::i
   return static_cast<std::int32_t>(
       std::lround(std::clamp(value, static_cast<double>(minimum), static_cast<double>(maximum))));
 }
+
+/// Cells of the grid over the glass, on each axis, by which a polynomial is judged.
+constexpr std::size_t kCells = 64;
+constexpr double kCell = static_cast<double>(kLogicalMaximum) / kCells;
+
+struct Image {
+  double x = 0;
+  double y = 0;
+  bool isFinite() const { return std::isfinite(x) && std::isfinite(y); }
+  bool isOnScreen() const { return x >= 0 && x <= kLogicalMaximum && y >= 0 && y <= kLogicalMaximum; }
+};
+
+/// What a cell covers of the screen; 0 when a corner lies beside it.
+double coveredBy(const Image& a, const Image& b, const Image& opposite, const Image& d) {
+  if (!a.isOnScreen() || !b.isOnScreen() || !opposite.isOnScreen() || !d.isOnScreen()) return 0;
+  return std::abs((opposite.x - a.x) * (d.y - b.y) - (opposite.y - a.y) * (d.x - b.x)) / 2;
+}
 }  // namespace
+
+bool mapsSensibly(const _CALIB_PARAMS& params) {
+  double covered = 0;
+  std::array<Image, kCells + 1> above{};
+  for (std::size_t row = 0; row <= kCells; ++row) {
+    Image left;
+    Image aboveLeft;
+    for (std::size_t column = 0; column <= kCells; ++column) {
+      const double x = kCell * static_cast<double>(column);
+      const double y = kCell * static_cast<double>(row);
+      const Image image{evaluate(params.X, x, y), evaluate(params.Y, x, y)};
+      if (!image.isFinite()) return false;
+      if (row > 0 && column > 0) covered += coveredBy(aboveLeft, above[column], image, left);
+      aboveLeft = std::exchange(above[column], image);
+      left = image;
+    }
+  }
+  return covered >= kCell * kCell;
+}
 
 Point CalibrationCurve::map(Point raw) const {
   double x = raw.x;

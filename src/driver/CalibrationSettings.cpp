@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "driver/CalibrationCurve.h"
 #include "driver/PropertyField.h"
 
 namespace touchpanel::driver {
@@ -26,6 +27,12 @@ bool writeOne(CalibrationSettings& settings, std::string_view key, const Value& 
   return writeField(kFields, settings,
                     key == calibration_key::kCalibParam ? calibration_key::kCalibParams : key, value);
 }
+
+bool setsCalibration(const Dictionary& dictionary) {
+  using namespace calibration_key;
+  return dictionary.contains(kCalibrateStatus) || dictionary.contains(kCalibParams) ||
+         dictionary.contains(kCalibParam);
+}
 }  // namespace
 
 Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dictionary& dictionary) {
@@ -43,6 +50,8 @@ Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dicti
   }
   // Judged as a whole: a new lower bound may be valid only together with the new upper bound.
   if (!hasExtent(candidate)) return kErrorBadArgument;
+  if (setsCalibration(dictionary) && candidate.calibrateStatus && !mapsSensibly(candidate.params))
+    return kErrorBadArgument;
   settings = candidate;
   capture = request;
   return kSuccess;

@@ -29,7 +29,8 @@ struct CaptureRequest {
 };
 
 /// Takes what `dictionary` holds into `settings` and `capture`. kErrorBadArgument, and both unchanged, when
-/// any key, type, size or value is not acceptable.
+/// any key, type, size or value is not acceptable, or the dictionary makes a calibration valid that maps no
+/// glass onto a screen.
 Status write(CalibrationSettings& settings, CaptureRequest& capture, const Dictionary& dictionary);
 /// Takes every acceptable entry of the lasting part and leaves the others out; false when there were others.
 bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary);

@@ -6,6 +6,7 @@
 #include "contract/DriverProperties.h"
 #include "driver/TouchDriver.h"
 #include "support/AllocationCount.h"
+#include "support/CalibrationParams.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -39,9 +40,12 @@ class RandomTouches {
             {"enableTouch", below(10) > 0}};
   }
   Dictionary calibration() {
-    Bytes params(116);
-    for (auto& byte : params) byte = static_cast<std::uint8_t>(below(256));
-    return {{"calibrateStatus", below(2) == 1}, {"calibParams", params}, {"statCalibrate", below(4) == 0}};
+    auto params = shiftedBy(static_cast<float>(below(20000) - 10000), static_cast<float>(below(9)) * 1e4F);
+    params.X.A30 = static_cast<float>(below(2000) - 1000) * 1e-12F;
+    params.Y.A12 = static_cast<float>(below(2000) - 1000) * 1e-6F;
+    return {{"calibrateStatus", below(2) == 1},
+            {"calibParams", bytesOf(params)},
+            {"statCalibrate", below(4) == 0}};
   }
   std::chrono::microseconds now() const { return now_; }
 

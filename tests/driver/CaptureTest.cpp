@@ -1,7 +1,10 @@
 // A calibration run as the driver sees it, and what the calibration does to a touch.
+#include <array>
 #include <limits>
 
 #include "Glass.h"
+#include "driver/CalibrationCurve.h"
+#include "support/CalibrationParams.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -12,19 +15,6 @@ std::string read(const driver::TouchDriver& driver) {
   const auto* calibration = properties.dictionary(property::kCalibration);
   return std::to_string(calibration->integer("x")) + ',' + std::to_string(calibration->integer("y")) +
          " of " + std::to_string(calibration->integer("pointId"));
-}
-
-_CALIB_PARAMS shiftedBy(float dx, float dy) {
-  _CALIB_PARAMS params{};
-  params.X.A10 = params.Y.A01 = 1;
-  params.X.A00 = dx;
-  params.Y.A00 = dy;
-  return params;
-}
-
-Bytes bytesOf(const _CALIB_PARAMS& params) {
-  const auto image = imageOf(params);
-  return {image.begin(), image.end()};
 }
 
 TEST(Capture, PublishesEachFingerUpForTheTargetThatIsExpected) {
@@ -93,23 +83,54 @@ TEST(Calibration, IsEvaluatedInDoubleRoundedAndClampedToTheTouchArea) {
   auto huge = shiftedBy(0, 0);
   huge.X.A30 = std::numeric_limits<float>::max();
   huge.Y.A03 = -std::numeric_limits<float>::max();
+  using driver::Point;
   // The first worked out by hand at (3000, 5000): 125 + 150 - 135 + 108 + 250 - 300 + 270 + 1250 + 1500 + 100.6.
-  for (const auto& [params, lands] : {std::pair{cubic, "3319,4992"},
-                                      {shiftedBy(40000, -40000), "30000,50"},
-                                      {broken, "3000,31000"},
-                                      {huge, "30000,50"}}) {
-    Glass glass;
-    glass.play("mode=0 smoothness=0 enableTouchSensitivity=no");
-    glass.calibrate({{"calibrateStatus", true},
-                     {"calibParams", bytesOf(params)},
-                     {"minX", 20},
-                     {"minY", 50},
-                     {"maxX", 30000},
-                     {"maxY", 31000}});
-    EXPECT_EQ(glass.play("0: 3000,5000; 8: -"), std::string("left ") + lands + "; up");
-    glass.calibrate({{"calibrateStatus", false}});
-    EXPECT_EQ(glass.play("5000: 1000; 5008: -"), "left 1000; up");
+  for (const auto& [params, lands] : {std::pair{cubic, Point{3319, 4992}},
+                                      {shiftedBy(40000, -40000), {30000, 50}},
+                                      {broken, {3000, 31000}},
+                                      {huge, {30000, 50}}}) {
+    driver::CalibrationCurve curve;
+    curve.configure({true, params, 20, 50, 30000, 31000});
+    EXPECT_EQ(curve.map({3000, 5000}), lands);
+    curve.configure({false, params});
+    EXPECT_EQ(curve.map({1000, 1000}), (Point{1000, 1000}));
   }
+}
+
+TEST(Calibration, IsTakenOnlyWhenItMapsAGlassOntoAScreen) {
+  // x' = a + b x + c y, y' = d + e x + f y + g x^3
+  using Row = std::array<float, 7>;
+  constexpr float kNone = std::numeric_limits<float>::quiet_NaN();
+  const std::vector<std::pair<Row, const char*>> taken = {
+      {{0, 1, 0, 0, 0, 1, 0}, "as it is"},
+      {{32767, 0, -1, 32767, -1, 0, 0}, "turned and mirrored"},
+      {{30000, 0.02F, 0, 200, 0, 0.02F, 0}, "a small glass on a large screen"},
+      {{-200000, 16, 0, -300000, 0, 16, 0}, "a small screen under a large glass"},
+      {{0, 1, 0, 0, 0, 1, 1e-6F}, "a cubic that goes far astray beyond its region"}};
+  const std::vector<std::pair<Row, const char*>> refused = {
+      {{0, 0, 0, 0, 0, 0, 0}, "nothing"},
+      {{16000, 1e-3F, 0, 16000, 0, 1e-3F, 0}, "everything in one place"},
+      {{0, 1, 0, 0, 1, 1e-4F, 0}, "everything on one line"},
+      {{40000, 1, 0, 0, 0, 1, 0}, "all beside the screen"},
+      {{0, 1e30F, 0, 0, 0, 1e30F, 0}, "a screen that no touch finds"},
+      {{0, 1, 0, 0, 0, 1, kNone}, "no number"},
+      {{std::numeric_limits<float>::infinity(), 1, 0, 0, 0, 1, 0}, "no end"}};
+  Glass glass;
+  for (const auto* rows : {&taken, &refused})
+    for (const auto& [row, what] : *rows) {
+      SCOPED_TRACE(what);
+      _CALIB_PARAMS params{};
+      params.X.A00 = row[0], params.X.A10 = row[1], params.X.A01 = row[2];
+      params.Y.A00 = row[3], params.Y.A10 = row[4], params.Y.A01 = row[5], params.Y.A30 = row[6];
+      EXPECT_EQ(driver::mapsSensibly(params), rows == &taken);
+      const auto before = glass.driver.properties();
+      const auto status = glass.calibrate({{"calibrateStatus", true}, {"calibParam", bytesOf(params)}});
+      EXPECT_EQ(status, rows == &taken ? kSuccess : kErrorBadArgument);
+      EXPECT_EQ(glass.driver.properties() == before, rows == &refused);
+      EXPECT_EQ(glass.calibrate({{"pointId", 1}}), kSuccess);
+    }
+  EXPECT_EQ(glass.calibrate({{"calibrateStatus", false}, {"calibParams", Bytes(116)}}), kSuccess);
+  EXPECT_EQ(glass.calibrate({{"calibrateStatus", true}}), kErrorBadArgument) << "with what is held";
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // What may be written to a driver instance, and what is read back.
 #include "Glass.h"
+#include "support/CalibrationParams.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -40,7 +41,8 @@ TEST(DriverProperties, TakeEachMessageOfAControlPanelAndKeepAbsentKeys) {
   };
   expectRead();
   const std::vector<std::pair<const char*, Dictionary>> messages = {
-      {"calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 9)}, {"maxX", 32000}}},
+      {"calibration",
+       {{"calibrateStatus", true}, {"calibParams", bytesOf(shiftedBy(3, 4))}, {"maxX", 32000}}},
       {"configration", {{"mode", 1}, {"clickRange", 1000}, {"rightClickTime", 60000}}},
       {"configration", {{"enableTouch", false}}},
       {"monitor", {{"identity", "ABC 1 2"}, {"name", "Left"}, {"minX", 100}, {"maxX", 200}, {"turn", 3}}},
@@ -55,9 +57,9 @@ TEST(DriverProperties, TakeEachMessageOfAControlPanelAndKeepAbsentKeys) {
           .set(key, value);
     expectRead();
   }
-  EXPECT_EQ(glass.calibrate({{"calibParam", Bytes(116, 1)}}), kSuccess);
+  EXPECT_EQ(glass.calibrate({{"calibParam", bytesOf(shiftedBy(1, 2))}}), kSuccess);
   EXPECT_EQ(glass.configure({{"mode", std::int64_t{0}}}), kSuccess);
-  calibration.set("calibParams", Bytes(116, 1));  // the singular key means the same block
+  calibration.set("calibParams", bytesOf(shiftedBy(1, 2)));  // the singular key means the same block
   configration.set("mode", 0);
   expectRead();
 }
@@ -76,12 +78,12 @@ TEST(DriverProperties, RefuseABadMessageWhole) {
       {"configration", Dictionary{{"clickRange", 7}, {"configuration", 1}}},
       {"configration", Dictionary{{"clickRange", 1001}}},
       {"configration", 7},
-      {"calibration", Dictionary{{"calibrateStatus", true}, {"calibParams", Bytes(115)}}},
-      {"calibration", Dictionary{{"calibrateStatus", true}, {"calibParam", Bytes(117)}}},
-      {"calibration", Dictionary{{"calibrateStatus", true}, {"calibParams", "text"}}},
-      {"calibration", Dictionary{{"calibrateStatus", true}, {"maxX", 32768}}},
-      {"calibration", Dictionary{{"calibrateStatus", true}, {"minY", 32767}}},
-      {"calibration", Dictionary{{"calibrateStatus", true}, {"minX", 32767}}},
+      {"calibration", Dictionary{{"minY", 5}, {"calibParams", Bytes(115)}}},
+      {"calibration", Dictionary{{"minY", 5}, {"calibParam", Bytes(117)}}},
+      {"calibration", Dictionary{{"minY", 5}, {"calibParams", "text"}}},
+      {"calibration", Dictionary{{"minY", 5}, {"maxX", 32768}}},
+      {"calibration", Dictionary{{"minX", 5}, {"minY", 32767}}},
+      {"calibration", Dictionary{{"minY", 5}, {"minX", 32767}}},
       {"monitor", Dictionary{{"name", "other"}, {"minX", 32767}}},
       {"monitor", Dictionary{{"name", "other"}, {"touchMaxY", 0}}},
       {"monitor", Dictionary{{"name", "other"}, {"maxY", 32768}}},

@@ -4,6 +4,7 @@
 #include "contract/DriverProperties.h"
 #include "driver/service/DriverService.h"
 #include "support/AllocationCount.h"
+#include "support/CalibrationParams.h"
 #include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeServicePorts.h"
@@ -213,7 +214,8 @@ TEST_F(Service, LeavesTheDesktopItsRawTouchesWhileThereIsNoPointerDevice) {
 TEST_F(Service, KeepsSettingsThroughRestartAndReplugAndMultiTouchWithThem) {
   plug();
   EXPECT_FALSE(output().touch);
-  write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}, {"statCalibrate", true}});
+  write("calibration",
+        {{"calibrateStatus", true}, {"calibParams", bytesOf(shiftedBy(7, 0))}, {"statCalibrate", true}});
   write("configration", {{"smoothness", 9}, {"mode", 3}});
   EXPECT_TRUE(output().touch);
   const auto configration = read("configration");
@@ -273,19 +275,17 @@ TEST_F(Service, ReportsADamagedStateFileAndTakesWhatIsValidOfIt) {
 
 TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
   plug(kProductOptical);
-  write("calibration", {{"calibrateStatus", true}, {"calibParams", Bytes(116, 7)}});
+  write("calibration", {{"calibrateStatus", true}, {"calibParams", bytesOf(shiftedBy(7, 0))}});
   start();
   plug(kProductOptical);
   EXPECT_TRUE(reader.underWay.at(kHere).known.calibrateStatus) << "a block that cannot be read keeps this";
-  EXPECT_EQ(imageOf(reader.underWay.at(kHere).known.params)[5], 7);
+  EXPECT_EQ(reader.underWay.at(kHere).known.params.X.A00, 7);
   write("calibration", {});
   touch(0ms, 100, 100);
   EXPECT_EQ(output().frames.size(), 1U) << "touches do not wait for the reading";
-  driver::HeldCalibration held{true, {}};
-  held.params.X.A00 = 50;
+  const driver::HeldCalibration held{true, shiftedBy(50, 0)};
   reader.underWay.at(kHere).done(kSuccess, held);
-  const auto image = imageOf(held.params);
-  const Bytes taken(image.begin(), image.end());
+  const auto taken = bytesOf(held.params);
   EXPECT_EQ(*read("calibration").bytes("calibParams"), taken);
   start();
   plug(kProductOptical);

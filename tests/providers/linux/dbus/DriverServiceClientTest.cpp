@@ -171,8 +171,7 @@ TEST_F(DriverServiceClientTest, HandsAMessageToItsTouchscreenAloneAndGivesItBack
   std::iota(params.begin(), params.end(), std::uint8_t{0x7F});
   const std::pair<const char*, Dictionary> messages[] = {
       {property::kConfigration, {{configration_key::kMode, 3}, {configration_key::kEnableTouch, false}}},
-      {property::kCalibration,
-       {{calibration_key::kCalibrateStatus, true}, {calibration_key::kCalibParams, params}}}};
+      {property::kCalibration, {{calibration_key::kMinX, 9}, {calibration_key::kCalibParams, params}}}};
   for (const auto& [name, message] : messages) {
     auto expected = group(here, name);
     EXPECT_EQ(registry.setProperty(here, name, message), kSuccess);
