@@ -72,6 +72,8 @@ std::string_view reasonOfDriver(Status status) {
       return TRANSLATABLE_TEXT("StatusLine", "another program is using it");
     case kErrorBadArgument:
       return TRANSLATABLE_TEXT("StatusLine", "the touch driver service refused it");
+    case kErrorNoSpace:
+      return TRANSLATABLE_TEXT("StatusLine", "the disk is full");
     case kErrorNotResponding:
     case kErrorTimeout:
       return TRANSLATABLE_TEXT("StatusLine", "the touch driver service does not answer");

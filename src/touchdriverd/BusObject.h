@@ -8,21 +8,28 @@
 #include <sdbus-c++/sdbus-c++.h>
 
 #include "driver/service/DriverService.h"
-#include "touchdriverd/OpenReplies.h"
+#include "touchdriverd/PanelFiles.h"
+#include "touchdriverd/WriteRequests.h"
 
 namespace touchpanel::driver {
 
 /// The D-Bus path of the object with handle `object`.
 std::string busPathOf(RegistryObject object);
 
+/// What the objects on the bus stand on, none of it owned.
+struct BusPorts {
+  DriverService& service;
+  WriteRequests& writes;
+  PanelFiles& files;
+};
+
 class BusRoot;
 
 /// One object of the service's registry on D-Bus, published for this object's lifetime.
 class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Object_adaptor> {
  public:
-  /// `root` announces what is written; like the others it is not owned and must live as long.
-  BusObject(sdbus::IConnection& connection, DriverService& service, BusRoot& root, OpenReplies& replies,
-            RegistryObject object);
+  /// `root` announces what is written; it is not owned and must live as long as `ports.writes`.
+  BusObject(sdbus::IConnection& connection, const BusPorts& ports, BusRoot& root, RegistryObject object);
   ~BusObject();
   BusObject(const BusObject&) = delete;
   BusObject& operator=(const BusObject&) = delete;
@@ -33,19 +40,17 @@ class BusObject final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDrive
   std::map<std::string, sdbus::Variant> Properties() override;
   void SetProperty(sdbus::Result<>&& result, std::string name, sdbus::Variant value) override;
   std::string ClassName() override;
-  /// Who sent the request that is being answered.
-  std::string client();
 
-  DriverService& service_;
+  BusPorts ports_;
   BusRoot& root_;
-  OpenReplies& replies_;
   RegistryObject handle_;
 };
 
-/// The entry point to the registry.
-class BusRoot final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Registry_adaptor> {
+/// The entry point to the registry, and to the control panel's files.
+class BusRoot final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1::Registry_adaptor,
+                                                      com::VARNEXO::TouchDriver1::Files_adaptor> {
  public:
-  BusRoot(sdbus::IConnection& connection, DriverService& service);
+  BusRoot(sdbus::IConnection& connection, const BusPorts& ports);
   ~BusRoot();
   BusRoot(const BusRoot&) = delete;
   BusRoot& operator=(const BusRoot&) = delete;
@@ -57,8 +62,10 @@ class BusRoot final : public sdbus::AdaptorInterfaces<com::VARNEXO::TouchDriver1
   std::vector<sdbus::ObjectPath> InstancesOf(const std::uint32_t& interfaceVersion,
                                              const std::string& className) override;
   std::uint32_t InterfaceVersion() override;
+  void Write(sdbus::Result<>&& result, std::string name,
+             std::map<std::string, sdbus::Variant> contents) override;
 
-  DriverService& service_;
+  BusPorts ports_;
 };
 
 }  // namespace touchpanel::driver

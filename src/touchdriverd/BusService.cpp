@@ -11,10 +11,19 @@ namespace {
 constexpr char kClientLeft[] =
     "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg2=''";
+/// So that neither timers nor other descriptors wait for those who call without pause.
+constexpr int kRequestsPerTurn = 8;
 }  // namespace
 
-BusService::BusService(DriverService& service, Bus bus, std::string name, Diagnostics& diagnostics)
-    : service_(service), bus_(bus), name_(std::move(name)), outage_(diagnostics) {}
+BusService::BusService(DriverService& service, PanelFiles& files, Bus bus, std::string name, Trust trust,
+                       Diagnostics& diagnostics)
+    : service_(service),
+      files_(files),
+      bus_(bus),
+      name_(std::move(name)),
+      trust_(std::move(trust)),
+      diagnostics_(diagnostics),
+      outage_(diagnostics) {}
 
 BusService::~BusService() { disconnect(); }
 
@@ -35,13 +44,17 @@ bool BusService::connect() {
 }
 
 void BusService::publishAll() {
+  gate_ = std::make_unique<RequestGate>(*connection_);
   clients_ = connection_->addMatch(kClientLeft, [this](sdbus::Message& message) {
     std::string client;
     message >> client;
     service_.clientLeft(client);
+    writes_->clientLeft(client);
+    authority_->clientLeft(client);
   });
-  replies_ = std::make_unique<OpenReplies>();
-  registry_ = std::make_unique<BusRoot>(*connection_, service_);
+  authority_ = std::make_unique<Authority>(*connection_, trust_, diagnostics_);
+  writes_ = std::make_unique<WriteRequests>(*authority_);
+  registry_ = std::make_unique<BusRoot>(*connection_, BusPorts{service_, *writes_, files_});
   service_.setObjectListener(this);
 }
 
@@ -50,14 +63,16 @@ void BusService::disconnect() {
   service_.allClientsLeft();
   objects_.clear();
   registry_.reset();
-  replies_.reset();
+  writes_.reset();
+  authority_.reset();
   clients_.reset();
+  gate_.reset();
   connection_.reset();
 }
 
 bool BusService::process() {
   try {
-    while (connection_->processPendingRequest()) {
+    for (int turn = 0; turn < kRequestsPerTurn && connection_->processPendingRequest(); ++turn) {
     }
     return true;
   } catch (const sdbus::Error& error) {
@@ -69,8 +84,8 @@ bool BusService::process() {
 }
 
 void BusService::published(RegistryObject object) {
-  objects_.emplace(object,
-                   std::make_unique<BusObject>(*connection_, service_, *registry_, *replies_, object));
+  const BusPorts ports{service_, *writes_, files_};
+  objects_.emplace(object, std::make_unique<BusObject>(*connection_, ports, *registry_, object));
   registry_->announceChange();
 }
 

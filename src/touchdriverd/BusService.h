@@ -9,8 +9,11 @@
 #include "driver/service/DriverService.h"
 #include "platform/OutageReport.h"
 #include "providers/linux/dbus/BusConnection.h"
+#include "touchdriverd/Authority.h"
 #include "touchdriverd/BusObject.h"
-#include "touchdriverd/OpenReplies.h"
+#include "touchdriverd/PanelFiles.h"
+#include "touchdriverd/RequestGate.h"
+#include "touchdriverd/WriteRequests.h"
 
 namespace touchpanel::driver {
 
@@ -18,8 +21,9 @@ namespace touchpanel::driver {
 /// descriptor, calls process(), and connects again when that fails.
 class BusService final : private ObjectListener {
  public:
-  /// `service` is not owned and must live as long.
-  BusService(DriverService& service, Bus bus, std::string name, Diagnostics& diagnostics);
+  /// The references are not owned and must live as long.
+  BusService(DriverService& service, PanelFiles& files, Bus bus, std::string name, Trust trust,
+             Diagnostics& diagnostics);
   ~BusService() override;
   BusService(const BusService&) = delete;
   BusService& operator=(const BusService&) = delete;
@@ -29,7 +33,8 @@ class BusService final : private ObjectListener {
   bool connect();
   /// What to wait for; call only while connected.
   sdbus::IConnection::PollData pollData() const { return connection_->getEventLoopPollData(); }
-  /// Answers what has come in, without waiting for more. False when the bus is gone; the service is then not
+  /// Answers a few of the requests that have come in, without waiting for more; while others are left pollData() has
+  /// a deadline that has passed. False when the bus is gone; the service is then not
   /// connected.
   bool process();
 
@@ -40,12 +45,17 @@ class BusService final : private ObjectListener {
   void disconnect();
 
   DriverService& service_;
+  PanelFiles& files_;
   Bus bus_;
   std::string name_;
+  Trust trust_;
+  Diagnostics& diagnostics_;
   OutageReport outage_;
   std::unique_ptr<sdbus::IConnection> connection_;
+  std::unique_ptr<RequestGate> gate_;
   sdbus::Slot clients_;
-  std::unique_ptr<OpenReplies> replies_;
+  std::unique_ptr<Authority> authority_;
+  std::unique_ptr<WriteRequests> writes_;
   std::unique_ptr<BusRoot> registry_;
   std::map<RegistryObject, std::unique_ptr<BusObject>> objects_;
 };

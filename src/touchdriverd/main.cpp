@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 
 #include "driver/service/DriverService.h"
+#include "platform_build/BuildConstants.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/linux/dbus/BusNames.h"
 #include "providers/linux/input/EvdevInputs.h"
@@ -22,6 +23,8 @@
 #include "touchdriverd/BusService.h"
 #include "touchdriverd/Heartbeat.h"
 #include "touchdriverd/Options.h"
+#include "touchdriverd/PanelFiles.h"
+#include "touchdriverd/ReadableFileCalls.h"
 #include "touchdriverd/StandardError.h"
 #include "touchdriverd/UsbCalibrationReader.h"
 
@@ -58,6 +61,8 @@ int serve(const Options& options) {
   EventLoop loop;
   loop.stopOn({SIGTERM, SIGINT});
   files::LibplistFiles files;
+  ReadableFileCalls readable;
+  files::LibplistFiles sharedFiles(readable);
   ThreadedFileWorker worker(loop);
   StateStore store(files, worker, options.stateDirectory, diagnostics);
   EvdevInputs inputs(touches, loop, diagnostics);
@@ -65,9 +70,10 @@ int serve(const Options& options) {
   UsbCalibrationReader calibrations(loop, details);
   DriverService service({touches, inputs, outputs, loop, loop, calibrations, diagnostics}, store);
   UdevTouchscreens touchscreens(loop, service, details);
-  BusService bus(service, options.bus,
+  PanelFiles panelFiles(sharedFiles, worker, kConfigDirectory);
+  BusService bus(service, panelFiles, options.bus,
                  options.bus == Bus::System ? bus_name::kService : bus_name::kDevelopmentService,
-                 diagnostics);
+                 trustInRootAnd(TOUCHPANEL_ACCESS_GROUP), diagnostics);
   const BusLoop busLoop(loop, bus);
   const Heartbeat heartbeat(loop, touches);
   details.line("Serving.");

@@ -6,6 +6,7 @@
 #include "providers/files/LibplistFiles.h"
 #include "providers/files/OwnDirectoryFiles.h"
 #include "providers/linux/dbus/DriverServiceClient.h"
+#include "providers/linux/dbus/FilesThroughService.h"
 #include "providers/linux/desktop/GSettingsDoubleClick.h"
 #include "providers/linux/desktop/JoinedDoubleClick.h"
 #include "providers/linux/usb/LibusbBus.h"
@@ -28,12 +29,13 @@ int main(int argc, char** argv) {
   files::OwnDirectoryFiles historyFiles(files);
   LibusbBus usb(TOUCH_VENDOR_ID);
   DriverServiceClient service(diagnostics);
+  FilesThroughService sharedFiles(files, service);
   GSettingsDoubleClick desktop;
   JoinedDoubleClick registry(service, desktop);
   ControlPanel panel({.usbNotifications = usb,
                       .usbServices = usb,
                       .registry = registry,
-                      .files = files,
+                      .files = sharedFiles,
                       .clock = clock,
                       .diagnostics = diagnostics,
                       .paths = ConfigPaths::in(kConfigDirectory),

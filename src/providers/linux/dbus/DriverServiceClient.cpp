@@ -24,6 +24,9 @@ class Proxy : public sdbus::ProxyInterfaces<Interface> {
  public:
   using sdbus::ProxyInterfaces<Interface>::ProxyInterfaces;
 };
+class FilesProxy final : public Proxy<com::VARNEXO::TouchDriver1::Files_proxy> {
+  using Proxy::Proxy;
+};
 class RegistryProxy final : public Proxy<com::VARNEXO::TouchDriver1::Registry_proxy> {
   using Proxy::Proxy;
   void onChanged() override {}
@@ -40,8 +43,10 @@ constexpr std::array kMeanings = {
     Meaning{bus_name::kBadArgumentError, kErrorBadArgument},
     Meaning{bus_name::kUnsupportedError, kErrorUnsupported},
     Meaning{bus_name::kNoDeviceError, kErrorNoDevice},
+    Meaning{bus_name::kNotPermittedError, kErrorNotPermitted},
     Meaning{bus_name::kBusyError, kErrorExclusiveAccess},
     Meaning{bus_name::kNotSavedError, kErrorNoSpace},
+    Meaning{bus_name::kNotFoundError, kErrorNotFound},
     Meaning{bus_name::kInterfaceVersionError, kErrorUnsupported},
     Meaning{"org.freedesktop.DBus.Error.UnknownObject", kErrorNoDevice},
     Meaning{"org.freedesktop.DBus.Error.UnknownInterface", kErrorUnsupported},
@@ -343,6 +348,19 @@ Status DriverServiceClient::setProperty(RegistryObject object, std::string_view 
   const auto place = places_.find(object);
   if (capture && place != places_.end()) place->second.wantsCapture = capture->boolean();
   return withObject(object, [&](ObjectProxy& proxy) { proxy.SetProperty(std::string(name), toBus(value)); });
+}
+
+Status DriverServiceClient::writeFile(const std::string& name, const Dictionary& contents) {
+  try {
+    const auto call = begin();
+    const auto owner = startedOwner(call);
+    FilesProxy(call.connection(), owner, bus_name::kRootPath).Write(name, toBus(contents));
+    answered();
+    return kSuccess;
+  } catch (const sdbus::Error& error) {
+    const auto status = meaningOf(error);
+    return status == kErrorNotResponding ? failed(error) : status;
+  }
 }
 
 }  // namespace touchpanel

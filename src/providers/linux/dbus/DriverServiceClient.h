@@ -53,6 +53,10 @@ class DriverServiceClient final : public Registry {
   std::optional<Dictionary> properties(RegistryObject object) override;
   Status setProperty(RegistryObject object, std::string_view name, const Value& value) override;
 
+  /// Has the service write one of the control panel's two files. What the service says, as for setProperty();
+  /// kErrorNotFound when it has no folder for them.
+  Status writeFile(const std::string& name, const Dictionary& contents);
+
  private:
   enum class State { Present, Lost, Gone };
   /// What a handle leads to.

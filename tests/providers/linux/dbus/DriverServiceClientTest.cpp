@@ -12,6 +12,7 @@
 #include "contract/ProductId.h"
 #include "driver/service/DriverService.h"
 #include "providers/linux/dbus/DriverServiceClient.h"
+#include "providers/linux/dbus/FilesThroughService.h"
 #include "providers/linux/loop/FileDescriptor.h"
 #include "support/FakeFileWorker.h"
 #include "support/FakePropertyListFiles.h"
@@ -31,7 +32,10 @@ using ::testing::StartsWith;
 /// The driver service on the session bus, with invented touchscreens, in a thread of its own.
 class ServedDrivers {
  public:
-  ServedDrivers() : connected_(bus_.connect()) {}
+  explicit ServedDrivers(driver::Trust trust = driver::trustInRootAnd(""))
+      : bus_(service_, panelFiles_, Bus::Session, bus_name::kDevelopmentService, std::move(trust),
+             diagnostics),
+        connected_(bus_.connect()) {}
   ~ServedDrivers() {
     thread_.request_stop();
     wake();
@@ -58,6 +62,7 @@ class ServedDrivers {
     service_.touchscreenLeft(std::to_string(locationId));
   }
   RecordingDiagnostics diagnostics;
+  FakePropertyListFiles files;
 
  private:
   void wake() const { ::eventfd_write(wake_.get(), 1); }
@@ -87,11 +92,11 @@ class ServedDrivers {
   FakeOutputDevices outputs_;
   FakeTimers timers_;
   FakeCalibrationReader reader_;
-  FakePropertyListFiles files_;
   FakeFileWorker worker_;
-  driver::StateStore store_{files_, worker_, "/state", diagnostics};
+  driver::StateStore store_{files, worker_, "/state", diagnostics};
   DriverService service_{{touches_, inputs_, outputs_, timers_, notices_, reader_, diagnostics}, store_};
-  driver::BusService bus_{service_, Bus::Session, bus_name::kDevelopmentService, diagnostics};
+  driver::PanelFiles panelFiles_{files, worker_, "/config"};
+  driver::BusService bus_;
   FileDescriptor wake_{::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)};
   std::mutex mutex_;
   bool connected_;
@@ -323,6 +328,42 @@ TEST_F(DriverServiceClientTest, AnnouncesWhoComesAndGoesAndWhatIsWrittenButNoPro
   EXPECT_GE(heardSoFar(), 1);
 }
 
+TEST_F(DriverServiceClientTest, IsToldWhenItMayNotWriteAndLooksAllTheSame) {
+  served.reset();
+  served = std::make_unique<ServedDrivers>(driver::Trust());
+  const auto object = published(kHere);
+  EXPECT_EQ(capture(object, true), kErrorNotPermitted);
+  EXPECT_FALSE(captures(object));
+  EXPECT_EQ(registry.writeFile("com.VARNEXO.Device.Config.plist", {}), kErrorNotPermitted);
+  EXPECT_EQ(probe(object), kSuccess) << "a sign of life";
+}
+
+TEST_F(DriverServiceClientTest, HasTheServiceWriteTheTwoFilesAndNothingElse) {
+  constexpr char kDevice[] = "com.VARNEXO.Device.Config.plist";
+  constexpr char kDriver[] = "com.VARNEXO.Driver.Config.plist";
+  const Dictionary calibration{{"CalibrateStatus", true}, {"CalibParams", Bytes(116, 7)}};
+  Dictionary settings;
+  for (const auto& setting : kSettingsInFile) settings.set(setting.key, valueOf(TouchSettings(), setting));
+  auto tooMuch = settings;
+  tooMuch.set("TouchMode", 4);
+  FakePropertyListFiles own;
+  own.writeStatus = kErrorNotPermitted;
+  FilesThroughService files(own, registry);
+  EXPECT_EQ(files.writeAtomically("/config/" + std::string(kDevice), calibration), kSuccess);
+  EXPECT_EQ(files.writeAtomically("/config/" + std::string(kDriver), settings), kSuccess);
+  EXPECT_EQ(served->files.files.at("/config/" + std::string(kDevice)), calibration);
+  EXPECT_EQ(served->files.files.at("/config/" + std::string(kDriver)), settings)
+      << "in the file's order, too";
+  for (const auto& [name, contents, status] :
+       {std::tuple{"../config/" + std::string(kDevice), calibration, kErrorUnsupported},
+        {kDevice, settings, kErrorBadArgument},
+        {kDevice, {{"CalibrateStatus", true}, {"CalibParams", Bytes(115)}}, kErrorBadArgument},
+        {kDriver, {{"TouchMode", 1}}, kErrorBadArgument},
+        {kDriver, tooMuch, kErrorBadArgument}})
+    EXPECT_EQ(registry.writeFile(name, contents), status) << name;
+  EXPECT_EQ(served->files.files.size(), 2U);
+}
+
 TEST_F(DriverServiceClientTest, RefusesByNameWhateverClientsOfOtherMakesAndVersionsSend) {
   served->plugIn(kHere);
   const auto connection = sdbus::createSessionBusConnection();
@@ -353,6 +394,10 @@ TEST_F(DriverServiceClientTest, RefusesByNameWhateverClientsOfOtherMakesAndVersi
   for (const auto& [value, error] : writes)
     EXPECT_EQ(errorOf(kObject, kInterface, "SetProperty", std::string("configration"), value), error);
   EXPECT_EQ(group(find(registry), "configration").integer("mode"), 1);
+  EXPECT_EQ(errorOf(kObject, kInterface, "ConformsTo", std::string(1U << 20U, 'x')),
+            bus_name::kBadArgumentError)
+      << "refused before it is taken apart";
+  EXPECT_EQ(errorOf(kObject, kInterface, "ConformsTo", std::string(1U << 10U, 'x')), "");
   served->pullOut(kHere);
   EXPECT_EQ(errorOf(kObject, kInterface, "Properties"), "org.freedesktop.DBus.Error.UnknownObject");
 }
