@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include "providers/linux/input/FrameAssembler.h"
+#include "providers/linux/input/NodeReports.h"
 #include "providers/linux/loop/ErrnoStatus.h"
 #include "providers/linux/loop/FileDescriptor.h"
 #include "providers/linux/loop/MonotonicTime.h"
@@ -25,31 +26,6 @@ struct FreeEvdev {
   void operator()(libevdev* device) const { libevdev_free(device); }
 };
 using Evdev = std::unique_ptr<libevdev, FreeEvdev>;
-
-bool hasSlots(const libevdev* device) {
-  return libevdev_has_event_code(device, EV_ABS, ABS_MT_SLOT) &&
-         libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_X) &&
-         libevdev_has_event_code(device, EV_ABS, ABS_MT_POSITION_Y);
-}
-
-bool hasSingleTouch(const libevdev* device) {
-  return libevdev_has_event_code(device, EV_ABS, ABS_X) && libevdev_has_event_code(device, EV_ABS, ABS_Y) &&
-         libevdev_has_event_code(device, EV_KEY, BTN_TOUCH);
-}
-
-bool isMouse(const libevdev* device) {
-  return libevdev_has_event_code(device, EV_KEY, BTN_LEFT) &&
-         (libevdev_has_event_code(device, EV_REL, REL_X) || libevdev_has_event_code(device, EV_ABS, ABS_X));
-}
-
-InputReports reportsOf(const libevdev* device) {
-  if (hasSlots(device)) return InputReports::MultiTouchB;
-  return hasSingleTouch(device) ? InputReports::SingleTouch : InputReports::Nothing;
-}
-
-AxisRange rangeOf(const libevdev* device, unsigned axis) {
-  return {libevdev_get_abs_minimum(device, axis), libevdev_get_abs_maximum(device, axis)};
-}
 
 std::chrono::microseconds timeOf(const input_event& event) {
   return std::chrono::seconds(event.input_event_sec) + std::chrono::microseconds(event.input_event_usec);
@@ -71,13 +47,13 @@ bool isTouched(int descriptor) { return isHeld(descriptor, BTN_TOUCH) || isHeld(
 class EvdevInput final : public TouchInput, private TouchLoop::Source {
  public:
   EvdevInput(TouchLoop& touches, Notices& notices, Diagnostics& diagnostics, FileDescriptor file,
-             const libevdev* device, const std::string& node)
+             const libevdev* device, const NodeReports& reports, const std::string& node)
       : touches_(touches),
         file_(std::move(file)),
-        reports_(reportsOf(device)),
-        x_(rangeOf(device, hasSlots(device) ? ABS_MT_POSITION_X : ABS_X)),
-        y_(rangeOf(device, hasSlots(device) ? ABS_MT_POSITION_Y : ABS_Y)),
-        slots_(hasSlots(device) ? static_cast<std::size_t>(libevdev_get_num_slots(device)) + 1 : 0),
+        reports_(reports),
+        slots_(reports.touches == InputReports::MultiTouchB
+                   ? static_cast<std::size_t>(libevdev_get_num_slots(device)) + 1
+                   : 0),
         dropped_(notices.createNotice([&diagnostics, node, told = false]() mutable {
           if (!std::exchange(told, true))
             diagnostics.line(node + ": touches came faster than they were read; caught up.");
@@ -88,11 +64,11 @@ class EvdevInput final : public TouchInput, private TouchLoop::Source {
   EvdevInput(const EvdevInput&) = delete;
   EvdevInput& operator=(const EvdevInput&) = delete;
 
-  InputReports reports() const override { return reports_; }
+  InputReports reports() const override { return reports_.touches; }
   void listen(FrameListener* listener) override {
     std::optional<FrameAssembler> assembler;
     if (listener)
-      assembler.emplace(reports_ == InputReports::MultiTouchB, x_, y_,
+      assembler.emplace(reports_.touches, reports_.x, reports_.y,
                         [listener](const RawFrame& frame) { listener->frame(frame); });
     touches_.run([&] {
       listener_ = listener;
@@ -117,9 +93,7 @@ class EvdevInput final : public TouchInput, private TouchLoop::Source {
 
   TouchLoop& touches_;
   FileDescriptor file_;
-  InputReports reports_;
-  AxisRange x_;
-  AxisRange y_;
+  NodeReports reports_;
   std::vector<std::int32_t> slots_;  ///< room for a question about all slots: its code, then a value for each
   std::unique_ptr<Notice> dropped_;
   // The touch thread's own.
@@ -156,7 +130,7 @@ void EvdevInput::catchUp() {
   const auto now = monotonicTime();
   feedSlots(now);
   for (const unsigned axis : {ABS_X, ABS_Y}) feed(EV_ABS, axis, axisValue(file_.get(), axis), now);
-  feed(EV_KEY, BTN_TOUCH, isHeld(file_.get(), BTN_TOUCH), now);
+  for (const unsigned button : {BTN_TOUCH, BTN_LEFT}) feed(EV_KEY, button, isHeld(file_.get(), button), now);
   feed(EV_SYN, SYN_REPORT, 0, now);
 }
 
@@ -182,14 +156,15 @@ Status EvdevInputs::open(const std::string& node, std::unique_ptr<TouchInput>& i
   if (const int result = libevdev_new_from_fd(file.get(), &raw); result < 0)
     return result == -ENOTTY || result == -EINVAL ? kErrorUnsupported : statusOfErrno(-result);
   const Evdev device(raw);
-  if (reportsOf(raw) == InputReports::Nothing && !isMouse(raw)) return kErrorUnsupported;
+  const auto reports = reportsOf(*raw);
+  if (!reports.isPointing) return kErrorUnsupported;
   if (isTouched(file.get())) return kErrorBusy;
   if (::ioctl(file.get(), EVIOCGRAB, 1) < 0) return statusOfErrno(errno);
   // A finger that landed meanwhile was seen by the desktop, too. Closing the node gives it back.
   if (isTouched(file.get())) return kErrorBusy;
   if (const int result = libevdev_set_clock_id(raw, CLOCK_MONOTONIC); result < 0)
     return statusOfErrno(-result);
-  input = std::make_unique<EvdevInput>(touches_, notices_, diagnostics_, std::move(file), raw, node);
+  input = std::make_unique<EvdevInput>(touches_, notices_, diagnostics_, std::move(file), raw, reports, node);
   return kSuccess;
 }
 
