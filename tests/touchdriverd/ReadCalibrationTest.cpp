@@ -5,6 +5,7 @@
 #include "support/FakeUsbDevice.h"
 #include "support/RecordingDiagnostics.h"
 #include "touchdriverd/ReadCalibration.h"
+#include "touchdriverd/StoppablePorts.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -37,6 +38,18 @@ TEST(ReadCalibration, WaitsOnlyForADeviceThatAnotherProgramHasOpen) {
     if (row.result != kErrorInputOutput) {
       EXPECT_EQ(clock.now, std::chrono::milliseconds(500) * (row.attempts > 0 ? row.attempts - 1 : 0));
     }
+  }
+}
+
+TEST(ReadCalibration, LetsGoOfADeviceThatHangs) {
+  for (const auto& [longest, requests] :
+       {std::pair{std::chrono::hours(1), 1U}, {std::chrono::hours(0), 0U}}) {
+    FakeUsbDevice device;
+    driver::StoppableDevice limited(device, {}, longest);
+    DeviceRequest request{};
+    EXPECT_EQ(limited.open(), kSuccess);
+    limited.deviceRequest(request);
+    EXPECT_EQ(device.requests.size(), requests);
   }
 }
 
