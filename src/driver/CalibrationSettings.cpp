@@ -68,6 +68,11 @@ bool writeAcceptable(CalibrationSettings& settings, const Dictionary& dictionary
     candidate.maxY = settings.maxY;
     all = false;
   }
+  if (candidate.calibrateStatus && !mapsSensibly(candidate.params)) {
+    candidate.calibrateStatus = settings.calibrateStatus;
+    candidate.params = settings.params;
+    all = false;
+  }
   settings = candidate;
   return all;
 }

@@ -28,6 +28,7 @@ class InstanceProperties {
   bool restore(const Dictionary& state);
 
   const CalibrationSettings& calibration() const { return calibration_; }
+  void setCalibration(const CalibrationSettings& calibration) { calibration_ = calibration; }
   const TouchSettings& settings() const { return settings_; }
   const MonitorPlacement& monitor() const { return monitor_; }
 

@@ -1,5 +1,9 @@
 #include "touchdriverd/ReadCalibration.h"
 
+#include <algorithm>
+#include <array>
+
+#include "config/DataSet.h"
 #include "contract/ProductId.h"
 #include "protocol/Exchange.h"
 
@@ -21,6 +25,13 @@ Status openPatiently(UsbDeviceInterface& device, Clock& clock) {
   }
   return status;
 }
+/// A block that failed is no block of zeros.
+bool hasCalibration(const ExchangeOutcome& outcome) {
+  constexpr std::array kBlocks = {Content::DeviceConfig, Content::CalibX, Content::CalibY};
+  return outcome.left && std::ranges::all_of(kBlocks, [&](Content block) {
+           return outcome.done.contains(block) && !outcome.failed.contains(block);
+         });
+}
 }  // namespace
 
 Status readCalibration(UsbDeviceInterface& device, std::uint16_t productId, HeldCalibration& held,
@@ -29,14 +40,28 @@ Status readCalibration(UsbDeviceInterface& device, std::uint16_t productId, Held
   if (kind != DeviceKind::Infrared && kind != DeviceKind::Optical) return kErrorUnsupported;
   if (const auto status = openPatiently(device, clock); status != kSuccess) return status;
   _DEVICT_CONTEXT context{};
-  context.DeviceConfig.CalibrateStatus = held.calibrateStatus;
-  context.CalibParams = held.params;
   const ExchangePorts ports{clock, diagnostics};
-  const int read = kind == DeviceKind::Infrared ? getIrTucParam(device, context, ports)
-                                                : getOptTucParam(device, context, ports);
+  ExchangeOutcome outcome;
+  if (kind == DeviceKind::Infrared)
+    getIrTucParam(device, context, ports, &outcome);
+  else
+    getOptTucParam(device, context, ports, &outcome);
   device.close();
+  if (!hasCalibration(outcome)) return kErrorInputOutput;
   held = {context.DeviceConfig.CalibrateStatus != 0, context.CalibParams};
-  return read == 1 ? kSuccess : kErrorInputOutput;
+  return kSuccess;
+}
+
+Status readCalibration(PropertyListFiles& files, const std::string& path, HeldCalibration& held) {
+  Status status = kSuccess;
+  const auto file = files.read(path, status);
+  if (!file) return status;
+  HeldCalibration read{file->boolean(device_config_key::kCalibrateStatus), {}};
+  const auto* params = file->bytes(device_config_key::kCalibParams);
+  if (read.calibrateStatus && (!params || params->size() != kCalibParamsSize)) return kErrorBadArgument;
+  if (params) copyImage(*params, read.params);
+  held = read;
+  return kSuccess;
 }
 
 }  // namespace touchpanel::driver

@@ -1,6 +1,7 @@
 #include "touchdriverd/UsbCalibrationReader.h"
 
 #include <cerrno>
+#include <functional>
 #include <span>
 #include <system_error>
 #include <thread>
@@ -9,6 +10,7 @@
 #include <libusb.h>
 #include <sys/eventfd.h>
 
+#include "contract/ProductId.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/linux/loop/FileDescriptor.h"
 #include "providers/linux/usb/LibusbDeviceInterface.h"
@@ -44,8 +46,8 @@ std::shared_ptr<UsbAttachment> find(libusb_context* context, const TouchscreenId
   return nullptr;
 }
 
-Status read(const TouchscreenIdentity& identity, HeldCalibration& held, Diagnostics& details,
-            const std::stop_token& stop) {
+Status readOverUsb(const TouchscreenIdentity& identity, HeldCalibration& held, Diagnostics& details,
+                   const std::stop_token& stop) {
   libusb_context* raw = nullptr;
   if (const auto status = statusOfLibusb(libusb_init(&raw)); status != kSuccess) return status;
   const std::unique_ptr<libusb_context, ExitLibusb> usb(raw);
@@ -59,13 +61,14 @@ Status read(const TouchscreenIdentity& identity, HeldCalibration& held, Diagnost
 
 class ThreadedRead final : public PendingRead {
  public:
-  ThreadedRead(EventLoop& loop, Diagnostics& details, const TouchscreenIdentity& identity,
-               const HeldCalibration& known, CalibrationReader::Done done)
-      : held_(known), done_(std::move(done)), finished_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
+  using Read = std::function<Status(HeldCalibration& held, const std::stop_token& stop)>;
+
+  ThreadedRead(EventLoop& loop, Read read, CalibrationReader::Done done)
+      : done_(std::move(done)), finished_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     if (!finished_) throw std::system_error(errno, std::generic_category(), "eventfd");
     watch_ = loop.watch(finished_.get(), [this] { finish(); });
-    thread_ = std::jthread([this, &details, identity](const std::stop_token& stop) {
-      status_ = read(identity, held_, details, stop);
+    thread_ = std::jthread([this, read = std::move(read)](const std::stop_token& stop) {
+      status_ = read(held_, stop);
       ::eventfd_write(finished_.get(), 1);
     });
   }
@@ -86,9 +89,16 @@ class ThreadedRead final : public PendingRead {
 };
 }  // namespace
 
-std::unique_ptr<PendingRead> UsbCalibrationReader::start(const TouchscreenIdentity& identity,
-                                                         const HeldCalibration& known, Done done) {
-  return std::make_unique<ThreadedRead>(loop_, details_, identity, known, std::move(done));
+std::unique_ptr<PendingRead> UsbCalibrationReader::start(const TouchscreenIdentity& identity, Done done) {
+  ThreadedRead::Read read = [&details = details_, identity](HeldCalibration& held,
+                                                            const std::stop_token& stop) {
+    return readOverUsb(identity, held, details, stop);
+  };
+  if (kindOf(identity.productId) == DeviceKind::ConfigurationOnly)
+    read = [&files = files_, path = deviceConfig_](HeldCalibration& held, const std::stop_token&) {
+      return readCalibration(files, path, held);
+    };
+  return std::make_unique<ThreadedRead>(loop_, std::move(read), std::move(done));
 }
 
 }  // namespace touchpanel::driver

@@ -9,6 +9,7 @@
 #include <malloc.h>
 #include <sys/resource.h>
 
+#include "config/DataSet.h"
 #include "driver/service/DriverService.h"
 #include "platform_build/BuildConstants.h"
 #include "providers/files/LibplistFiles.h"
@@ -43,10 +44,6 @@ void blockSignals() {
 // them a wall of 16 touchscreens would hold 6 MB more until the service ends.
 void shareOneArena() { ::mallopt(M_ARENA_MAX, 1); }
 
-// The bus delivers messages of up to 32 MB, which are refused and freed at once. The threshold is the default, set so that
-// it stays: the allocator would raise it with the first of them, and keep the memory of the next ones.
-void returnLargeMemory() { ::mallopt(M_MMAP_THRESHOLD, 128 * 1024); }
-
 /// What the service manager gave is for touches; threads that are started from now on have none of it.
 void returnPriority() {
   if (::getpriority(PRIO_PROCESS, 0) < 0) ::setpriority(PRIO_PROCESS, 0, 0);
@@ -54,7 +51,6 @@ void returnPriority() {
 
 int serve(const Options& options) {
   shareOneArena();
-  returnLargeMemory();
   blockSignals();
   std::error_code ignored;  // saving the first setting reports a directory that is not there
   std::filesystem::create_directories(options.stateDirectory, ignored);
@@ -72,7 +68,7 @@ int serve(const Options& options) {
   StateStore store(files, worker, options.stateDirectory, diagnostics);
   EvdevInputs inputs(touches, loop, diagnostics);
   UinputDevices outputs;
-  UsbCalibrationReader calibrations(loop, details);
+  UsbCalibrationReader calibrations(loop, files, ConfigPaths::in(kConfigDirectory).deviceConfig, details);
   DriverService service({touches, inputs, outputs, loop, loop, calibrations, diagnostics}, store);
   UdevTouchscreens touchscreens(loop, service, details);
   PanelFiles panelFiles(sharedFiles, worker, kConfigDirectory);

@@ -171,24 +171,24 @@ class FakeTimers final : public Timers {
 /// Reads that are under way by location, which the test finishes when it likes.
 class FakeCalibrationReader final : public driver::CalibrationReader {
  public:
-  struct Read {
-    driver::HeldCalibration known;
-    Done done;
-  };
-
-  std::unique_ptr<driver::PendingRead> start(const TouchscreenIdentity& identity,
-                                             const driver::HeldCalibration& known, Done done) override {
-    underWay[identity.locationId] = {known, std::move(done)};
+  std::unique_ptr<driver::PendingRead> start(const TouchscreenIdentity& identity, Done done) override {
+    ++started;
+    underWay[identity.locationId] = std::move(done);
     return std::make_unique<Pending>(underWay, identity.locationId);
   }
+  void finish(std::uint32_t location, Status status, const driver::HeldCalibration& held = {}) {
+    const auto done = underWay.at(location);
+    done(status, held);
+  }
 
-  std::map<std::uint32_t, Read> underWay;
+  std::map<std::uint32_t, Done> underWay;
+  int started = 0;
 
  private:
   struct Pending final : driver::PendingRead {
-    Pending(std::map<std::uint32_t, Read>& all, std::uint32_t location) : reads(all), locationId(location) {}
+    Pending(std::map<std::uint32_t, Done>& all, std::uint32_t location) : reads(all), locationId(location) {}
     ~Pending() override { reads.erase(locationId); }
-    std::map<std::uint32_t, Read>& reads;
+    std::map<std::uint32_t, Done>& reads;
     std::uint32_t locationId;
   };
 };

@@ -27,11 +27,10 @@ class CalibrationReader {
   using Done = std::function<void(Status, const HeldCalibration&)>;
 
   virtual ~CalibrationReader() = default;
-  /// Opens the touchscreen exclusively (waiting while another program has it), reads its blocks over `known`,
-  /// closes it and calls `done` once from the event loop, never from inside this call. A block that cannot be
-  /// read keeps what `known` had.
-  virtual std::unique_ptr<PendingRead> start(const TouchscreenIdentity& identity,
-                                             const HeldCalibration& known, Done done) = 0;
+  /// Opens the touchscreen exclusively (waiting while another program has it), reads its blocks, closes it and calls
+  /// `done` once from the event loop, never from inside this call. A touchscreen without storage is read from where
+  /// the control panel keeps its calibration; kErrorNotFound when that has none.
+  virtual std::unique_ptr<PendingRead> start(const TouchscreenIdentity& identity, Done done) = 0;
 };
 
 }  // namespace touchpanel::driver

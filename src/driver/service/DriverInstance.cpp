@@ -20,39 +20,52 @@ AxisResolution resolutionOf(const MonitorPlacement& monitor, const DesktopPart& 
 }  // namespace
 
 DriverInstance::DriverInstance(const TouchscreenIdentity& identity, const ServicePorts& ports,
-                               StateStore& store)
+                               StateStore& store, SettingsInForce& settings)
     : identity_(identity),
       ports_(ports),
       store_(store),
+      settings_(settings),
       failed_(ports.notices.createNotice([this] { devices_.deviceFailed(); })),
       chain_(ports.touches, kindOf(identity.productId), *failed_),
-      devices_(identity, ports, chain_, [this] { bringInForce(); }) {
-  if (!properties_.restore(store_.load(identity_)))
-    ports_.diagnostics.line("A touchscreen's saved state is damaged; what is sound of it is used.");
-  saved_ = properties_.state();
-  mode_ = properties_.settings().mode;
+      devices_(identity, ports, chain_, [this] { bringInForce(); }),
+      keeping_(identity, ports, properties_, *this) {
+  restore();
   bringInForce();
-  startReading();
+  keeping_.begin();
+}
+
+void DriverInstance::restore() {
+  const auto remembered = store_.load(identity_);
+  const bool isSound = properties_.restore(settings_.over(remembered));
+  settings_.takeOver(remembered, properties_.settings());
+  mode_ = properties_.settings().mode;
+  keeping_.keep(properties_.calibration());
+  if (isSound)
+    store_.understood(identity_, state());
+  else
+    store_.understoodInPart(identity_, state());
+}
+
+Dictionary DriverInstance::state() const {
+  auto state = properties_.state();
+  state.set(property::kCalibration, toDictionary(keeping_.kept()));
+  state.set(property::kConfigration, ownSettings(properties_.settings()));
+  return state;
 }
 
 Status DriverInstance::setProperty(std::string_view name, const Value& value) {
-  const auto status = write(name, value);
-  // Every message that hands over or takes away a calibration contains its status.
-  if (status == kSuccess && value.get<Dictionary>()->contains(calibration_key::kCalibrateStatus))
-    wroteCalibration_ = true;
-  return status;
-}
-
-Status DriverInstance::write(std::string_view name, const Value& value) {
   CaptureRequest capture;
   if (const auto status = properties_.setProperty(name, value, capture); status != kSuccess) return status;
   if (capture.hasStatCalibrate) capturing_ = capture.statCalibrate;
   bringInForce(capture);
-  auto state = properties_.state();
-  if (state == saved_) return kSuccess;
-  store_.save(identity_, state);
-  saved_ = std::move(state);
+  if (name == property::kConfigration) settings_.written(*value.get<Dictionary>(), properties_.settings());
+  store_.save(identity_, state());
   return kSuccess;
+}
+
+void DriverInstance::calibrationChanged() {
+  bringInForce();
+  store_.save(identity_, state());
 }
 
 void DriverInstance::setDoubleClick(std::chrono::milliseconds time, std::int32_t area) {
@@ -69,24 +82,6 @@ void DriverInstance::bringInForce(const CaptureRequest& capture) {
   // Until the desktop has taken up the other kind of device, touches go on by way of the one that it has.
   if (devices_.areSettled() || (mode == kMultiTouch) == (mode_ == kMultiTouch)) mode_ = mode;
   chain_.change([&](TouchPipeline& pipeline) { configure(pipeline, properties_, mode_, capture); });
-}
-
-void DriverInstance::startReading() {
-  if (kindOf(identity_.productId) == DeviceKind::ConfigurationOnly) return;
-  const HeldCalibration known{properties_.calibration().calibrateStatus, properties_.calibration().params};
-  reading_ = ports_.calibrations.start(
-      identity_, known, [this](Status status, const HeldCalibration& held) { finishReading(status, held); });
-}
-
-void DriverInstance::finishReading(Status status, const HeldCalibration& held) {
-  if (status != kSuccess) {
-    ports_.diagnostics.line("Touchscreen " + hexText(identity_.locationId) +
-                            ": its calibration cannot be read (error " + hexText(status) +
-                            "); the last one known is used.");
-    return;
-  }
-  if (wroteCalibration_) return;
-  write(property::kCalibration, calibrationMessage(held.calibrateStatus, held.params));
 }
 
 }  // namespace touchpanel::driver

@@ -7,14 +7,15 @@
 namespace touchpanel::driver {
 
 DriverService::DriverService(const ServicePorts& ports, StateStore& store)
-    : ports_(ports), store_(store), captures_(ports.timers) {
+    : ports_(ports), store_(store), settings_(store, ports.diagnostics), captures_(ports.timers) {
   store_.load(hidSystem_);
   registry_.setDoubleClickListener([this] { store_.save(hidSystem_); });
 }
 
 void DriverService::touchscreenArrived(const std::string& device, const TouchscreenIdentity& identity) {
   if (instances_.contains(device)) return;
-  auto& instance = *(instances_[device] = std::make_unique<DriverInstance>(identity, ports_, store_));
+  auto& instance =
+      *(instances_[device] = std::make_unique<DriverInstance>(identity, ports_, store_, settings_));
   registry_.publish(instance);
   forEachObject(instance, &ObjectListener::published);
   for (const auto& [node, owner] : nodes_)
@@ -79,9 +80,22 @@ void DriverService::setProperty(RegistryObject object, std::string_view name, co
   const auto savesBefore = store_.saves();
   const auto status = registry_.setProperty(object, name, value);
   if (status != kSuccess) return done(status);
-  if (instance) captures_.written(client, *instance);
+  if (instance) {
+    captures_.written(client, *instance);
+    instance->calibrationKeeping().written(client);
+  }
   if (store_.saves() == savesBefore) return done(kSuccess);
   store_.whenDurable(std::move(done));
+}
+
+void DriverService::clientLeft(const std::string& client) {
+  captures_.clientLeft(client);
+  for (const auto& [device, instance] : instances_) instance->calibrationKeeping().clientLeft(client);
+}
+
+void DriverService::allClientsLeft() {
+  captures_.allClientsLeft();
+  for (const auto& [device, instance] : instances_) instance->calibrationKeeping().allClientsLeft();
 }
 
 }  // namespace touchpanel::driver

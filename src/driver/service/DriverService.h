@@ -43,10 +43,10 @@ class DriverService final : public TouchscreenListener {
   /// kErrorNoSpace, kErrorNotPermitted, kErrorInputOutput or kErrorNotFound when it is in force, but not saved.
   void setProperty(RegistryObject object, std::string_view name, const Value& value,
                    const std::string& client, StateStore::Done done);
-  /// The client is gone: ends its calibration run.
-  void clientLeft(const std::string& client) { captures_.clientLeft(client); }
+  /// The client is gone: ends its calibration run and its trial of a calibration.
+  void clientLeft(const std::string& client);
   /// Clients cannot be told apart from those before any more.
-  void allClientsLeft() { captures_.allClientsLeft(); }
+  void allClientsLeft();
 
  private:
   /// The touchscreen whose driver object `object` is; null for any other.
@@ -55,6 +55,7 @@ class DriverService final : public TouchscreenListener {
 
   ServicePorts ports_;
   StateStore& store_;
+  SettingsInForce settings_;
   HidSystem hidSystem_;
   PublishedInstances registry_{hidSystem_};
   std::map<std::string, std::unique_ptr<DriverInstance>> instances_;

@@ -66,6 +66,17 @@ void StateStore::save(const TouchscreenIdentity& identity, const Dictionary& sta
   save(pathOf(identity), state);
 }
 
+void StateStore::understood(const TouchscreenIdentity& identity, const Dictionary& state) {
+  fileAt(pathOf(identity)).contents = state;
+}
+
+void StateStore::understoodInPart(const TouchscreenIdentity& identity, const Dictionary& state) {
+  const auto path = pathOf(identity);
+  diagnostics_.line("The state in " + path + " is damaged; what is sound of it is used.");
+  if (files_.move(path, path + ".damaged") == kSuccess) return save(path, state);
+  understood(identity, state);
+}
+
 void StateStore::load(HidSystem& hidSystem) {
   for (const auto& [name, value] : fileAt(hidSystemPath()).contents) hidSystem.setProperty(name, value);
 }

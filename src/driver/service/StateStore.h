@@ -13,8 +13,8 @@
 
 namespace touchpanel::driver {
 
-/// The service's state in one directory, a property-list file for each touchscreen and one for the double-click
-/// settings.
+/// The service's state in one directory: a property-list file for each touchscreen, one for the settings in force and
+/// one for the double-click settings.
 ///
 /// What is saved is known at once and written by the worker, one file after another. A file that is saved again
 /// before its turn is written once, with the newest contents; one that is saved unchanged is not written. A failed
@@ -34,6 +34,13 @@ class StateStore {
   /// under the location is taken over, once.
   Dictionary load(const TouchscreenIdentity& identity);
   void save(const TouchscreenIdentity& identity, const Dictionary& state);
+  /// What load() returned amounts to `state`: it is not written until it changes.
+  void understood(const TouchscreenIdentity& identity, const Dictionary& state);
+  /// Only `state` is sound of what load() returned. It is saved, and the file kept as "NAME.damaged"; one that cannot
+  /// be renamed stays as it is.
+  void understoodInPart(const TouchscreenIdentity& identity, const Dictionary& state);
+  Dictionary loadSettings() { return fileAt(settingsPath()).contents; }
+  void saveSettings(const Dictionary& settings) { save(settingsPath(), settings); }
   /// Leaves `hidSystem` as it is where nothing acceptable is known.
   void load(HidSystem& hidSystem);
   void save(const HidSystem& hidSystem);
@@ -58,6 +65,7 @@ class StateStore {
   };
 
   std::string pathOf(const TouchscreenIdentity& identity) const;
+  std::string settingsPath() const { return directory_ + "/settings.plist"; }
   std::string hidSystemPath() const { return directory_ + "/double-click.plist"; }
   File& fileAt(const std::string& path, const std::string& formerPath = {});
   void save(const std::string& path, const Dictionary& contents);

@@ -44,6 +44,15 @@ class Service : public ::testing::Test {
     worker.finish();
     return answer.value();
   }
+  static driver::HeldCalibration heldAt(float units) { return {true, shiftedBy(units, 0)}; }
+  static Dictionary message(const driver::HeldCalibration& held) {
+    return driver::calibrationMessage(held.calibrateStatus, held.params);
+  }
+  Dictionary inForce() {
+    const auto calibration = read("calibration");
+    return {{"calibrateStatus", *calibration.find("calibrateStatus")},
+            {"calibParams", *calibration.find("calibParams")}};
+  }
   Dictionary read(const char* name) { return *service->registry().properties(object())->dictionary(name); }
   void touch(std::chrono::milliseconds at, std::int32_t x, std::int32_t y) {
     timers.time = at;
@@ -214,8 +223,8 @@ TEST_F(Service, LeavesTheDesktopItsRawTouchesWhileThereIsNoPointerDevice) {
 TEST_F(Service, KeepsSettingsThroughRestartAndReplugAndMultiTouchWithThem) {
   plug();
   EXPECT_FALSE(output().touch);
-  write("calibration",
-        {{"calibrateStatus", true}, {"calibParams", bytesOf(shiftedBy(7, 0))}, {"statCalibrate", true}});
+  reader.finish(kHere, kSuccess, heldAt(7));
+  write("calibration", {{"statCalibrate", true}});
   write("configration", {{"smoothness", 9}, {"mode", 3}});
   EXPECT_TRUE(output().touch);
   const auto configration = read("configration");
@@ -241,7 +250,7 @@ TEST_F(Service, SavesWhatChangesAndSaysOnceThatItCannot) {
   write("configration", {{"mode", 2}});
   write("calibration", {{"statCalibrate", true}});
   EXPECT_EQ(write("configration", {{"mode", 99}}), kErrorBadArgument);
-  EXPECT_EQ(files.writeAttempts, 0);
+  EXPECT_EQ(files.writeAttempts, 1) << "of settings that are known from now on";
   const std::pair<Status, std::size_t> attempts[] = {
       {kErrorNoSpace, 1}, {kErrorNoSpace, 1}, {kSuccess, 2}, {kSuccess, 2}, {kErrorNoSpace, 3}};
   for (const auto& [status, lines] : attempts) {
@@ -249,57 +258,149 @@ TEST_F(Service, SavesWhatChangesAndSaysOnceThatItCannot) {
     EXPECT_EQ(write("configration", {{"mode", files.writeAttempts % 2}}), status);
     EXPECT_EQ(diagnostics.lines.size(), lines);
   }
-  EXPECT_EQ(files.writeAttempts, 5);
+  EXPECT_EQ(files.writeAttempts, 6);
 }
 
-TEST_F(Service, ReportsADamagedStateFileAndTakesWhatIsValidOfIt) {
-  files.files["/state/touchscreen-00110000-0001.plist"] = {
+TEST_F(Service, TakesWhatIsSoundOfADamagedStateFileAndKeepsIt) {
+  const std::string file = "/state/touchscreen-00110000-0001.plist";
+  const Dictionary damaged = {
       {"calibration",
        Dictionary{
            {"calibrateStatus", true}, {"minX", 30000}, {"maxX", 200}, {"minY", 10}, {"calibParams", 1}}},
+      {"configration", Dictionary{{"mode", 9}, {"smoothness", 5}, {"odd", 1}}},
       {"other", 1}};
-  files.files["/state/touchscreen-00110001-0001.plist"] = {
-      {"configration", Dictionary{{"mode", 9}, {"smoothness", 5}, {"odd", 1}}}};
+  files.files[file] = damaged;
+  for (int i = 0; i < 2; ++i) {
+    plug();
+    EXPECT_EQ(diagnostics.lines.size(), 1U);
+    EXPECT_FALSE(read("calibration").boolean("calibrateStatus")) << "nothing of it is a calibration";
+    EXPECT_EQ(read("calibration").integer("minX"), 0) << "an area inside out is no area";
+    EXPECT_EQ(read("calibration").integer("maxX"), 32767);
+    EXPECT_EQ(read("configration").integer("mode"), 2);
+    EXPECT_EQ(read("configration").integer("smoothness"), 5);
+    service->touchscreenLeft(kUsb);
+  }
+  EXPECT_EQ(files.files.at(file + ".damaged"), damaged);
+  start();
   plug();
-  EXPECT_EQ(diagnostics.lines.size(), 1U);
-  EXPECT_TRUE(read("calibration").boolean("calibrateStatus"));
-  EXPECT_EQ(read("calibration").integer("minX"), 0) << "an area inside out is no area";
-  EXPECT_EQ(read("calibration").integer("maxX"), 32767);
-  EXPECT_EQ(read("configration").integer("smoothness"), 1);
-  service->touchscreenLeft(kUsb);
-  service->touchscreenArrived(kUsb, {kHere + 1, kProductConfigurationOnly});
-  EXPECT_EQ(diagnostics.lines.size(), 2U);
-  EXPECT_EQ(read("configration").integer("mode"), 2);
   EXPECT_EQ(read("configration").integer("smoothness"), 5);
+  EXPECT_EQ(diagnostics.lines.size(), 1U);
 }
 
-TEST_F(Service, TakesTheCalibrationThatTheDeviceHoldsOverTheOneItRemembers) {
+TEST_F(Service, GivesTheSettingsLastWrittenToEachTouchscreenThatArrives) {
+  // As an earlier release left them: all settings with each touchscreen.
+  files.files["/state/touchscreen-00110000-0001.plist"] = {
+      {"configration", Dictionary{{"mode", 1}, {"smoothness", 5}, {"enableTouch", false}}}};
+  files.files["/state/touchscreen-00110001-0001.plist"] = {{"configration", Dictionary{{"mode", 0}}}};
+  const auto plugOther = [&] {
+    service->touchscreenArrived("/sys/usb2", {kHere + 1, kProductConfigurationOnly});
+    const auto there = service->registry().instancesOf(class_name::kTouchDriver).at(1);
+    return *service->registry().properties(there)->dictionary("configration");
+  };
+  plug();
+  EXPECT_EQ(read("configration").integer("mode"), 1);
+  EXPECT_FALSE(read("configration").boolean("enableTouch"));
+  EXPECT_EQ(plugOther().integer("mode"), 1);
+  EXPECT_TRUE(plugOther().boolean("enableTouch")) << "which switches one touchscreen";
+  service->touchscreenLeft("/sys/usb2");
+  write("configration", {{"mode", 3}});
+  EXPECT_EQ(plugOther().integer("mode"), 3);
+  start();
+  plug();
+  EXPECT_EQ(read("configration").integer("mode"), 3);
+  EXPECT_EQ(read("configration").integer("smoothness"), 5);
+  EXPECT_FALSE(read("configration").boolean("enableTouch"));
+  EXPECT_EQ(plugOther().integer("mode"), 3);
+}
+
+TEST_F(Service, KeepsATrialOnlyUntilItsClientLeavesAndThenWhatTheTouchscreenHolds) {
+  const auto before = heldAt(1), trial = heldAt(2), other = heldAt(3);
+  struct Row {
+    const char* what;
+    std::optional<std::pair<Status, driver::HeldCalibration>>
+        answer;  // of the reading when the client has left
+    driver::HeldCalibration afterwards;
+  };
+  for (const auto& row : std::vector<Row>{
+           {"accepted", std::pair{kSuccess, trial}, trial},
+           {"not accepted", std::pair{kSuccess, before}, before},
+           {"restored", std::pair{kSuccess, other}, other},
+           {"not readable", std::pair{kErrorInputOutput, trial}, before},
+           {"holds nothing", std::pair{kErrorNotFound, trial}, before},
+           {"senseless", std::pair{kSuccess, driver::HeldCalibration{true, {}}}, before},
+           {"does not answer", std::nullopt, before},
+       }) {
+    SCOPED_TRACE(row.what);
+    files.files.clear();
+    start();
+    plug(kProductOptical);
+    reader.finish(kHere, kSuccess, before);
+    write("calibration", {{"statCalibrate", true}}, ":1.7");
+    write("calibration", message(trial), ":1.7");
+    write("configration", {{"mode", 1}}, ":1.8");
+    const int reads = reader.started;
+    service->clientLeft(":1.8");
+    EXPECT_EQ(inForce(), message(trial));
+    EXPECT_EQ(reader.started, reads);
+    service->clientLeft(":1.7");
+    EXPECT_EQ(inForce(), message(trial)) << "which may have been accepted";
+    if (row.answer)
+      reader.finish(kHere, row.answer->first, row.answer->second);
+    else
+      timers.advance(1s);
+    EXPECT_EQ(inForce(), message(row.afterwards));
+    worker.finish();
+    start();
+    plug(kProductOptical);
+    EXPECT_EQ(inForce(), message(row.afterwards))
+        << "remembered, and in force before the touchscreen is read";
+    touch(timers.time == 0s ? 1ms : 5000ms, 100, 100);
+    EXPECT_FALSE(output().frames.empty());
+    service->touchscreenLeft(kUsb);
+    EXPECT_TRUE(reader.underWay.empty());
+  }
+}
+
+TEST_F(Service, SavesNoTrialThoughTheServiceDies) {
   plug(kProductOptical);
-  write("calibration", {{"calibrateStatus", true}, {"calibParams", bytesOf(shiftedBy(7, 0))}});
+  reader.finish(kHere, kSuccess, heldAt(1));
+  write("calibration", message(heldAt(2)));
+  write("monitor", {{"name", "the one on the left"}});
   start();
   plug(kProductOptical);
-  EXPECT_TRUE(reader.underWay.at(kHere).known.calibrateStatus) << "a block that cannot be read keeps this";
-  EXPECT_EQ(reader.underWay.at(kHere).known.params.X.A00, 7);
-  write("calibration", {});
-  touch(0ms, 100, 100);
-  EXPECT_EQ(output().frames.size(), 1U) << "touches do not wait for the reading";
-  const driver::HeldCalibration held{true, shiftedBy(50, 0)};
-  reader.underWay.at(kHere).done(kSuccess, held);
-  const auto taken = bytesOf(held.params);
-  EXPECT_EQ(*read("calibration").bytes("calibParams"), taken);
-  start();
+  EXPECT_EQ(inForce(), message(heldAt(1)));
+  EXPECT_EQ(read("monitor").text("name"), "the one on the left");
+  write("calibration", message(heldAt(3)));
+  reader.finish(kHere, kSuccess, heldAt(4));
+  EXPECT_EQ(inForce(), message(heldAt(3))) << "a reading does not disturb a trial";
+  write("calibration", message(heldAt(4)));
+  const int reads = reader.started;
+  service->clientLeft(":1.1");
+  EXPECT_EQ(reader.started, reads) << "it has taken its trial back";
+}
+
+TEST_F(Service, ReadsATouchscreenAgainWithGrowingPausesAndSaysSoOnce) {
   plug(kProductOptical);
-  EXPECT_EQ(*read("calibration").bytes("calibParams"), taken) << "and remembers it";
-  reader.underWay.at(kHere).done(kErrorTimeout, {});
-  EXPECT_EQ(*read("calibration").bytes("calibParams"), taken);
+  for (const auto until : {1s, 2s, 4s, 8s, 16s, 32s, 60s, 60s}) {
+    reader.finish(kHere, kErrorInputOutput);
+    const int before = reader.started;
+    timers.advance(until - 1ms);
+    EXPECT_EQ(reader.started, before);
+    timers.advance(1ms);
+    EXPECT_EQ(reader.started, before + 1);
+  }
   EXPECT_EQ(diagnostics.lines.size(), 1U);
-  write("calibration", {{"calibrateStatus", false}});
-  reader.underWay.at(kHere).done(kSuccess, held);
-  EXPECT_FALSE(read("calibration").boolean("calibrateStatus")) << "but not over what a panel wrote meanwhile";
-  service->touchscreenLeft(kUsb);
-  EXPECT_TRUE(reader.underWay.empty()) << "the reading of a touchscreen that leaves is abandoned";
-  plug(kProductConfigurationOnly);
-  EXPECT_TRUE(reader.underWay.empty()) << "this kind holds nothing to read";
+  reader.finish(kHere, kErrorInputOutput);
+  timers.advance(30s);
+  write("calibration", {{"statCalibrate", true}});
+  const int before = reader.started;
+  timers.advance(45s);
+  EXPECT_EQ(reader.started, before) << "a calibration run needs its touches";
+  write("calibration", {{"statCalibrate", false}});
+  timers.advance(60s);
+  reader.finish(kHere, kSuccess, heldAt(2));
+  EXPECT_EQ(inForce(), message(heldAt(2)));
+  EXPECT_EQ(diagnostics.lines.size(), 2U);
 }
 
 TEST_F(Service, KeepsACaptureForTheClientThatAskedForItUntilItLeaves) {

@@ -145,6 +145,8 @@ def stays_calibrated(report: Report, chain: Chain) -> None:
     """Still calibrated with the panel closed, the service restarted, its memory lost, and the touchscreen re-plugged"""
     chain.press("Exit")
     expect_equal(chain.panel.wait(60), 0, "the panel's exit status")
+    held = bytes.fromhex(chain.emulator.stored("glass")["CalibParams"])
+    eventually(lambda: held in chain.driver.remembered_calibrations(), "the touchscreen's calibration in the state", 10)
     chain.driver.stop()
     chain.driver.start()
     _hits(report, chain, "service restarted")

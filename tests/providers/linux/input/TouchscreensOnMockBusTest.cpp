@@ -60,7 +60,7 @@ TEST(TouchscreensOnMockBus, ArePublishedAtOnceReadOutAndWithdrawnUnlessOfAnother
   FakeFileWorker worker;
   driver::StateStore store{files, worker, "/state", diagnostics};
   RecordingDiagnostics details;
-  driver::UsbCalibrationReader reader{loop, details};
+  driver::UsbCalibrationReader reader{loop, files, "/state/device.plist", details};
   driver::DriverService service{{touches, inputs, outputs, loop, notices, reader, diagnostics}, store};
   const UdevTouchscreens touchscreens{loop, service, details};
   const auto happens = [&](const auto& condition) {
