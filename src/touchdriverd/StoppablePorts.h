@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <stop_token>
@@ -25,18 +26,29 @@ class StoppableClock final : public Clock {
   std::condition_variable_any wake_;
 };
 
-/// Another device interface, which is gone as soon as the worker that uses it is asked to stop: an exchange
-/// with many attempts left then runs out at once.
+/// Another device interface, which is gone as soon as the worker that uses it is asked to stop, or has had it open for
+/// so long: an exchange with many attempts left then runs out at once.
 class StoppableDevice final : public UsbDeviceInterface {
  public:
-  /// `device` is not owned.
-  StoppableDevice(UsbDeviceInterface& device, std::stop_token stop)
-      : device_(device), stop_(std::move(stop)) {}
+  /// Less than the 24.5 s for which the control panel waits for a touchscreen that is open elsewhere. A sound
+  /// touchscreen is read within a second.
+  static constexpr std::chrono::seconds kLongestUse{12};
 
-  Status open() override { return stop_.stop_requested() ? kErrorNoDevice : device_.open(); }
+  /// `device` is not owned.
+  StoppableDevice(UsbDeviceInterface& device, std::stop_token stop,
+                  std::chrono::milliseconds longestUse = kLongestUse)
+      : device_(device), stop_(std::move(stop)), longestUse_(longestUse) {}
+
+  Status open() override {
+    end_ = std::chrono::steady_clock::time_point::max();
+    if (isOver()) return kErrorNoDevice;
+    const auto status = device_.open();
+    end_ = std::chrono::steady_clock::now() + longestUse_;
+    return status;
+  }
   Status close() override { return device_.close(); }
   Status deviceRequest(DeviceRequest& request) override {
-    return stop_.stop_requested() ? kErrorNoDevice : device_.deviceRequest(request);
+    return isOver() ? kErrorNoDevice : device_.deviceRequest(request);
   }
   Status getConfiguration(std::uint8_t& configuration) override {
     return device_.getConfiguration(configuration);
@@ -48,8 +60,12 @@ class StoppableDevice final : public UsbDeviceInterface {
   UsbDeviceReference reference() const override { return device_.reference(); }
 
  private:
+  bool isOver() const { return stop_.stop_requested() || std::chrono::steady_clock::now() >= end_; }
+
   UsbDeviceInterface& device_;
   std::stop_token stop_;
+  std::chrono::milliseconds longestUse_;
+  std::chrono::steady_clock::time_point end_ = std::chrono::steady_clock::time_point::max();
 };
 
 }  // namespace touchpanel::driver

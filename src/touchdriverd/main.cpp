@@ -44,6 +44,10 @@ void blockSignals() {
 // them a wall of 16 touchscreens would hold 6 MB more until the service ends.
 void shareOneArena() { ::mallopt(M_ARENA_MAX, 1); }
 
+// The bus delivers messages of up to 32 MB, which are refused and freed at once. The threshold is the default, set so that
+// it stays: the allocator would raise it with the first of them, and keep the memory of the next ones.
+void returnLargeMemory() { ::mallopt(M_MMAP_THRESHOLD, 128 * 1024); }
+
 /// What the service manager gave is for touches; threads that are started from now on have none of it.
 void returnPriority() {
   if (::getpriority(PRIO_PROCESS, 0) < 0) ::setpriority(PRIO_PROCESS, 0, 0);
@@ -51,6 +55,7 @@ void returnPriority() {
 
 int serve(const Options& options) {
   shareOneArena();
+  returnLargeMemory();
   blockSignals();
   std::error_code ignored;  // saving the first setting reports a directory that is not there
   std::filesystem::create_directories(options.stateDirectory, ignored);

@@ -9,6 +9,7 @@
 #include "support/FirmwareUsbDevice.h"
 #include "support/RecordingDiagnostics.h"
 #include "touchdriverd/ReadCalibration.h"
+#include "touchdriverd/StoppablePorts.h"
 
 namespace touchpanel::testing {
 namespace {
@@ -79,6 +80,18 @@ TEST(ReadCalibration, TakesThePanelsFileOfATouchscreenWithoutStorage) {
     EXPECT_EQ(driver::readCalibration(files, "/file", held), row.result);
     EXPECT_EQ(held.calibrateStatus, row.result == kSuccess && row.file.boolean("CalibrateStatus"));
     EXPECT_EQ(imageOf(held.params) == params, held.calibrateStatus);
+  }
+}
+
+TEST(ReadCalibration, LetsGoOfADeviceThatHangs) {
+  for (const auto& [longest, requests] :
+       {std::pair{std::chrono::hours(1), 1U}, {std::chrono::hours(0), 0U}}) {
+    FakeUsbDevice device;
+    driver::StoppableDevice limited(device, {}, longest);
+    DeviceRequest request{};
+    EXPECT_EQ(limited.open(), kSuccess);
+    limited.deviceRequest(request);
+    EXPECT_EQ(device.requests.size(), requests);
   }
 }
 
