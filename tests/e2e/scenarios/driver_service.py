@@ -54,6 +54,8 @@ class DriverService:
         STATE.mkdir(parents=True, exist_ok=True)
 
     def start(self) -> None:
+        # A busy bus hears late that the last one has ended.
+        eventually(lambda: not self.bus.name_has_owner(NAME), "the end of the last service's name", 30)
         log = (SHARE / "touchdriverd.log").open("a")
         environment = {**os.environ, "STATE_DIRECTORY": str(STATE)}
         self.process = subprocess.Popen([self.program], stdin=subprocess.DEVNULL, stdout=log, stderr=log,
