@@ -58,6 +58,7 @@ Authority::Authority(sdbus::IConnection& connection, Trust trust, Diagnostics& d
       polkit_(sdbus::createProxy(connection, kPolkit, kPolkitPath)) {}
 
 void Authority::check(const std::string& client, Asking asking, Done done) {
+  clients_.insert(client);
   bus_->callMethodAsync("GetConnectionCredentials")
       .onInterface(kBus)
       .withTimeout(kLongestCheck)
@@ -97,6 +98,8 @@ void Authority::askPolkit(const Client& client, Done done) {
       .uponReplyInvoke(
           [this, client, done = std::move(done)](const sdbus::Error* error, const Verdict& verdict) {
             if (--checks_[client.user] == 0) checks_.erase(client.user);
+            // Of a client that has left polkit knows nothing, which is no fault of polkit's.
+            if (!clients_.contains(client.name)) return done(kErrorNotPermitted);
             done(answerOf(client, error, std::get<0>(verdict), std::get<1>(verdict)));
           });
 }
@@ -126,6 +129,7 @@ void Authority::askAdministrator(const std::string& client) {
 }
 
 void Authority::clientLeft(const std::string& client) {
+  clients_.erase(client);
   if (askedFor_.erase(client) == 0) return;
   polkit_->callMethodAsync("CancelCheckAuthorization")
       .onInterface(kPolkitInterface)

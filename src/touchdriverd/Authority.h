@@ -48,7 +48,7 @@ class Authority {
 
   /// `done` is called once, not from inside this call, and not after the authority is gone.
   void check(const std::string& client, Asking asking, Done done);
-  /// An administrator need not be asked for this client any more.
+  /// An administrator need not be asked for this client any more, and what polkit says of it does not matter.
   void clientLeft(const std::string& client);
 
  private:
@@ -67,6 +67,7 @@ class Authority {
   Trust trust_;
   OutageReport outage_;
   std::map<uid_t, int> checks_;     ///< under way at polkit
+  std::set<std::string> clients_;   ///< that were checked and have not left
   std::set<std::string> askedFor_;  ///< clients for which an administrator is being asked
   std::unique_ptr<sdbus::IProxy> bus_;
   std::unique_ptr<sdbus::IProxy> polkit_;

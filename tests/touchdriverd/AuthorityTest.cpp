@@ -108,8 +108,15 @@ TEST_F(AuthorityTest, TrustsItsUsersThenPolkitAndWithoutPolkitItsGroup) {
     EXPECT_THAT(polkit->asked, ElementsAre(question("0")));
   }
   EXPECT_EQ(diagnostics.lines.size(), 1U);
+  authority.emplace(*connection, none, diagnostics);
+  int refused = 0;
+  authority->check(client->getUniqueName(), Authority::Asking::Unwanted, [&](Status) { ++refused; });
+  authority->clientLeft(client->getUniqueName());
+  EXPECT_TRUE(happens([&] { return refused == 1; }));
+  EXPECT_EQ(diagnostics.lines.size(), 1U) << "polkit knows nobody who has left";
+  polkit->asked.clear();
   EXPECT_EQ(answer({{::geteuid()}, std::nullopt}), kSuccess);
-  EXPECT_EQ(polkit->asked.size(), 1U) << "of a trusted user nothing is asked";
+  EXPECT_TRUE(polkit->asked.empty()) << "of a trusted user nothing is asked";
 }
 
 TEST_F(AuthorityTest, RefusesWhenPolkitNeverAnswersAndLetsOneUserAskOnlySoMuch) {
