@@ -34,14 +34,14 @@ void PointerOutput::contacts(const RawFrame& frame) {
     const auto [x, y] = onDesktop({contact.x, contact.y}, touchPart_);
     out.contacts[i] = {contact.id, x, y};
   }
-  emit(out);
+  send(out);
 }
 
 void PointerOutput::releaseAll() {
-  if (last_.left || last_.right || last_.count > 0) emit({});
+  if (last_.left || last_.right || last_.count > 0) send({});
 }
 
-void PointerOutput::emit(const OutputFrame& frame) {
+void PointerOutput::send(const OutputFrame& frame) {
   if (frame == last_) return;
   last_ = frame;
   sink_(frame);

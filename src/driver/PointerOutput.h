@@ -22,10 +22,10 @@ class PointerOutput {
     return isNew;
   }
 
-  void moveTo(Point point) { emit(pointer(point, last_.left, last_.right)); }
-  void pressLeft(Point point) { emit(pointer(point, true, false)); }
-  void pressRight(Point point) { emit(pointer(point, false, true)); }
-  void releaseAt(Point point) { emit(pointer(point, false, false)); }
+  void moveTo(Point point) { send(pointer(point, last_.left, last_.right)); }
+  void pressLeft(Point point) { send(pointer(point, true, false)); }
+  void pressRight(Point point) { send(pointer(point, false, true)); }
+  void releaseAt(Point point) { send(pointer(point, false, false)); }
   /// The contacts of a multi-touch frame that are down now; the pointer stays where it is.
   void contacts(const RawFrame& frame);
   /// Lets go of every button and contact, without moving anything.
@@ -33,7 +33,7 @@ class PointerOutput {
 
  private:
   OutputFrame pointer(Point point, bool left, bool right) const;
-  void emit(const OutputFrame& frame);
+  void send(const OutputFrame& frame);
 
   std::function<void(const OutputFrame&)> sink_;
   DesktopPart pointerPart_;
