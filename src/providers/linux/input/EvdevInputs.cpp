@@ -79,7 +79,7 @@ class EvdevInput final : public TouchInput, private TouchLoop::Source {
 
  private:
   int descriptor() const override { return file_.get(); }
-  bool read() override;
+  bool read(std::chrono::microseconds& now) override;
   std::optional<std::chrono::microseconds> nextDeadline() const override {
     return listener_ ? listener_->nextDeadline() : std::nullopt;
   }
@@ -103,13 +103,15 @@ class EvdevInput final : public TouchInput, private TouchLoop::Source {
   std::array<input_event, 64> events_{};
 };
 
-bool EvdevInput::read() {
+bool EvdevInput::read(std::chrono::microseconds& now) {
   // One call: what it leaves behind keeps the descriptor readable.
   const auto size = ::read(file_.get(), events_.data(), sizeof events_);
-  if (size < 0) return errno == EAGAIN || errno == EINTR;  // else unplugged: udev will say so
-  for (std::size_t i = 0; i < static_cast<std::size_t>(size) / sizeof(input_event); ++i)
+  if (size < 0) return errno == EINTR;  // else unplugged: udev will say so
+  const auto count = static_cast<std::size_t>(size) / sizeof(input_event);
+  for (std::size_t i = 0; i < count; ++i)
     if (assembler_) take(events_[i]);
-  return size > 0;
+  if (count > 0) now = timeOf(events_[count - 1]);
+  return count > 0;
 }
 
 void EvdevInput::take(const input_event& event) {
@@ -164,6 +166,8 @@ Status EvdevInputs::open(const std::string& node, std::unique_ptr<TouchInput>& i
   if (isTouched(file.get())) return kErrorBusy;
   if (const int result = libevdev_set_clock_id(raw, CLOCK_MONOTONIC); result < 0)
     return statusOfErrno(-result);
+  if (::fcntl(file.get(), F_SETFL, 0) < 0)
+    return statusOfErrno(errno);  // the touch thread sleeps in the reading
   input = std::make_unique<EvdevInput>(touches_, notices_, diagnostics_, std::move(file), raw, reports, node);
   return kSuccess;
 }

@@ -80,7 +80,10 @@ class UinputDevice {
   Status write(std::span<const input_event> events) {
     if (events.empty()) return kSuccess;
     const auto size = static_cast<ssize_t>(events.size_bytes());
-    return ::write(file_.get(), events.data(), events.size_bytes()) == size ? kSuccess : statusOfErrno(errno);
+    ssize_t written = 0;
+    do written = ::write(file_.get(), events.data(), events.size_bytes());
+    while (written < 0 && errno == EINTR);  // in which case nothing was taken
+    return written == size ? kSuccess : statusOfErrno(errno);
   }
 
  private:

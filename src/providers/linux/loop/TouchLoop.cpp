@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <limits>
 #include <system_error>
 
+#include <pthread.h>
 #include <sys/epoll.h>
-#include <sys/eventfd.h>
 
 #include "providers/linux/loop/MonotonicTime.h"
 
@@ -15,19 +16,15 @@ namespace touchpanel {
 namespace {
 using namespace std::chrono;
 
-void watch(int epoll, int descriptor, void* data) {
-  epoll_event event{};
-  event.events = EPOLLIN;
-  event.data.ptr = data;
-  if (::epoll_ctl(epoll, EPOLL_CTL_ADD, descriptor, &event) != 0)
-    throw std::system_error(errno, std::generic_category(), "epoll");
-}
+constexpr int kInterruption = SIGUSR1;
+
 }  // namespace
 
-TouchLoop::TouchLoop()
-    : epoll_(::epoll_create1(EPOLL_CLOEXEC)), wake_(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-  if (!epoll_ || !wake_) throw std::system_error(errno, std::generic_category(), "touch thread");
-  watch(epoll_.get(), wake_.get(), nullptr);
+TouchLoop::TouchLoop() : epoll_(::epoll_create1(EPOLL_CLOEXEC)) {
+  if (!epoll_) throw std::system_error(errno, std::generic_category(), "touch thread");
+  struct sigaction interrupting {};  // not restarting what it interrupts
+  interrupting.sa_handler = [](int) {};
+  ::sigaction(kInterruption, &interrupting, nullptr);
   thread_ = std::thread([this] { serve(); });
 }
 
@@ -38,12 +35,17 @@ TouchLoop::~TouchLoop() {
 
 void TouchLoop::run(const std::function<void()>& call) {
   call_ = &call;
-  ::eventfd_write(wake_.get(), 1);
-  done_.acquire();
+  // A signal that comes just before the thread goes to sleep is lost, so it is sent until it has worked.
+  do ::pthread_kill(thread_.native_handle(), kInterruption);
+  while (!done_.try_acquire_for(milliseconds(1)));
 }
 
 void TouchLoop::add(Source& source) {
-  watch(epoll_.get(), source.descriptor(), &source);
+  epoll_event event{};
+  event.events = EPOLLIN;
+  event.data.ptr = &source;
+  if (::epoll_ctl(epoll_.get(), EPOLL_CTL_ADD, source.descriptor(), &event) != 0)
+    throw std::system_error(errno, std::generic_category(), "epoll");
   auto sources = sources_;  // what allocates does so here
   sources.push_back(&source);
   run([&] { sources_.swap(sources); });
@@ -58,26 +60,35 @@ void TouchLoop::remove(Source& source) {
 
 void TouchLoop::serve() {
   while (!stopping_) {
-    // One at a time: what a call removes is then never among events that were fetched before.
-    epoll_event event{};
-    const int ready = ::epoll_wait(epoll_.get(), &event, 1, timeoutMs());
-    // Input comes before deadlines: a finger's lift that waits to be read prevents what was due.
-    if (ready <= 0)
-      tickDue();
-    else if (!event.data.ptr)
+    if (call_.load())
       runCall();
-    else if (auto* source = static_cast<Source*>(event.data.ptr); !source->read())
-      ::epoll_ctl(epoll_.get(), EPOLL_CTL_DEL, source->descriptor(), nullptr);
+    else if (sources_.size() == 1 && !sources_.front()->isBroken_ && timeoutMs() < 0)
+      readFrom(*sources_.front());
+    else
+      waitForAny();
   }
 }
 
+void TouchLoop::waitForAny() {
+  // One at a time: what a call removes is then never among events that were fetched before.
+  epoll_event event{};
+  const int ready = ::epoll_wait(epoll_.get(), &event, 1, timeoutMs());
+  // Input comes before deadlines: a finger's lift that waits to be read prevents what was due.
+  if (ready > 0) return readFrom(*static_cast<Source*>(event.data.ptr));
+  now_ = monotonicTime();
+  tickDue();
+}
+
+void TouchLoop::readFrom(Source& source) {
+  if (source.read(now_)) return;
+  source.isBroken_ = true;
+  ::epoll_ctl(epoll_.get(), EPOLL_CTL_DEL, source.descriptor(), nullptr);
+}
+
 void TouchLoop::runCall() {
-  eventfd_t ignored = 0;
-  ::eventfd_read(wake_.get(), &ignored);
-  if (const auto* call = call_.exchange(nullptr)) {
-    (*call)();
-    done_.release();
-  }
+  now_ = monotonicTime();
+  (*call_.exchange(nullptr))();
+  done_.release();
 }
 
 int TouchLoop::timeoutMs() const {
@@ -85,18 +96,13 @@ int TouchLoop::timeoutMs() const {
   for (const auto* source : sources_)
     if (const auto due = source->nextDeadline()) nearest = std::min(nearest, *due);
   if (nearest == microseconds::max()) return -1;
-  const auto left = ceil<milliseconds>(nearest - monotonicTime()).count();
+  const auto left = ceil<milliseconds>(nearest - now_).count();
   return static_cast<int>(std::clamp<milliseconds::rep>(left, 0, std::numeric_limits<int>::max()));
 }
 
 void TouchLoop::tickDue() {
-  auto now = microseconds::min();
-  for (auto* source : sources_) {
-    const auto due = source->nextDeadline();
-    if (!due) continue;
-    if (now == microseconds::min()) now = monotonicTime();
-    if (*due <= now) source->tick(now);
-  }
+  for (auto* source : sources_)
+    if (const auto due = source->nextDeadline(); due && *due <= now_) source->tick(now_);
 }
 
 }  // namespace touchpanel

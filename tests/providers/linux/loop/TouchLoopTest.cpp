@@ -20,9 +20,10 @@ using namespace std::chrono_literals;
 class Counter final : public TouchLoop::Source {
  public:
   int descriptor() const override { return file.get(); }
-  bool read() override {
+  bool read(std::chrono::microseconds& now) override {
     eventfd_t one = 0;
-    ::eventfd_read(file.get(), &one);
+    if (::eventfd_read(file.get(), &one) != 0) return true;
+    now = monotonicTime();
     ++reads;
     if (onRead) onRead();
     return !broken;
@@ -34,7 +35,7 @@ class Counter final : public TouchLoop::Source {
     ticked.release();
   }
 
-  FileDescriptor file{::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK | EFD_SEMAPHORE)};
+  FileDescriptor file{::eventfd(0, EFD_CLOEXEC | EFD_SEMAPHORE)};
   std::function<void()> onRead;
   int reads = 0;
   bool broken = false;
@@ -85,9 +86,10 @@ class RestlessInputs final : public TouchInputs {
       loop.run([&] { listener = to; });
     }
     int descriptor() const override { return alwaysReadable.get(); }
-    bool read() override {
+    bool read(std::chrono::microseconds& now) override {
       ++count;
-      RawFrame frame{monotonicTime(), static_cast<std::uint8_t>(count % 2), {{{0, count % 32768, 9}}}};
+      now = monotonicTime();
+      RawFrame frame{now, static_cast<std::uint8_t>(count % 2), {{{0, count % 32768, 9}}}};
       if (listener) listener->frame(frame);
       return true;
     }
