@@ -47,6 +47,9 @@ class RandomTouches {
             {"calibParams", bytesOf(params)},
             {"statCalibrate", below(4) == 0}};
   }
+  Dictionary monitor() {
+    return {{"minX", below(16000)}, {"maxY", 16000 + below(16000)}, {"turn", below(4)}};
+  }
   std::chrono::microseconds now() const { return now_; }
 
  private:
@@ -85,6 +88,7 @@ TEST(AnyFrames, LeaveButtonsBalancedCoordinatesInsideAndContactsValidWithoutAllo
     for (int i = 0; i < 1500 && !HasFatalFailure(); ++i) {
       if (touches.below(40) == 0) driver.setProperty(property::kConfigration, touches.settings());
       if (touches.below(60) == 0) driver.setProperty(property::kCalibration, touches.calibration());
+      if (touches.below(90) == 0) driver.setProperty(property::kMonitor, touches.monitor());
       const auto frame = touches.next();
       const auto allocated = allocationCount();
       if (touches.below(5) == 0) driver.tick(touches.now());
