@@ -4,7 +4,7 @@ import re
 from dataclasses import dataclass, field
 
 # From the bottom upwards; whatever is in none of these rows is a program. A folder uses its own row and those above it.
-ROWS = [["platform"], ["contract"], ["protocol", "driver"], ["config", "firmware"], ["discovery", "providers"],
+ROWS = [["platform"], ["contract"], ["protocol", "driver", "session"], ["config", "firmware"], ["discovery", "providers"],
         ["calibration"], ["history"], ["app"], ["panel"]]
 # Rooms with fewer doors than their row: the driver service's logic, and adapters of a library.
 ONLY = [(r"driver(/.*)?$", r"(platform|contract|driver)(/.*)?$"),

@@ -38,10 +38,11 @@ class Validated(unittest.TestCase):
         result = run(*command)
         self.assertEqual(result.returncode, 0, result.stdout)
 
-    def test_desktop_entry(self):
-        self.accepted("desktop-file-validate", DESKTOP_ENTRY)
-        icon = re.search("^Icon=(.*)$", DESKTOP_ENTRY.read_text(), re.MULTILINE).group(1)
-        self.assertTrue((DESKTOP_ENTRY.parent / "icons" / f"{icon}.svg").exists(), icon)
+    def test_desktop_entries(self):
+        for entry in DESKTOP_ENTRY.parent.glob("*.desktop"):
+            self.accepted("desktop-file-validate", entry)
+            icon = re.search("^Icon=(.*)$", entry.read_text(), re.MULTILINE).group(1)
+            self.assertTrue((DESKTOP_ENTRY.parent / "icons" / f"{icon}.svg").exists(), icon)
 
     def test_metainfo(self):
         self.accepted("appstreamcli", "validate", "--no-net", PACKAGING / "com.varnexo.touchpanel.metainfo.xml")
