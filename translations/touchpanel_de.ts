@@ -241,6 +241,14 @@
         <source>Calibration</source>
         <translation>Kalibrierung</translation>
     </message>
+    <message>
+        <source>Touch this screen.</source>
+        <translation>Diesen Bildschirm berühren.</translation>
+    </message>
+    <message>
+        <source>Escape goes back.</source>
+        <translation>Escape führt zurück.</translation>
+    </message>
 </context>
 <context>
     <name>Controls</name>
@@ -900,6 +908,77 @@
     <message>
         <source>Touchscreens are listed when it runs again. Whoever looks after this machine can start it with &quot;systemctl start touchdriverd&quot;.</source>
         <translation>Touchscreens erscheinen, sobald er wieder läuft. Wer diesen Rechner betreut, kann ihn mit „systemctl start touchdriverd“ starten.</translation>
+    </message>
+    <message>
+        <source>&amp;Screen...</source>
+        <translation>&amp;Bildschirm...</translation>
+    </message>
+    <message>
+        <source>Say which touchscreen lies on which screen</source>
+        <translation>Sagen, welcher Touchscreen auf welchem Bildschirm liegt</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSheet</name>
+    <message>
+        <source>Screens</source>
+        <translation>Bildschirme</translation>
+    </message>
+    <message>
+        <source>Choose a screen, then touch it. Or choose a touchscreen, too, and put it there.</source>
+        <translation>Einen Bildschirm wählen und ihn berühren. Oder auch einen Touchscreen wählen und ihn dorthin setzen.</translation>
+    </message>
+    <message>
+        <source>Touch&amp;screens</source>
+        <translation>Touch&amp;screens</translation>
+    </message>
+    <message>
+        <source>Touchscreens</source>
+        <translation>Touchscreens</translation>
+    </message>
+    <message>
+        <source>Touch the chosen screen to say which touchscreen lies on it</source>
+        <translation>Den gewählten Bildschirm berühren, um zu sagen, welcher Touchscreen auf ihm liegt</translation>
+    </message>
+    <message>
+        <source>Put the chosen touchscreen on the chosen screen</source>
+        <translation>Den gewählten Touchscreen auf den gewählten Bildschirm setzen</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>&amp;OK</translation>
+    </message>
+    <message>
+        <source>Keep the screens as they are now</source>
+        <translation>Die Bildschirme so lassen, wie sie jetzt sind</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>&amp;Abbrechen</translation>
+    </message>
+    <message>
+        <source>Close and put every touchscreen back on the screen that it was on</source>
+        <translation>Schließen und jeden Touchscreen auf den Bildschirm zurücksetzen, auf dem er war</translation>
+    </message>
+    <message>
+        <source>Screen %1 is chosen.</source>
+        <translation>Bildschirm %1 ist gewählt.</translation>
+    </message>
+    <message>
+        <source>Screen %1: %2</source>
+        <translation>Bildschirm %1: %2</translation>
+    </message>
+    <message>
+        <source>%1: on screen %2</source>
+        <translation>%1: auf Bildschirm %2</translation>
+    </message>
+    <message>
+        <source>&amp;Touch the screen that shows %1</source>
+        <translation>Den Bildschirm be&amp;rühren, der %1 zeigt</translation>
+    </message>
+    <message>
+        <source>&amp;Put it on screen %1</source>
+        <translation>Auf Bildschirm %1 set&amp;zen</translation>
     </message>
 </context>
 <context>
@@ -1597,6 +1676,18 @@
     <message>
         <source>A touchscreen cannot be listed: its parameters could not be read.</source>
         <translation>Ein Touchscreen kann nicht aufgeführt werden: Seine Parameter konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 is on the chosen screen.</source>
+        <translation>%1 liegt auf dem gewählten Bildschirm.</translation>
+    </message>
+    <message>
+        <source>The screen of %1 is not changed: %2.</source>
+        <translation>Der Bildschirm von %1 ist nicht geändert: %2.</translation>
+    </message>
+    <message>
+        <source>Nothing is known of the screens of this desktop.</source>
+        <translation>Über die Bildschirme dieser Arbeitsfläche ist nichts bekannt.</translation>
     </message>
 </context>
 <context>

@@ -241,6 +241,14 @@
         <source>Calibration</source>
         <translation>校准</translation>
     </message>
+    <message>
+        <source>Touch this screen.</source>
+        <translation>请触摸此屏幕。</translation>
+    </message>
+    <message>
+        <source>Escape goes back.</source>
+        <translation>按 Esc 返回。</translation>
+    </message>
 </context>
 <context>
     <name>Controls</name>
@@ -899,6 +907,77 @@
     <message>
         <source>Touchscreens are listed when it runs again. Whoever looks after this machine can start it with &quot;systemctl start touchdriverd&quot;.</source>
         <translation>服务恢复运行后会列出触摸屏。管理员可以用“systemctl start touchdriverd”启动它。</translation>
+    </message>
+    <message>
+        <source>&amp;Screen...</source>
+        <translation>屏幕(&amp;S)...</translation>
+    </message>
+    <message>
+        <source>Say which touchscreen lies on which screen</source>
+        <translation>指定哪个触摸屏在哪个屏幕上</translation>
+    </message>
+</context>
+<context>
+    <name>ScreenSheet</name>
+    <message>
+        <source>Screens</source>
+        <translation>屏幕</translation>
+    </message>
+    <message>
+        <source>Choose a screen, then touch it. Or choose a touchscreen, too, and put it there.</source>
+        <translation>选择一个屏幕，然后触摸它。也可以再选择一个触摸屏，把它放到该屏幕上。</translation>
+    </message>
+    <message>
+        <source>Touch&amp;screens</source>
+        <translation>触摸屏(&amp;S)</translation>
+    </message>
+    <message>
+        <source>Touchscreens</source>
+        <translation>触摸屏</translation>
+    </message>
+    <message>
+        <source>Touch the chosen screen to say which touchscreen lies on it</source>
+        <translation>触摸所选屏幕，以指定它上面的触摸屏</translation>
+    </message>
+    <message>
+        <source>Put the chosen touchscreen on the chosen screen</source>
+        <translation>把所选触摸屏放到所选屏幕上</translation>
+    </message>
+    <message>
+        <source>&amp;OK</source>
+        <translation>确定(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Keep the screens as they are now</source>
+        <translation>保留现在的对应关系</translation>
+    </message>
+    <message>
+        <source>&amp;Cancel</source>
+        <translation>取消(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Close and put every touchscreen back on the screen that it was on</source>
+        <translation>关闭，并把每个触摸屏放回原来的屏幕</translation>
+    </message>
+    <message>
+        <source>Screen %1 is chosen.</source>
+        <translation>已选择屏幕 %1。</translation>
+    </message>
+    <message>
+        <source>Screen %1: %2</source>
+        <translation>屏幕 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1: on screen %2</source>
+        <translation>%1：在屏幕 %2 上</translation>
+    </message>
+    <message>
+        <source>&amp;Touch the screen that shows %1</source>
+        <translation>触摸显示 %1 的屏幕(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Put it on screen %1</source>
+        <translation>放到屏幕 %1 上(&amp;P)</translation>
     </message>
 </context>
 <context>
@@ -1590,6 +1669,18 @@
     <message>
         <source>A touchscreen cannot be listed: its parameters could not be read.</source>
         <translation>无法列出触摸屏：无法读取其参数。</translation>
+    </message>
+    <message>
+        <source>%1 is on the chosen screen.</source>
+        <translation>%1 现在在所选屏幕上。</translation>
+    </message>
+    <message>
+        <source>The screen of %1 is not changed: %2.</source>
+        <translation>%1 的屏幕没有更改：%2。</translation>
+    </message>
+    <message>
+        <source>Nothing is known of the screens of this desktop.</source>
+        <translation>无法获知此桌面的屏幕信息。</translation>
     </message>
 </context>
 <context>

@@ -42,9 +42,12 @@ bool CalibrationStarter::mayOverwrite() {
 template <typename View>
 void CalibrationStarter::start(std::unique_ptr<View>& view, std::unique_ptr<RunWindow>& window) {
   window.reset();
+  const auto [connector, turn] = monitors_.place(*state_.currentDict);
+  screen_.setMain(connector);
   const auto frame = screen_.mainScreenFrame();
   auto ports = ports_;
   ports.scale = screen_.mainScreenScale();
+  ports.turn = turn;
   view = std::make_unique<View>(frame, ports);
   window = std::make_unique<RunWindow>(screen_.createBorderlessWindow(frame, behaviour_),
                                        Size{frame.width, frame.height}, view->run(), controller_, writes_,

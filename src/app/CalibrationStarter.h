@@ -5,6 +5,7 @@
 #include "app/CalibrationWrites.h"
 #include "app/ControllerState.h"
 #include "app/RunWindow.h"
+#include "app/TouchscreenMonitors.h"
 #include "calibration/Calibration.h"
 #include "calibration/RegionCalibration.h"
 
@@ -18,7 +19,7 @@ class BorderlessWindow final : public WindowBehaviour {
   bool canBecomeMainWindow() const override { return true; }
 };
 
-/// Puts a calibration of the selected touchscreen on the main screen, above everything, and starts it. View
+/// Puts a calibration of the selected touchscreen on its monitor, above everything, and starts it. View
 /// and window are kept until the next run of their kind replaces them. While a run is on the screen no other
 /// one is started.
 class CalibrationStarter {
@@ -26,7 +27,7 @@ class CalibrationStarter {
   /// `controller` is called after an accepted result; it must outlive the runs.
   CalibrationStarter(const ControllerState& state, const CalibrationPorts& ports, Screen& screen,
                      Alerts& alerts, CalibrationWrites& writes, SelectedDeviceFacts& facts,
-                     StatusLine& statusLine, TableReloader& controller)
+                     StatusLine& statusLine, TouchscreenMonitors& monitors, TableReloader& controller)
       : state_(state),
         ports_(ports),
         screen_(screen),
@@ -34,6 +35,7 @@ class CalibrationStarter {
         writes_(writes),
         facts_(facts),
         statusLine_(statusLine),
+        monitors_(monitors),
         controller_(controller) {}
 
   /// Targets all over the screen.
@@ -57,6 +59,7 @@ class CalibrationStarter {
   CalibrationWrites& writes_;
   SelectedDeviceFacts& facts_;
   StatusLine& statusLine_;
+  TouchscreenMonitors& monitors_;
   TableReloader& controller_;
   BorderlessWindow behaviour_;
 

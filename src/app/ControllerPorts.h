@@ -4,8 +4,10 @@
 #include "app/EarlierCalibrations.h"
 #include "app/HistoryView.h"
 #include "app/ListNotice.h"
+#include "app/ScreenView.h"
 #include "discovery/DiscoveryPorts.h"
 #include "platform/Controls.h"
+#include "platform/Monitors.h"
 #include "platform/StatusLine.h"
 #include "platform/View.h"
 
@@ -17,12 +19,14 @@ struct ControllerPorts {
   DiscoveryPorts discovery;
   Sheets& sheets;
   Screen& screen;
+  Monitors& monitors;
   Cursor& cursor;
   Presentation& presentation;
   StatusLine& statusLine;
   HistoryPorts history;
   FactsView& facts;
   HistoryView& earlier;
+  ScreenView& screens;
   EmptyListPage& emptyList;
 };
 

@@ -4,6 +4,7 @@
 #include "app/DeviceCommands.h"
 #include "app/DiscoveredDevices.h"
 #include "app/HistorySheet.h"
+#include "app/ScreenSheet.h"
 #include "app/VersionLabel.h"
 #include "discovery/DeviceList.h"
 #include "discovery/UsbDiscovery.h"
@@ -32,16 +33,22 @@ struct MyController::Collaborators {
             outlets, state, buttons, driver,
             {ports.sheets, ports.statusLine, system.usbServices, system.process, system.files, system.paths}),
         facts(state, system.registry, earlier, ports.facts),
+        monitors(system.registry, ports.monitors),
         table(outlets, state, settings, facts),
         commands(outlets, state, buttons, driver, store, writes, system.process.DeviceContext,
                  ports.statusLine),
         calibrations(state, {driver, system.runLoop, ports.cursor, ports.presentation, store}, ports.screen,
-                     system.alerts, writes, facts, ports.statusLine, controller),
+                     system.alerts, writes, facts, ports.statusLine, monitors, controller),
         restoring(driver, store, writes, controller),
         history(state, earlier, restoring,
                 {outlets.HistoryWindow, outlets.KeyWindow, ports.sheets, ports.statusLine, ports.earlier}),
+        screens(state, driver,
+                {outlets.ScreenWindow, outlets.KeyWindow, ports.sheets, ports.statusLine, system.registry,
+                 ports.monitors, ports.screen, ports.screens}),
         devices(outlets, state, table, writes, facts, ports.statusLine, ports.emptyList),
-        discovery(system, devices) {}
+        discovery(system, devices) {
+    ports.monitors.onChange([this] { screens.monitorsChanged(); });
+  }
 
   DriverChannel driver;
   ContextStore store;
@@ -50,11 +57,13 @@ struct MyController::Collaborators {
   CommandButtons buttons;
   SettingsSheet settings;
   SelectedDeviceFacts facts;
+  TouchscreenMonitors monitors;
   DeviceTable table;
   DeviceCommands commands;
   CalibrationStarter calibrations;
   CalibrationRestoring restoring;
   HistorySheet history;
+  ScreenSheet screens;
   DiscoveredDevices devices;
   UsbDiscovery discovery;
 };
@@ -124,6 +133,26 @@ void MyController::RepeatWrite() {
 void MyController::EnableTouch() {
   collaborators_->commands.EnableTouch();
   collaborators_->facts.update();
+}
+
+void MyController::Screens() { collaborators_->screens.open(); }
+
+void MyController::ScreenMarkTouchscreen(std::size_t index) {
+  collaborators_->screens.markTouchscreen(index);
+}
+
+void MyController::ScreenMark(std::size_t index) { collaborators_->screens.markScreen(index); }
+
+void MyController::ScreenAssign() { collaborators_->screens.assign(); }
+
+void MyController::ScreenTouch() { collaborators_->screens.startTouching(); }
+
+void MyController::ScreenOk() { collaborators_->screens.ok(); }
+
+void MyController::ScreenCancel() { collaborators_->screens.cancel(); }
+
+std::string MyController::monitorOfSelected() {
+  return collaborators_->monitors.place(*state_.currentDict).connector;
 }
 
 void MyController::UndoReset() {

@@ -68,6 +68,18 @@ class MyController final : public TableSource, public TableReloader {
   /// Puts back what the last reset of the selected touchscreen discarded. Blocks like a reset.
   void UndoReset();
 
+  // Sheet of the screens.
+
+  void Screens();
+  void ScreenMarkTouchscreen(std::size_t index);
+  void ScreenMark(std::size_t index);
+  void ScreenAssign();
+  void ScreenTouch();
+  void ScreenOk();
+  void ScreenCancel();
+  /// The connector of the monitor that the selected touchscreen lies on; empty when that is not known.
+  std::string monitorOfSelected();
+
   // Sheet of earlier calibrations.
 
   void History();

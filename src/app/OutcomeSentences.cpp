@@ -231,4 +231,13 @@ StatusMessage sentenceOfTouch(bool enable, std::string device, Status driver) {
   return {.text = text, .device = std::move(device), .reason = reasonOfDriver(driver)};
 }
 
+StatusMessage sentenceOfScreen(std::string device, Status driver) {
+  if (driver == kSuccess)
+    return {.text = TRANSLATABLE_TEXT("StatusLine", "%1 is on the chosen screen."),
+            .device = std::move(device)};
+  return {.text = TRANSLATABLE_TEXT("StatusLine", "The screen of %1 is not changed: %2."),
+          .device = std::move(device),
+          .reason = reasonOfDriver(driver)};
+}
+
 }  // namespace touchpanel

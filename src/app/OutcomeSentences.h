@@ -43,5 +43,7 @@ StatusMessage sentenceOf(const SettingsOutcome& settings);
 StatusMessage sentenceOfUnkept(const CalibrationRecord& record, std::string device, Status kept);
 /// Of touch that was to be switched on or off.
 StatusMessage sentenceOfTouch(bool enable, std::string device, Status driver);
+/// Of a touchscreen that was to lie on another screen.
+StatusMessage sentenceOfScreen(std::string device, Status driver);
 
 }  // namespace touchpanel

@@ -23,8 +23,8 @@ struct Interface {
   typename Kit::CheckBox enableTouchSensitivity;
   typename Kit::IntegerControl touchSensitivityTime, touchSensitivityArea;
 
-  typename Kit::Window KeyWindow, SettingsWindow, AboutWindow,
-      HistoryWindow;  ///< KeyWindow is the main window
+  typename Kit::Window KeyWindow, SettingsWindow, AboutWindow, HistoryWindow,
+      ScreenWindow;  ///< KeyWindow is the main window
 };
 
 struct PortKit {
@@ -72,7 +72,8 @@ Outlets outletsOf(Interface<Kit>& of) {
           of.KeyWindow,
           of.SettingsWindow,
           of.AboutWindow,
-          of.HistoryWindow};
+          of.HistoryWindow,
+          of.ScreenWindow};
 }
 
 /// Calls `visit` with each control of the settings sheet and the setting that it shows as it is; the number of

@@ -1,6 +1,6 @@
 #include "calibration/CalibrationGrid.h"
 
-#include "contract/DriverProperties.h"
+#include "contract/MonitorPlacement.h"
 
 namespace touchpanel {
 
@@ -25,6 +25,13 @@ Point driverUnits(const Point& target, const Size& box) {
 Point viewPoint(const Point& units, const Size& box) {
   constexpr float kMaximum = kLogicalMaximum;
   return {units.x * box.width / kMaximum, box.height - units.y * box.height / kMaximum};
+}
+
+Point onGlass(const Point& units, std::int32_t turn) { return inPicture(units, (4 - turn) % 4); }
+
+Point inPicture(const Point& glass, std::int32_t turn) {
+  const auto [x, y] = inTurnedPicture<float>(glass.x, glass.y, kLogicalMaximum, turn);
+  return {x, y};
 }
 
 }  // namespace touchpanel

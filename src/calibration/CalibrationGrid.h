@@ -26,4 +26,10 @@ Point driverUnits(const Point& target, const Size& box);
 /// The point of the box that `units` belong to: the reverse of driverUnits().
 Point viewPoint(const Point& units, const Size& box);
 
+/// The place of the unturned glass at which `units` of a picture lie that is turned by `turn` quarter turns clockwise;
+/// both in logical units. Without a turn they are the same numbers.
+Point onGlass(const Point& units, std::int32_t turn);
+/// The reverse: where in the picture a place of the glass lies.
+Point inPicture(const Point& glass, std::int32_t turn);
+
 }  // namespace touchpanel

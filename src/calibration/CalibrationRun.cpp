@@ -73,7 +73,7 @@ void CalibrationRun::tryOnce(const Size& box) {
   bSaveCalibData = true;
   saveCalibData(true);
   fit_.emplace(touches_, mode(), result_.isSolved, DeviceContext.CalibParams, box,
-               ports_.scale.value_or(SurfaceScale{}));
+               ports_.scale.value_or(SurfaceScale{}), turn());
 }
 
 void CalibrationRun::reCalibrate() {

@@ -28,6 +28,7 @@ struct CalibrationPorts {
   /// Of the screen that the calibration is shown on. Without one, nothing is shown beside targets, note, number and
   /// buttons.
   std::optional<SurfaceScale> scale = {};
+  std::int32_t turn = 0;  ///< of that screen's picture, 0..3 quarter turns clockwise
 };
 
 /// One calibration of one touchscreen, without drawing: everything exchanged with the driver, the device entry
@@ -107,6 +108,7 @@ class CalibrationRun {
   };
   const std::optional<Accepted>& accepted() const { return accepted_; }
   const std::optional<SurfaceScale>& scale() const { return ports_.scale; }
+  std::int32_t turn() const { return ports_.turn; }
 
   void setNeedsDisplay();
 

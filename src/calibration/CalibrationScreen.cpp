@@ -82,7 +82,7 @@ bool CalibrationScreen::drawTarget(Canvas& canvas, const Size& box) {
   }
   drawBullsEye(canvas, target);
   drawNote(canvas, run_.texts(), box);
-  touches.noteTarget(driverUnits(target, box));
+  touches.noteTarget(onGlass(driverUnits(target, box), run_.turn()));
   return true;
 }
 

@@ -1,6 +1,7 @@
 #include "calibration/FitExamination.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "calibration/FoldCheck.h"
 #include "calibration/WrongTouches.h"
@@ -38,13 +39,18 @@ TouchSamples samplesOf(const TouchCollection& touches, std::size_t count) {
   return samples;
 }
 
-/// What a wrong touch is measured in: millimetres where the screen's size is known, else points.
+/// What a wrong touch on the glass is measured in: millimetres where the screen's size is known, else points.
 struct Measure {
   TouchTolerance wrong;
   double disagreement;
 };
 
-Measure measureOf(const Size& box, const SurfaceScale& scale) {
+/// `box` and `scale` are those of the picture; after an odd turn the glass has its axes exchanged.
+Measure measureOf(Size box, SurfaceScale scale, std::int32_t turn) {
+  if (turn % 2 != 0) {
+    std::swap(box.width, box.height);
+    if (scale.millimetres) std::swap(scale.millimetres->perPointX, scale.millimetres->perPointY);
+  }
   const double pointsX = static_cast<double>(box.width) / kLogicalMaximum;
   const double pointsY = static_cast<double>(box.height) / kLogicalMaximum;
   const auto& mm = scale.millimetres;
@@ -74,21 +80,22 @@ void addErrors(FitReport& report, const Size& box, const SurfaceScale& scale) {
 }  // namespace
 
 FitExamination::FitExamination(const TouchCollection& touches, std::int32_t mode, bool isSolved,
-                               const _CALIB_PARAMS& params, const Size& box, const SurfaceScale& scale)
-    : solution_(params) {
+                               const _CALIB_PARAMS& params, const Size& box, const SurfaceScale& scale,
+                               std::int32_t turn)
+    : turn_(turn), solution_(params) {
   report_.isSolved = isSolved;
   if (!isSolved) return;
   const bool four = mode == kFourTargets;
   auto samples = samplesOf(touches, four ? kFourTargets : kTwentyFiveTargets);
   const std::size_t terms = four ? kLinearTerms : kCubicTerms;
-  const auto measure = measureOf(box, scale);
+  const auto measure = measureOf(box, scale, turn);
   const auto wrong = wrongTouches(samples, terms, measure.wrong);
   report_.count = samples.count;
   for (std::size_t k = 0; k < samples.count; ++k) {
     const auto landed = solution_.at(samples.all[k].raw);
-    report_.all[k] = {
-        {{touches.fDspX[k], touches.fDspY[k]}, {static_cast<float>(landed.x), static_cast<float>(landed.y)}},
-        !wrong[k]};
+    report_.all[k] = {{inPicture({touches.fDspX[k], touches.fDspY[k]}, turn),
+                       inPicture({static_cast<float>(landed.x), static_cast<float>(landed.y)}, turn)},
+                      !wrong[k]};
     samples.used[k] = !wrong[k];
   }
   const LeastSquares right(samples, terms);
@@ -113,10 +120,11 @@ bool FitExamination::folds(const TouchSamples& right) const {
                              {std::min(area.most.x + beyondX, end), std::min(area.most.y + beyondY, end)}});
 }
 
-Point FitExamination::landingOf(Point glass) const {
-  if (!report_.isSolved) return glass;
-  const auto raw = byTheRight_.inverse(planePoint(glass), planePoint(glass));
-  return raw ? clampedToUnits(solution_.at(*raw)) : glass;
+Point FitExamination::landingOf(Point touched) const {
+  if (!report_.isSolved) return touched;
+  const auto glass = planePoint(onGlass(touched, turn_));
+  const auto raw = byTheRight_.inverse(glass, glass);
+  return raw ? inPicture(clampedToUnits(solution_.at(*raw)), turn_) : touched;
 }
 
 }  // namespace touchpanel

@@ -11,8 +11,9 @@ namespace touchpanel {
 
 /// What a fit made of the touch of one target.
 struct FittedTouch {
-  LandedTouch units;  ///< the target, and where its touch lands now; logical units 0..32767, y from the top
-  bool fits = true;   ///< false: the touch does not fit those of the other targets
+  LandedTouch
+      units;  ///< the target, and where its touch lands now; logical units 0..32767 of the picture, y from the top
+  bool fits = true;  ///< false: the touch does not fit those of the other targets
   bool operator==(const FittedTouch&) const = default;
 };
 

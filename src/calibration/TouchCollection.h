@@ -13,7 +13,7 @@ struct TouchCollection {
   std::int32_t iTouchIndex = 0;            ///< touches taken = index of the target shown
   std::int32_t iObjRow = 1;                ///< twenty-five targets: row shown, 1..5; 6 when all rows are done
   std::int32_t iObjPoints = 0;             ///< twenty-five targets: column shown, 0..4
-  std::array<float, 25> fDspX{}, fDspY{};  ///< each target, in the driver's logical units
+  std::array<float, 25> fDspX{}, fDspY{};  ///< each target on the unturned glass, in logical units
   std::array<float, 25> fScrX{}, fScrY{};  ///< the raw touch reported for each target
   bool isAgain = false;                    ///< only the target shown is taken once more
 

@@ -1,5 +1,7 @@
 #include "demo/CalibrationOnScreen.h"
 
+#include <QScreen>
+
 #include "calibration/Calibration.h"
 #include "calibration/RegionCalibration.h"
 
@@ -12,6 +14,8 @@ const CalibrationRun* runOn(const ViewSurface& surface) {
 }
 
 bool isForFinger(const ViewSurface& surface) {
+  // A number that is small lies beside windows that are for the mouse.
+  if (runOn(surface) == nullptr) return surface.size() == surface.screen()->size();
   const auto* region = dynamic_cast<const RegionCalibration*>(surface.view());
   return region == nullptr || (!region->isChoosing() && region->run().isCollecting());
 }

@@ -35,6 +35,7 @@ PanelPlatform Demo::platform(Clock& clock, Diagnostics& diagnostics) {
   return {.usbNotifications = machine_.usb(),
           .usbServices = machine_.usb(),
           .registry = registry_,
+          .monitors = monitors_,
           .files = files_,
           .clock = clock,
           .diagnostics = diagnostics,
@@ -101,6 +102,7 @@ std::optional<_CALIB_PARAMS> Demo::storedCalibration(simulated::SimulatedTouchsc
 /// chosen; on the simulator window it is always a mouse.
 simulated::SimulatedTouchscreen* Demo::fingerOn(const QWindow& window) {
   const auto* surface = ViewSurface::shown();
+  if (surface != nullptr && runOn(*surface) == nullptr && !isForFinger(*surface)) surface = nullptr;
   if (surface == nullptr) return belongsTo(&window, simulator_) ? nullptr : simulator_.fingerOn();
   if (!isForFinger(*surface)) return nullptr;
   for (const auto& touchscreen : machine_.all())

@@ -11,6 +11,7 @@
 #include "panel/ControlPanel.h"
 #include "providers/files/LibplistFiles.h"
 #include "providers/files/OwnDirectoryFiles.h"
+#include "providers/monitors/QtMonitors.h"
 #include "providers/process/SystemTime.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 
@@ -59,6 +60,7 @@ class Demo {
   SystemTime time_;
   simulated::SimulatedTouchscreens machine_;
   ObservedRegistry registry_;
+  QtMonitors monitors_;
   FingerClock fingerClock_;
   ControlPanel panel_;
   SimulatorWindow simulator_;

@@ -3,22 +3,11 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMouseEvent>
-#include <QScreen>
-#include <algorithm>
 
-#include "contract/DriverProperties.h"
+#include "demo/DesktopPlace.h"
 
 namespace touchpanel::demo {
 namespace {
-
-int pixel(std::int32_t logical, int start, int length) {
-  return start + std::min((logical * length + kLogicalMaximum / 2) / kLogicalMaximum, length - 1);
-}
-
-QPoint pixelAt(std::int32_t x, std::int32_t y) {
-  const QRect screen = QGuiApplication::primaryScreen()->geometry();
-  return {pixel(x, screen.x(), screen.width()), pixel(y, screen.y(), screen.height())};
-}
 
 bool belongsTo(const QWindow* window, const QWindow* owner) {
   for (; window != nullptr; window = window->transientParent())

@@ -1,10 +1,9 @@
 #include "demo/MouseFinger.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
 #include <QPointer>
-#include <QScreen>
-#include <algorithm>
+
+#include "demo/DesktopPlace.h"
 
 namespace touchpanel::demo {
 namespace {
@@ -14,12 +13,6 @@ constexpr std::chrono::milliseconds kScanInterval{10};
 bool isMouseEvent(QEvent::Type type) {
   return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick ||
          type == QEvent::MouseMove || type == QEvent::MouseButtonRelease;
-}
-
-firmware::ScreenFraction fractionAt(QPointF global) {
-  const QRectF screen = QGuiApplication::primaryScreen()->geometry();
-  return {std::clamp((global.x() - screen.x()) / screen.width(), 0.0, 1.0),
-          std::clamp((global.y() - screen.y()) / screen.height(), 0.0, 1.0)};
 }
 
 }  // namespace
@@ -65,7 +58,7 @@ void MouseFinger::land(Touchscreen& touchscreen, const QMouseEvent& event) {
 }
 
 void MouseFinger::move(const QMouseEvent& event) {
-  const auto point = fractionAt(event.globalPosition());
+  const auto point = glassAt(event.globalPosition(), down_->driver().monitor().pointer);
   const auto raw = down_->touch(point, clock_.now());
   touched_(*down_, point, raw);
 }

@@ -48,6 +48,8 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       about_(laidOut<Ui::AboutSheet>(aboutSheet_)),
       historySheet_(&mainWindow_),
       history_(historySheet_),
+      screenSheet_(&mainWindow_),
+      screens_(screenSheet_),
       statusArea_(*mainWindow_.ui().lbStatus, *mainWindow_.ui().btnRepeatWrite),
       statusLine_(statusArea_),
       waitNotice_(cursor_, statusArea_, startUp_),
@@ -55,7 +57,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
       factsArea_(mainWindow_),
       emptyPage_(mainWindow_),
       tryOutScreen_(mainWindow_),
-      controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, historySheet_, gate_),
+      controls_(mainWindow_, settingsSheet_, settings_, aboutSheet_, historySheet_, screenSheet_, gate_),
       controller_(outletsOf(controls_), controllerPorts()) {
   makeLabelsSpoken();
   identifyProgram();
@@ -72,6 +74,7 @@ ControlPanel::ControlPanel(const PanelPlatform& platform)
   connectSettingsSheet();
   connectAboutSheet();
   connectHistorySheet();
+  connectScreenSheet();
 }
 
 ControlPanel::~ControlPanel() = default;
@@ -91,12 +94,14 @@ ControllerPorts ControlPanel::controllerPorts() {
                         .paths = platform_.paths},
           .sheets = sheets_,
           .screen = screen_,
+          .monitors = platform_.monitors,
           .cursor = cursor_,
           .presentation = presentation_,
           .statusLine = statusLine_,
           .history = platform_.history,
           .facts = factsArea_,
           .earlier = history_,
+          .screens = screens_,
           .emptyList = emptyPage_};
 }
 
@@ -135,7 +140,7 @@ void ControlPanel::connectMainWindow() {
   QObject::connect(&ui.factsCard->tryOutButton(), &QAbstractButton::clicked, ui.actionTryOut,
                    &QAction::trigger);
   QObject::connect(ui.actionTryOut, &QAction::triggered, &mainWindow_,
-                   [this] { tryOutScreen_.open(*QGuiApplication::primaryScreen()); });
+                   [this] { tryOutScreen_.open(*screenAt(controller_.monitorOfSelected())); });
   QObject::connect(ui.tabView, &QTabWidget::currentChanged, &mainWindow_,
                    [this](int index) { controller_.didSelectTabViewItem(index); });
   mainWindow_.mayClose = [this] {
@@ -187,6 +192,22 @@ void ControlPanel::connectHistorySheet() {
   QObject::connect(history_.ui().btnRestore, &QAbstractButton::clicked, &historySheet_, [this] {
     if (const auto row = history_.selectedRow()) gate_.pass([&] { controller_.Restore(*row); });
   });
+}
+
+void ControlPanel::connectScreenSheet() {
+  const auto& ui = screens_.ui();
+  connectCommand(*ui.btnTouchScreen, nullptr, &MyController::ScreenTouch);
+  connectCommand(*ui.btnAssignScreen, nullptr, &MyController::ScreenAssign);
+  connectCommand(*ui.btnScreenOk, nullptr, &MyController::ScreenOk);
+  connectCommand(*ui.btnScreenCancel, nullptr, &MyController::ScreenCancel);
+  screenSheet_.onDismiss = [this] { gate_.pass([this] { controller_.ScreenCancel(); }); };
+  QObject::connect(mainWindow_.ui().actionScreens, &QAction::triggered, &screenSheet_,
+                   [this] { gate_.pass([this] { controller_.Screens(); }); });
+  screens_.onScreen = [this](std::size_t index) { gate_.pass([&] { controller_.ScreenMark(index); }); };
+  screens_.onTouchscreen = [this](std::size_t index) {
+    gate_.pass([&] { controller_.ScreenMarkTouchscreen(index); });
+  };
+  screens_.onAssign = [this] { gate_.pass([this] { controller_.ScreenAssign(); }); };
 }
 
 std::string ControlPanel::diagnosticsReport() {

@@ -8,6 +8,7 @@
 #include "panel/HistoryForm.h"
 #include "panel/PanelControls.h"
 #include "panel/PanelPlatform.h"
+#include "panel/ScreenForm.h"
 #include "panel/SheetDialog.h"
 #include "panel/StatusArea.h"
 #include "panel/Translations.h"
@@ -42,6 +43,7 @@ class ControlPanel {
   QDialog& settingsSheet() { return settingsSheet_; }
   QDialog& aboutSheet() { return aboutSheet_; }
   QDialog& historySheet() { return historySheet_; }
+  QDialog& screenSheet() { return screenSheet_; }
   std::string diagnosticsReport();
 
  private:
@@ -50,6 +52,7 @@ class ControlPanel {
   void connectSettingsSheet();
   void connectAboutSheet();
   void connectHistorySheet();
+  void connectScreenSheet();
   /// Has the user's use of `button` and of `entry` (may be null) call `action` of the controller.
   void connectCommand(QAbstractButton& button, QAction* entry, void (MyController::*action)());
 
@@ -74,6 +77,8 @@ class ControlPanel {
   Ui::AboutSheet about_;
   SheetDialog historySheet_;
   HistoryForm history_;
+  SheetDialog screenSheet_;
+  ScreenForm screens_;
   StatusArea statusArea_;
   TranslatedStatusLine statusLine_;
   TranslatedWaitNotice waitNotice_;

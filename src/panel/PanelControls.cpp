@@ -29,7 +29,7 @@ std::vector<QtTable::Column> deviceColumns() {
 
 PanelControls::PanelControls(MainWindowWidget& main, QDialog& settingsSheet,
                              const Ui::SettingsSheet& settings, QDialog& aboutSheet, QDialog& historySheet,
-                             CallbackGate& gate)
+                             QDialog& screenSheet, CallbackGate& gate)
     : Interface{.deviceTableView = QtTable(*main.ui().deviceTableView, deviceColumns(), gate),
                 .btnCalibrate =
                     QtButton(*main.ui().btnCalibrate, {main.ui().actionCalibrate}, &btnRegionCalibrate),
@@ -61,7 +61,8 @@ PanelControls::PanelControls(MainWindowWidget& main, QDialog& settingsSheet,
                 .KeyWindow = QtWindow(main),
                 .SettingsWindow = QtWindow(settingsSheet),
                 .AboutWindow = QtWindow(aboutSheet),
-                .HistoryWindow = QtWindow(historySheet)},
+                .HistoryWindow = QtWindow(historySheet),
+                .ScreenWindow = QtWindow(screenSheet)},
       btnRegionCalibrate(*main.ui().btnRegionCalibrate, {main.ui().actionRegionCalibrate}) {}
 
 void PanelControls::onSettingsEdited(const std::function<void()>& action) {

@@ -23,7 +23,7 @@ struct QtKit {
 /// The widgets of the interface description that bear an outlet's name, each behind its port.
 struct PanelControls : Interface<QtKit> {
   PanelControls(MainWindowWidget& main, QDialog& settingsSheet, const Ui::SettingsSheet& settings,
-                QDialog& aboutSheet, QDialog& historySheet, CallbackGate& gate);
+                QDialog& aboutSheet, QDialog& historySheet, QDialog& screenSheet, CallbackGate& gate);
 
   /// Calls `action` for each change that the user makes to a control of the settings sheet.
   void onSettingsEdited(const std::function<void()>& action);

@@ -7,6 +7,7 @@
 #include "platform/Clock.h"
 #include "platform/Diagnostics.h"
 #include "platform/LibraryInUse.h"
+#include "platform/Monitors.h"
 #include "platform/PropertyListFiles.h"
 #include "platform/Registry.h"
 #include "platform/Usb.h"
@@ -18,6 +19,7 @@ struct PanelPlatform {
   UsbNotifications& usbNotifications;
   UsbServices& usbServices;
   Registry& registry;
+  Monitors& monitors;
   PropertyListFiles& files;
   Clock& clock;
   Diagnostics& diagnostics;

@@ -69,8 +69,9 @@ QWidget* TryOutScreen::makeTexts() {
   return texts;
 }
 
-void TryOutScreen::open(const QScreen& screen) {
+void TryOutScreen::open(QScreen& screen) {
   touches_.startOver();
+  setScreen(&screen);  // where windows do not place themselves
   setGeometry(screen.geometry());
   showFullScreen();
   raise();

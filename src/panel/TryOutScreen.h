@@ -16,7 +16,7 @@ class TryOutScreen final : public QWidget {
   explicit TryOutScreen(QWidget& owner);
 
   /// Covers `screen` and begins with the first point.
-  void open(const QScreen& screen);
+  void open(QScreen& screen);
   const TryOut& tryOut() const { return touches_.tryOut(); }
 
  protected:

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "platform/Canvas.h"
 #include "platform/Geometry.h"
@@ -65,9 +66,13 @@ class FullScreenWindow : public ViewWindow {
 class Screen {
  public:
   virtual ~Screen() = default;
+  /// Makes the screen at `connector` the main one; the primary one where there is none.
+  virtual void setMain(std::string_view connector) = 0;
   /// Frame of the main screen, in points.
   virtual Rect mainScreenFrame() = 0;
   virtual SurfaceScale mainScreenScale() = 0;
+  /// Whether a window lies where createBorderlessWindow() says; else it covers its screen.
+  virtual bool placesWindows() const { return true; }
   /// A window of that content rectangle, not yet shown. `behaviour` must outlive it.
   virtual std::unique_ptr<FullScreenWindow> createBorderlessWindow(const Rect& contentRect,
                                                                    const WindowBehaviour& behaviour) = 0;

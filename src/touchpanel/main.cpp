@@ -10,6 +10,7 @@
 #include "providers/linux/desktop/GSettingsDoubleClick.h"
 #include "providers/linux/desktop/JoinedDoubleClick.h"
 #include "providers/linux/usb/LibusbBus.h"
+#include "providers/monitors/QtMonitors.h"
 #include "providers/process/BlockingClock.h"
 #include "providers/process/StandardOutput.h"
 #include "providers/process/SystemTime.h"
@@ -32,9 +33,11 @@ int main(int argc, char** argv) {
   FilesThroughService sharedFiles(files, service);
   GSettingsDoubleClick desktop;
   JoinedDoubleClick registry(service, desktop);
+  QtMonitors monitors;
   ControlPanel panel({.usbNotifications = usb,
                       .usbServices = usb,
                       .registry = registry,
+                      .monitors = monitors,
                       .files = sharedFiles,
                       .clock = clock,
                       .diagnostics = diagnostics,

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "ControllerRig.h"
+#include "contract/MonitorPlacement.h"
 #include "protocol/Exchange.h"
 #include "support/RecordingCanvas.h"
 
@@ -55,6 +56,26 @@ TEST_F(StartingACalibration, CoversTheScreenAndCapturesTheSelectedDevicesTouches
     view().keyDown(kKeyEscape);
     cursor.isHidden = false;
   }
+}
+
+TEST_F(StartingACalibration, IsOnTheMonitorOfItsTouchscreenWhichTheDriverIsToldFirst) {
+  const auto entry = list(0x0080, "panel");
+  registry.objects.at(handleOf(entry)).properties =
+      Dictionary{{property::kMonitor, Dictionary{{monitor_key::kIdentity, "DP-1"},
+                                                 {monitor_key::kMaxX, 32767},
+                                                 {monitor_key::kMaxY, 32767}}}};
+  monitors.become({{{.connector = "eDP-1", .area = {0, 0, 1000, 1000}, .isPrimary = true},
+                    {.connector = "DP-1", .area = {1000, 0, 1000, 1000}, .turn = 2}},
+                   2000,
+                   1000});
+  controller.Calibration();
+  EXPECT_EQ(screen.main, "DP-1");
+  ASSERT_EQ(registry.writes.size(), 2U);
+  EXPECT_EQ(registry.writes[0].name, property::kMonitor);
+  const auto& told = *registry.writes[0].value.get<Dictionary>();
+  EXPECT_EQ(told.integer(monitor_key::kMinX), 16384);
+  EXPECT_EQ(told.integer(monitor_key::kTurn), 2);
+  EXPECT_FALSE(told.contains(monitor_key::kMaxX)) << "what is right already is not said";
 }
 
 TEST_F(StartingACalibration, IsRefusedWhileOneIsOnTheScreenAndKeepsItUntilTheNextOfItsKind) {

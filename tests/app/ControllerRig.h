@@ -6,6 +6,7 @@
 #include "support/FakeApplication.h"
 #include "support/FakeClock.h"
 #include "support/FakeControls.h"
+#include "support/FakeMonitors.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeRegistry.h"
 #include "support/FakeRunLoop.h"
@@ -31,6 +32,12 @@ struct RecordingHistoryView final : HistoryView {
   ShownHistory shown;
 };
 
+struct RecordingScreenView final : ScreenView {
+  void show(const ShownScreens& screens) override { shown = screens; }
+
+  ShownScreens shown;
+};
+
 struct RecordingEmptyListPage final : EmptyListPage {
   void show(const ListNotice& notice) override { shown.push_back(notice); }
   void clear() override { shown.clear(); }
@@ -46,12 +53,14 @@ struct ControllerRig {
              waitNotice, process, paths},
             sheets,
             screen,
+            monitors,
             cursor,
             presentation,
             statusLine,
             {historyFiles, wallClock, "/state"},
             facts,
             earlierView,
+            screens,
             emptyList};
   }
 
@@ -60,6 +69,7 @@ struct ControllerRig {
   FakeAlerts alerts;
   FakeSheets sheets;
   FakeScreen screen;
+  FakeMonitors monitors;
   FakeCursor cursor;
   FakePresentation presentation;
   FakeClock clock;
@@ -71,6 +81,7 @@ struct ControllerRig {
   FakeWallClock wallClock;
   RecordingFactsView facts;
   RecordingHistoryView earlierView;
+  RecordingScreenView screens;
   RecordingEmptyListPage emptyList;
   ProcessState process;
 };

@@ -65,7 +65,8 @@ class PanelRun : public ControllerRig {
     entry->set(settings_key::kCalibrateMode, mode);
     controller_.Calibration();
     if (screen.windows.back()->isClosed) return false;
-    TouchedView finger(touchscreen, kScreen);
+    const auto turn = monitors.now.monitors.empty() ? 0 : monitors.now.monitors[0].turn;
+    TouchedView finger(touchscreen, {screen.frame.width, screen.frame.height}, turn);
     finger.show(*screen.windows.back()->view, screen.windows.back());
     for (int i = 0; i < mode && !finger.isClosed(); ++i) finger.tapTarget();
     beforeOk();

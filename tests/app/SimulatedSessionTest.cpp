@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "PanelRun.h"
+#include "calibration/CubicMap.h"
 #include "demo/measure/AccuracyProbe.h"
 
 namespace touchpanel::testing {
@@ -63,6 +64,33 @@ TEST_F(SimulatedSession, FindsListsSetsCalibratesAndRemembersEveryKind) {
         << "row " << row << ", to the bit";
   for (std::size_t i = 0; i < before.size(); ++i)
     EXPECT_LT(errorOf(*machine.all()[i]), before[i] / 10) << "after a re-plug";
+}
+
+TEST_F(SimulatedSession, CalibratesTheSameGlassHoweverItsMonitorIsTurned) {
+  for (const auto& [touchscreen, mode] : {std::pair{&infrared(), 25}, std::pair{&optical(), 4}}) {
+    auto steady = touchscreen->model().distortion;
+    steady.noise = 0;
+    touchscreen->surface() = firmware::TouchSurface(steady);
+    std::optional<CubicMap> unturned;
+    for (const std::int32_t turn : {0, 1, 2, 3}) {
+      SCOPED_TRACE(turn);
+      PanelRun run(machine, directory);
+      if (turn % 2 != 0) std::swap(run.screen.frame.width, run.screen.frame.height);
+      const auto width = static_cast<std::int32_t>(run.screen.frame.width);
+      const auto height = static_cast<std::int32_t>(run.screen.frame.height);
+      run.monitors.become(
+          {{{.connector = "DP-1", .area = {0, 0, width, height}, .turn = turn}}, width, height});
+      ASSERT_TRUE(run.calibrate(*touchscreen, mode));
+      const CubicMap map(contextOf(*run.controller().state().currentDict).CalibParams);
+      if (!unturned) unturned = map;
+      for (const PlanePoint raw : {PlanePoint{3000, 4000}, {30000, 9000}, {16000, 16000}, {7000, 29000}}) {
+        EXPECT_NEAR(map.at(raw).x, unturned->at(raw).x, 4) << "of 32767: the solver's sums are single";
+        EXPECT_NEAR(map.at(raw).y, unturned->at(raw).y, 4);
+      }
+      EXPECT_LT(run.facts.shown.calibration->fit->pixels.mean, 2)
+          << "what is shown is turned with the picture";
+    }
+  }
 }
 
 TEST_F(SimulatedSession, SurvivesUnpluggingAtEveryTransfer) {

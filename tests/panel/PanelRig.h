@@ -13,6 +13,7 @@
 #include "panel/ControlPanel.h"
 #include "providers/simulated/SimulatedTouchscreens.h"
 #include "support/FakeClock.h"
+#include "support/FakeMonitors.h"
 #include "support/FakePropertyListFiles.h"
 #include "support/FakeWallClock.h"
 #include "support/RecordingDiagnostics.h"
@@ -109,10 +110,12 @@ struct PanelRig : ::testing::Test {
   FakePropertyListFiles files;
   RecordingDiagnostics diagnostics;
   FakeWallClock wallClock;
+  FakeMonitors monitors;
   simulated::SimulatedTouchscreens machine;
   ControlPanel panel{{.usbNotifications = machine.usb(),
                       .usbServices = machine.usb(),
                       .registry = machine.registry(),
+                      .monitors = monitors,
                       .files = files,
                       .clock = clock,
                       .diagnostics = diagnostics,

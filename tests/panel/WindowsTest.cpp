@@ -1,8 +1,11 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QDir>
+#include <QLabel>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSlider>
 #include <QSpinBox>
@@ -15,6 +18,7 @@
 #include "history/CalibrationHistory.h"
 #include "history/TouchscreenKey.h"
 #include "panel/PanelStyle.h"
+#include "panel/ScreensPicture.h"
 #include "panel/Themes.h"
 
 namespace touchpanel::testing {
@@ -318,6 +322,40 @@ TEST_P(WindowsTest, HistorySheet) {
   user.type("Return");
   EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet.isVisible(); }));
   EXPECT_EQ(history.read(touchscreenKeyOf(selected())).records.back().event, CalibrationEvent::Restored);
+}
+
+TEST_P(WindowsTest, ScreenSheet) {
+  startWithAll();
+  selectRow(Infrared);
+  monitors.become({{{.connector = "eDP-1", .name = "eDP-1", .area = {0, 200, 1280, 800}, .isPrimary = true},
+                    {.connector = "DP-1", .name = "U2415 (DP-1)", .area = {1280, 0, 768, 1024}, .turn = 1}},
+                   2048,
+                   1024});
+  auto& sheet = panel.screenSheet();
+  panel.mainWindow().ui().actionScreens->trigger();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&sheet));
+  auto& picture = dynamic_cast<ScreensPicture&>(*sheet.findChild<QWidget*>("screensPicture"));
+  const auto& list = *sheet.findChild<QListWidget*>();
+  const auto chosen = [&] { return touchscreen(Infrared).driver().monitor(); };
+  ASSERT_TRUE(QTest::qWaitFor([&] { return sheet.isActiveWindow(); }));
+  picture.setFocus();
+  user.type("Left");
+  user.type("Right");
+  user.type("Right");
+  user.type("Return");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return chosen().identity == "DP-1"; }));
+  EXPECT_EQ(chosen().pointer.turn, 1);
+  EXPECT_NE(sheet.findChild<QLabel*>("lbScreenOutcome")->text(), "");
+  EXPECT_TRUE(list.currentItem()->text().contains('2')) << list.currentItem()->text().toStdString();
+  EXPECT_TRUE(
+      QAccessible::queryAccessibleInterface(&picture)->text(QAccessible::Description).contains("U2415"));
+  look(sheet, "screens");
+  user.click(picture.mapToGlobal(picture.areaOf(0).center().toPoint()));
+  user.click(*sheet.findChild<QPushButton*>("btnAssignScreen"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return chosen().identity == "eDP-1"; }));
+  user.type("Escape");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !sheet.isVisible() && ViewSurface::shown() == nullptr; }));
+  EXPECT_EQ(chosen().identity, "");
 }
 
 TEST_P(WindowsTest, CalibrationInEachState) {

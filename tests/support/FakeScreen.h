@@ -39,6 +39,7 @@ class FakeFullScreenWindow final : public FullScreenWindow {
 /// A main screen that keeps a record of every full-screen window made on it.
 class FakeScreen final : public Screen {
  public:
+  void setMain(std::string_view connector) override { main = connector; }
   Rect mainScreenFrame() override { return frame; }
   SurfaceScale mainScreenScale() override { return scale; }
   std::unique_ptr<FullScreenWindow> createBorderlessWindow(const Rect& contentRect,
@@ -50,6 +51,7 @@ class FakeScreen final : public Screen {
     return std::make_unique<FakeFullScreenWindow>(std::move(record));
   }
 
+  std::string main;  ///< connector
   Rect frame{0, 0, 1920, 1080};
   SurfaceScale scale;
   std::vector<std::shared_ptr<FakeWindowRecord>> windows;

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "contract/DriverProperties.h"
+#include "contract/MonitorPlacement.h"
 #include "platform/View.h"
 #include "providers/simulated/SimulatedTouchscreen.h"
 #include "support/FakeScreen.h"
@@ -14,11 +14,12 @@
 namespace touchpanel::testing {
 
 /// A finger on a simulated touchscreen in front of a screen, and what the desktop makes of it: the pointer's
-/// events reach the view that is shown, and redraws that the view asks for are done at once.
+/// events reach the view that is shown, and redraws that the view asks for are done at once. The screen's picture may be
+/// turned by quarter turns clockwise; `screen` is its size as it is turned.
 class TouchedView {
  public:
-  TouchedView(simulated::SimulatedTouchscreen& touchscreen, Size screen)
-      : touchscreen_(touchscreen), screen_(screen) {
+  TouchedView(simulated::SimulatedTouchscreen& touchscreen, Size screen, std::int32_t turn = 0)
+      : touchscreen_(touchscreen), screen_(screen), turn_(turn) {
     touchscreen_.setOutput([this](const OutputFrame& frame) { frames_.push_back(frame); });
   }
   ~TouchedView() { touchscreen_.setOutput({}); }
@@ -57,7 +58,9 @@ class TouchedView {
   std::vector<OutputFrame> touch(Point point) {
     using std::chrono_literals::operator""ms;
     frames_.clear();
-    touchscreen_.touch({point.x / screen_.width, 1 - point.y / screen_.height}, now_ += 1000ms);
+    const auto [x, y] =
+        inTurnedPicture<double>(point.x / screen_.width, 1 - point.y / screen_.height, 1, (4 - turn_) % 4);
+    touchscreen_.touch({x, y}, now_ += 1000ms);
     touchscreen_.release(now_ += 50ms);
     return std::exchange(frames_, {});
   }
@@ -75,6 +78,7 @@ class TouchedView {
 
   simulated::SimulatedTouchscreen& touchscreen_;
   Size screen_;
+  std::int32_t turn_;
   View* view_ = nullptr;
   std::shared_ptr<FakeWindowRecord> record_;
   RecordingCanvas canvas_;

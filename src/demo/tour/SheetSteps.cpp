@@ -1,4 +1,5 @@
 #include <QLabel>
+#include <QScreen>
 #include <QSpinBox>
 #include <algorithm>
 #include <map>
@@ -7,6 +8,7 @@
 #include "calibration/CalibrationGrid.h"
 #include "contract/DriverProperties.h"
 #include "demo/tour/Steps.h"
+#include "providers/qt/ViewSurface.h"
 
 namespace touchpanel::demo {
 namespace {
@@ -117,6 +119,34 @@ std::string applySettings(Stage& stage) {
   stage.untilHidden("SettingsWindow");
   stage.pictures().takeInBothThemes("main-window-settings-saved");
   return described(messages);
+}
+
+std::string sayWhichScreen(Stage& stage) {
+  auto& infrared = stage.demo().touchscreen(DeviceKind::Infrared);
+  stage.select(infrared);
+  chooseFromDeviceMenu(stage, "actionScreens");
+  stage.untilShown("ScreenWindow");
+  stage.until([] { return ViewSurface::shown() != nullptr && ViewSurface::shown()->isUpToDate(); },
+              "a number on the screen");
+  stage.pictures().takeInBothThemes("screens");
+  stage.click("btnTouchScreen");
+  const auto coversTheScreen = [] {
+    const auto* surface = ViewSurface::shown();
+    return surface != nullptr && surface->size() == surface->screen()->size() && surface->isUpToDate();
+  };
+  stage.until(coversTheScreen, "a number all over the screen");
+  stage.pictures().take("screens-touch");
+  stage.click(ViewSurface::shown()->screen()->geometry().center());
+  const auto& outcome = stage.the<QLabel>("lbScreenOutcome");
+  stage.until([&] { return !outcome.text().isEmpty() && !coversTheScreen(); }, "the touch to be taken");
+  const auto identity = infrared.driver().monitor().identity;
+  require(!identity.empty(), "the driver instance did not get the screen's identity");
+  stage.pictures().take("screens-chosen");
+  const auto told = outcome.text().toStdString();
+  stage.click("btnScreenCancel");
+  stage.untilHidden("ScreenWindow");
+  require(infrared.driver().monitor().identity.empty(), "Cancel did not take the choice back");
+  return '"' + told + "\", identity " + identity;
 }
 
 std::string showAbout(Stage& stage) {

@@ -34,6 +34,8 @@ std::string calibrateConfigurationOnlyInRegion(Stage& stage);
 std::string writeARefusedCalibrationAgain(Stage& stage);
 /// Puts an earlier calibration of the infrared touchscreen back.
 std::string restoreAnEarlierCalibration(Stage& stage);
+/// Touches the screen on which the infrared touchscreen lies, to say so, and takes that back.
+std::string sayWhichScreen(Stage& stage);
 /// Unplugs the calibrated optical touchscreen and plugs it in again: it still hits.
 std::string replugOptical(Stage& stage);
 /// Resets the infrared touchscreen's calibration, undoes that, and resets it for good.

@@ -31,6 +31,7 @@ constexpr Step kSteps[] = {
     {"calibrate the configuration-only one in a region", calibrateConfigurationOnlyInRegion},
     {"be refused by the infrared one, and write again", writeARefusedCalibrationAgain},
     {"put an earlier calibration of the infrared one back", restoreAnEarlierCalibration},
+    {"say by touch on which screen the infrared one lies", sayWhichScreen},
     {"unplug the optical one and plug it in again", replugOptical},
     {"reset the infrared one", resetInfrared},
     {"show what stands in the place of an empty list", showEmptyLists},

@@ -10,10 +10,7 @@
 namespace touchpanel {
 namespace {
 
-QRect mainScreenGeometry() {
-  const QScreen* screen = QGuiApplication::primaryScreen();
-  return screen == nullptr ? QRect() : screen->geometry();
-}
+QRect geometryOf(const QScreen* screen) { return screen == nullptr ? QRect() : screen->geometry(); }
 
 SurfaceScale scaleOf(const QScreen* screen) {
   if (screen == nullptr) return {};
@@ -30,9 +27,12 @@ bool positionsOwnWindows() { return !QGuiApplication::platformName().startsWith(
 /// it goes only when control is back in the event loop.
 class QtFullScreenWindow final : public FullScreenWindow {
  public:
-  QtFullScreenWindow(CallbackGate& gate, const QRect& geometry, const WindowBehaviour& behaviour)
+  QtFullScreenWindow(CallbackGate& gate, QScreen* screen, const QRect& geometry,
+                     const WindowBehaviour& behaviour)
       : surface_(new ViewSurface(gate)), behaviour_(behaviour) {
     surface_->setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    surface_->setAttribute(Qt::WA_ShowWithoutActivating, !behaviour.canBecomeKeyWindow());
+    if (screen != nullptr) surface_->setScreen(screen);  // where windows do not place themselves
     surface_->setGeometry(geometry);
   }
   ~QtFullScreenWindow() override { destroy(); }
@@ -86,23 +86,33 @@ class QtFullScreenWindow final : public FullScreenWindow {
 
 }  // namespace
 
+QScreen* screenAt(std::string_view connector) {
+  const auto name = QString::fromUtf8(connector.data(), static_cast<qsizetype>(connector.size()));
+  for (auto* screen : QGuiApplication::screens())
+    if (screen->name() == name) return screen;
+  return QGuiApplication::primaryScreen();
+}
+
 Rect QtScreen::mainScreenFrame() {
-  const QRect geometry = mainScreenGeometry();
+  const QRect geometry = geometryOf(screenAt(main_));
   return {0, 0, static_cast<float>(geometry.width()), static_cast<float>(geometry.height())};
 }
 
 SurfaceScale surfaceScaleOf(const QWidget& widget) { return scaleOf(widget.screen()); }
 
-SurfaceScale QtScreen::mainScreenScale() { return scaleOf(QGuiApplication::primaryScreen()); }
+SurfaceScale QtScreen::mainScreenScale() { return scaleOf(screenAt(main_)); }
+
+bool QtScreen::placesWindows() const { return positionsOwnWindows(); }
 
 std::unique_ptr<FullScreenWindow> QtScreen::createBorderlessWindow(const Rect& contentRect,
                                                                    const WindowBehaviour& behaviour) {
-  const QRect screen = mainScreenGeometry();
+  auto* main = screenAt(main_);
+  const QRect screen = geometryOf(main);
   const auto rounded = [](float length) { return static_cast<int>(std::lround(length)); };
   const QRect geometry(screen.x() + rounded(contentRect.x),
                        screen.y() + screen.height() - rounded(contentRect.y + contentRect.height),
                        rounded(contentRect.width), rounded(contentRect.height));
-  return std::make_unique<QtFullScreenWindow>(gate_, geometry, behaviour);
+  return std::make_unique<QtFullScreenWindow>(gate_, main, geometry, behaviour);
 }
 
 }  // namespace touchpanel

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QWidget>
+#include <string>
+#include <string_view>
 
 #include "platform/Application.h"
 #include "platform/View.h"
@@ -11,17 +13,23 @@ namespace touchpanel {
 /// The scale of the screen that `widget` is on.
 SurfaceScale surfaceScaleOf(const QWidget& widget);
 
-/// The primary screen. Frames are relative to it, so its own origin is always 0, 0.
+/// The screen at `connector`; the primary one where there is none. Null only without any screen.
+QScreen* screenAt(std::string_view connector);
+
+/// The main screen. Frames are relative to it, so its own origin is always 0, 0.
 class QtScreen final : public Screen {
  public:
   explicit QtScreen(CallbackGate& gate) : gate_(gate) {}
+  void setMain(std::string_view connector) override { main_ = connector; }
   Rect mainScreenFrame() override;
   SurfaceScale mainScreenScale() override;
+  bool placesWindows() const override;
   std::unique_ptr<FullScreenWindow> createBorderlessWindow(const Rect& contentRect,
                                                            const WindowBehaviour& behaviour) override;
 
  private:
   CallbackGate& gate_;
+  std::string main_;  ///< its connector
 };
 
 /// The desktops served here have no system-wide presentation mode: a full-screen window that lies above
