@@ -32,13 +32,14 @@ class TouchDriver {
   TouchDriver(const TouchDriver&) = delete;
   TouchDriver& operator=(const TouchDriver&) = delete;
 
-  /// The property write of a control panel: "calibration" or "configration" with a dictionary; absent keys
-  /// stay as they are, an empty dictionary changes nothing. Another key, type, size or range:
-  /// kErrorBadArgument and nothing is changed. kErrorUnsupported for a property that does not exist.
+  /// The property write of a client: "calibration", "configration" or "monitor" with a dictionary; absent
+  /// keys stay as they are, an empty dictionary changes nothing. Another key, type, size or range, or a valid
+  /// calibration that maps no glass onto a screen: kErrorBadArgument and nothing is changed. kErrorUnsupported
+  /// for a property that does not exist.
   ///
   /// A written "mode", "enableTouch", "enableRightClick", "statCalibrate" or part of the desktop that changes
-  /// something ends a touch that is under way: buttons and contacts are let go at once, a finger
-  /// counts again when it has left.
+  /// something ends a touch that is under way: buttons and contacts are let go at once, a finger counts again
+  /// when it has left.
   Status setProperty(std::string_view name, const Value& value);
 
   /// All properties as a control panel reads them: "calibration" (with "x", "y", "pointId" of the last
